@@ -1,0 +1,313 @@
+#include "base/files.h"
+
+#include "base/runtimeerror.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace norvik {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void RaiseForMissing(const FilePath& path) {
+    std::error_code ignored;
+    const FilePath folder = path.parent_path();
+    const bool folderThere = folder.empty() || fs::is_directory(folder, ignored);
+    throw RuntimeError(folderThere ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
+}
+
+/// Raises the run-time error of a system error (an errno value) that a call on `path` met.
+[[noreturn]] void RaiseSystemError(int error, const FilePath& path) {
+    switch (error) {
+    case ENOENT:
+        RaiseForMissing(path);
+    case ENOTDIR:
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        throw RuntimeError(ErrorNumber::AccessDenied);
+    case EISDIR:
+        throw RuntimeError(ErrorNumber::PathAccessError);
+    case ENAMETOOLONG:
+    case EINVAL:
+    case EILSEQ:
+        throw RuntimeError(ErrorNumber::BadFileName);
+    case ENOMEM:
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    case ENOSPC:
+#ifdef EDQUOT
+    case EDQUOT:
+#endif
+        throw RuntimeError(ErrorNumber::DiskFull);
+    default:
+        throw RuntimeError(ErrorNumber::DeviceError);
+    }
+}
+
+void EnsurePossibleName(const FilePath& path) {
+    const bool holdsNul =
+        path.native().find(FilePath::value_type{0}) != FilePath::string_type::npos;
+    if (path.empty() || holdsNul) {
+        throw RuntimeError(ErrorNumber::BadFileName);
+    }
+}
+
+std::FILE* OpenStream(const FilePath& path, bool forWriting) {
+    errno = 0;
+#ifdef _WIN32
+    std::FILE* file = _wfopen(path.c_str(), forWriting ? L"wb" : L"rb");
+#else
+    std::FILE* file = std::fopen(path.c_str(), forWriting ? "wb" : "rb");
+#endif
+    if (file == nullptr) {
+        RaiseSystemError(errno, path);
+    }
+    return file;
+}
+
+struct StreamCloser {
+    void operator()(std::FILE* file) const {
+        std::fclose(file);  // only of streams that are read: nothing can be lost
+    }
+};
+using InputStream = std::unique_ptr<std::FILE, StreamCloser>;
+
+InputStream OpenForReading(const FilePath& path) {
+    EnsurePossibleName(path);
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (status.type() == fs::file_type::not_found) {
+        RaiseForMissing(path);
+    }
+    if (status.type() == fs::file_type::none) {
+        RaiseSystemError(error.value(), path);
+    }
+    if (!fs::is_regular_file(status)) {
+        throw RuntimeError(ErrorNumber::PathAccessError);
+    }
+    if (fs::file_size(path, error) > MaximumFileSize && !error) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
+    return InputStream(OpenStream(path, false));
+}
+
+/// A pipe without a reader would block the opening for ever.
+void EnsureNoPipe(const FilePath& path) {
+    std::error_code ignored;
+    if (fs::is_fifo(path, ignored)) {
+        throw RuntimeError(ErrorNumber::PathAccessError);
+    }
+}
+
+#ifndef _WIN32
+/// Waits until the system has put the stream's data on the disk. A device that knows no waiting is
+/// content.
+bool Synchronised(std::FILE* file) {
+    return std::fflush(file) == 0 && (fsync(fileno(file)) == 0 || errno == EINVAL);
+}
+#else
+bool Synchronised(std::FILE* file) {
+    return std::fflush(file) == 0;
+}
+#endif
+
+/// The code points of a UTF-8 text; every byte that does not fit gives U+FFFD.
+std::u32string CodePoints(const std::u8string& utf8) {
+    constexpr char32_t Replacement = 0xFFFD;
+    std::u32string result;
+    for (std::size_t i = 0; i < utf8.size();) {
+        const auto lead = static_cast<unsigned>(utf8[i]);
+        const std::size_t length = lead < 0x80   ? 1
+                                   : lead < 0xC2 ? 0
+                                   : lead < 0xE0 ? 2
+                                   : lead < 0xF0 ? 3
+                                   : lead < 0xF5 ? 4
+                                                 : 0;
+        char32_t point = length == 1 ? lead : lead & (0x7FU >> length);
+        bool valid = length > 0 && i + length <= utf8.size();
+        for (std::size_t k = 1; valid && k < length; ++k) {
+            const auto next = static_cast<unsigned>(utf8[i + k]);
+            valid = (next & 0xC0U) == 0x80U;
+            point = (point << 6U) | (next & 0x3FU);
+        }
+        result.push_back(valid ? point : Replacement);
+        i += valid ? length : 1;
+    }
+    return result;
+}
+
+bool IsInRepertoire(char32_t point) {
+    return point <= 0xFFFF && ByteOf(static_cast<char16_t>(point)).has_value();
+}
+
+std::u32string LoweredName(const FilePath& name) {
+    std::u32string points = CodePoints(name.u8string());
+    for (char32_t& point : points) {
+        if (IsInRepertoire(point)) {
+            point = LowerCase(static_cast<char16_t>(point));
+        }
+    }
+    return points;
+}
+
+/// The entry of `folder` whose name equals `name` but for the case, the first by character codes
+/// where there are several; `name` itself where there is none.
+FilePath FindEntryIgnoringCase(const FilePath& folder, const FilePath& name) {
+    const std::u32string wanted = LoweredName(name);
+    std::vector<FilePath> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder.empty() ? FilePath(".") : folder, error), end;
+         !error && entry != end; entry.increment(error)) {
+        if (LoweredName(entry->path().filename()) == wanted) {
+            found.push_back(entry->path().filename());
+        }
+    }
+    return found.empty() ? name : *std::min_element(found.begin(), found.end());
+}
+
+}  // namespace
+
+void EnsureReadable(const FilePath& path) {
+    OpenForReading(path);
+}
+
+Bytes ReadWholeFile(const FilePath& path) {
+    const InputStream file = OpenForReading(path);
+    constexpr std::size_t BlockSize = std::size_t{64} * 1024;
+    std::error_code ignored;
+    const std::uintmax_t expected = fs::file_size(path, ignored);
+    Bytes bytes;
+    bytes.reserve(ignored ? BlockSize : static_cast<std::size_t>(expected) + BlockSize);
+    // Read until the end, not up to the size: the file may have grown since.
+    for (std::size_t read = BlockSize; read == BlockSize;) {
+        const std::size_t size = bytes.size();
+        bytes.resize(size + BlockSize);
+        errno = 0;
+        read = std::fread(bytes.data() + size, 1, BlockSize, file.get());
+        bytes.resize(size + read);
+        if (std::ferror(file.get()) != 0) {
+            RaiseSystemError(errno, path);
+        }
+        if (bytes.size() > MaximumFileSize) {
+            throw RuntimeError(ErrorNumber::OutOfMemory);
+        }
+    }
+    return bytes;
+}
+
+FileTime LastModified(const FilePath& path) {
+    std::error_code error;
+    const fs::file_time_type time = fs::last_write_time(path, error);
+    if (error) {
+        RaiseSystemError(error.value(), path);
+    }
+    return std::chrono::time_point_cast<FileTime::duration>(std::chrono::file_clock::to_sys(time));
+}
+
+OutputFile::OutputFile(const FilePath& path) : file_(nullptr) {
+    EnsurePossibleName(path);
+    EnsureNoPipe(path);
+    file_ = OpenStream(path, true);
+}
+
+OutputFile::~OutputFile() {
+    if (file_ != nullptr) {
+        std::fclose(file_);  // a failure is already under way; what it left is as far as it got
+    }
+}
+
+void OutputFile::Write(ByteView bytes) {
+    errno = 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size()) {
+        RaiseSystemError(errno, {});
+    }
+}
+
+void OutputFile::Close() {
+    errno = 0;
+    const bool flushed = Synchronised(file_);
+    const int flushError = errno;
+    const bool closed = std::fclose(std::exchange(file_, nullptr)) == 0;
+    if (!flushed || !closed) {
+        RaiseSystemError(flushed ? errno : flushError, {});
+    }
+}
+
+void ReplaceFile(const FilePath& path, ByteView bytes) {
+    EnsurePossibleName(path);
+    FilePath beside = path;
+    beside += ".neu";
+    std::error_code error;
+    fs::create_directories(path.parent_path(), error);  // where it fails, opening tells why
+    OutputFile file(beside);
+    try {
+        file.Write(bytes);
+        file.Close();
+        fs::rename(beside, path, error);
+        if (error) {
+            RaiseSystemError(error.value(), path);
+        }
+    } catch (const RuntimeError&) {
+        fs::remove(beside, error);
+        throw;
+    }
+}
+
+FilePath FindIgnoringCase(const FilePath& path) {
+    std::error_code ignored;
+    if (fs::exists(path, ignored)) {
+        return path;
+    }
+    FilePath found;
+    for (const FilePath& component : path) {
+        const FilePath next = found / component;
+        found = fs::exists(next, ignored) ? next : found / FindEntryIgnoringCase(found, component);
+    }
+    return fs::exists(found, ignored) ? found : path;
+}
+
+FilePath WithEnding(const FilePath& path, std::string_view ending) {
+    FilePath result = path;
+    if (path.filename().native().find('.') == FilePath::string_type::npos) {
+        result += ending;
+    }
+    return result;
+}
+
+Text TextFromPath(const FilePath& path) {
+    Text text;
+    for (const char32_t point : CodePoints(path.u8string())) {
+        text.push_back(IsInRepertoire(point) ? static_cast<char16_t>(point) : u'?');
+    }
+    return text;
+}
+
+FilePath PathFromText(TextView text) {
+    return {Text(text)};
+}
+
+FilePath ProgramFolder(const FilePath& executableFolder, const FilePath& userDataFolder) {
+    return IsWritableFolder(executableFolder) ? executableFolder : userDataFolder;
+}
+
+bool IsWritableFolder(const FilePath& folder) {
+#ifdef _WIN32
+    std::error_code ignored;
+    return fs::is_directory(folder, ignored);
+#else
+    return access(folder.c_str(), W_OK | X_OK) == 0;
+#endif
+}
+
+}  // namespace norvik

@@ -1,0 +1,146 @@
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <ctime>
+#include <limits>
+#include <string>
+
+namespace norvik {
+
+namespace {
+
+constexpr int SignificantDigits = 15;
+constexpr int Decimals = 2;
+
+bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+
+std::size_t EndOfDigits(TextView text, std::size_t position) {
+    while (position < text.size() && IsDigit(text[position])) {
+        ++position;
+    }
+    return position;
+}
+
+/// A non-negative number as its significant decimal digits d1 d2 d3 … and the exponent of d1, so
+/// that the value is d1.d2d3… × 10^exponent.
+struct DecimalDigits {
+    std::string digits;
+    int exponent = 0;
+};
+
+DecimalDigits ToDecimalDigits(double value) {
+    std::array<char, 32> buffer{};
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::scientific, SignificantDigits - 1);
+    const std::string text(buffer.data(), written.ptr);  // for example 1.25000000000000e-01
+    const std::size_t e = text.find('e');
+    DecimalDigits result;
+    result.digits = text.substr(0, 1) + text.substr(2, e - 2);
+    result.exponent = std::stoi(text.substr(e + 1));
+    return result;
+}
+
+/// Adds 1 to the last digit of a decimal number, with carry; "99" becomes "100".
+void Increment(std::string& digits) {
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        if (*digit != '9') {
+            ++*digit;
+            return;
+        }
+        *digit = '0';
+    }
+    digits.insert(digits.begin(), '1');
+}
+
+/// The whole number of hundredths nearest to `value` (half away from zero), as decimal digits.
+std::string Hundredths(double value) {
+    const DecimalDigits decimal = ToDecimalDigits(value);
+    const int kept = decimal.exponent + 1 + Decimals;  // digits up to the second decimal
+    if (kept < 0) {
+        return "0";
+    }
+    const auto keep = static_cast<std::size_t>(kept);
+    std::string digits = decimal.digits.substr(0, keep);
+    if (keep < decimal.digits.size()) {
+        digits.insert(digits.begin(), '0');
+        if (decimal.digits[keep] >= '5') {
+            Increment(digits);
+        }
+        const std::size_t first = std::min(digits.find_first_not_of('0'), digits.size() - 1);
+        return digits.substr(first);
+    }
+    digits.append(keep - digits.size(), '0');
+    return digits;
+}
+
+}  // namespace
+
+double ParseDecimal(TextView text) {
+    Text normalised(text);
+    if (const std::size_t comma = normalised.find(u','); comma != Text::npos) {
+        normalised[comma] = u'.';
+    }
+    const std::size_t blanks = std::min(normalised.find_first_not_of(u' '), normalised.size());
+    const TextView rest = TextView(normalised).substr(blanks);
+    const bool hasSign = !rest.empty() && (rest[0] == u'-' || rest[0] == u'+');
+    const bool negative = hasSign && rest[0] == u'-';
+    const std::size_t start = hasSign ? 1 : 0;
+    std::size_t end = EndOfDigits(rest, start);
+    if (end < rest.size() && rest[end] == u'.') {
+        end = EndOfDigits(rest, end + 1);
+    }
+    const std::string number(rest.begin() + static_cast<std::ptrdiff_t>(start),
+                             rest.begin() + static_cast<std::ptrdiff_t>(end));
+    double value = 0;
+    const auto read = std::from_chars(number.data(), number.data() + number.size(), value,
+                                      std::chars_format::fixed);
+    if (read.ec == std::errc::result_out_of_range) {
+        // A long row of zeros behind the point ("0.000…1") is out of range downwards.
+        const bool tiny =
+            number.find_first_not_of('0') >= std::min(number.find('.'), number.size());
+        value = tiny ? 0 : std::numeric_limits<double>::max();
+    }
+    return negative ? -value : value;
+}
+
+Text FormatAmount(double amount) {
+    // An endless product of price and units is shown as the largest amount.
+    const double magnitude =
+        std::isnan(amount) ? 0 : std::min(std::abs(amount), std::numeric_limits<double>::max());
+    std::string digits = Hundredths(magnitude);
+    const bool negative = amount < 0 && digits.find_first_not_of('0') != std::string::npos;
+    if (digits.size() <= Decimals) {
+        digits.insert(0, Decimals + 1 - digits.size(), '0');
+    }
+    digits.insert(digits.size() - Decimals, 1, ',');
+    return FromAscii(negative ? "-" + digits : digits);
+}
+
+Text Hex2(int value) {
+    constexpr TextView digits = u"0123456789ABCDEF";
+    const auto bits = static_cast<unsigned>(value);
+    return {digits[(bits >> 4U) & 0xFU], digits[bits & 0xFU]};
+}
+
+Text FormatDateTime(FileTime time) {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    const std::tm* local = std::localtime(&seconds);
+    if (local == nullptr) {  // a year that does not fit its field
+        return {};
+    }
+    const auto field = [](int value, std::size_t width) {
+        std::string digits = std::to_string(value);
+        digits.insert(0, width > digits.size() ? width - digits.size() : 0, '0');
+        return digits;
+    };
+    return FromAscii(field(local->tm_mday, 2) + "." + field(local->tm_mon + 1, 2) + "." +
+                     field(local->tm_year + 1900, 4) + " " + field(local->tm_hour, 2) + ":" +
+                     field(local->tm_min, 2));
+}
+
+}  // namespace norvik

@@ -1,0 +1,28 @@
+// Numbers and points in time as German texts, whatever the system's locale.
+#pragma once
+
+#include "base/text.h"
+
+#include <chrono>
+
+namespace norvik {
+
+/// The leading number of `text` after its first comma has become a point: leading blanks, a sign,
+/// digits, a point, digits. Reading stops at the first character that cannot continue the number;
+/// no digits give 0. "0,12" and "0.12" give 0.12, "1.234,5" gives 1.234. An exponent is not read. A
+/// number beyond a double's range gives the largest double.
+double ParseDecimal(TextView text);
+
+/// `amount` in the format "##0.00" with a decimal comma, rounded half away from zero on its decimal
+/// value of 15 significant digits: 2.675 gives "2,68", -0.001 gives "0,00".
+Text FormatAmount(double amount);
+
+/// The last two upper-case hexadecimal digits of `value`: 5 gives "05", 4096 gives "00".
+Text Hex2(int value);
+
+using FileTime = std::chrono::system_clock::time_point;
+
+/// `time` in the local time zone as "dd.mm.yyyy hh:mm".
+Text FormatDateTime(FileTime time);
+
+}  // namespace norvik

@@ -1,0 +1,44 @@
+#include "devicefiles/mnudateiloadnv.h"
+
+#include "devicefiles/followload.h"
+#include "devicefiles/registerfile.h"
+
+namespace norvik {
+
+namespace {
+
+void ReportError(const RuntimeError& error, Desktop& desktop) {
+    switch (error.Number()) {
+    case ErrorNumber::FileNotFound:
+    case ErrorNumber::FileAlreadyOpen:
+    case ErrorNumber::DeviceError:
+    case ErrorNumber::BadFileName:
+        desktop.Ask({.text = u"Dateizugriff fehlgeschlagen!",
+                     .title = u"Zugriffsfehler",
+                     .icon = Icon::Critical});
+        return;
+    default:
+        desktop.Ask({.text = u"Undef'd Error: mnuDateiLoadNV:" + error.NumberAndDescription()});
+    }
+}
+
+}  // namespace
+
+void mnuDateiLoadNV(RegisterState& state, Desktop& desktop) {
+    const std::optional<FilePath> chosen =
+        desktop.AskForFileToOpen({.filter = u"NV-195-Datei|*.t9t|Alle Dateien|*.*",
+                                  .ending = std::string(RegisterFileEnding)});
+    if (!chosen) {
+        return;
+    }
+    const FilePath path = WithEnding(*chosen, RegisterFileEnding);
+    try {
+        EnsureReadable(path);
+        LoadRegisterFile(state, path, desktop);
+        FollowLoad(state, desktop);
+    } catch (const RuntimeError& error) {
+        ReportError(error, desktop);
+    }
+}
+
+}  // namespace norvik

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "base/desktop.h"
+#include "register/register.h"
+
+namespace norvik {
+
+/// Asks for a 195/193 register file, loads, checks and sorts it and shows its first entry. A file
+/// that cannot be opened is reported and leaves the register as it was.
+void mnuDateiLoadNV(RegisterState& state, Desktop& desktop);
+
+}  // namespace norvik

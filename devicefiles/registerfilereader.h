@@ -1,0 +1,41 @@
+// The reader's own routines for bytes and value items, apart from LoadRegisterFile so that they can
+// be fed with any bytes.
+#pragma once
+
+#include "base/windows1252.h"
+#include "devicefiles/registerfile.h"
+
+namespace norvik {
+
+/// A register file held in memory, read byte by byte. Nothing is ever read beyond its end: what is
+/// missing comes back shorter.
+class RegisterFileBytes {
+  public:
+    explicit RegisterFileBytes(ByteView file) : file_(file) {}
+
+    [[nodiscard]] bool AtEnd() const { return position_ == file_.size(); }
+
+    /// Up to `count` bytes; fewer at the end of the file.
+    ByteView ReadBytes(std::size_t count);
+
+    /// The next byte, or nothing at the end.
+    std::optional<Byte> ReadByte();
+
+    /// Everything read so far.
+    [[nodiscard]] ByteView Read() const { return file_.first(position_); }
+
+  private:
+    ByteView file_;
+    std::size_t position_ = 0;
+};
+
+/// Reads an integer item: its tag, of which 4 counts as 5, and tag - 1 value bytes, little-endian
+/// and unsigned. A missing byte counts as 0. Raises error 6 for a value above `limit`.
+std::int32_t ReadInteger(RegisterFileBytes& file, std::int32_t limit);
+
+/// Reads the records behind the header into the register's places from 1 on and decides between
+/// "195" and "193" in LoadedModel. Gives the number of records read. Raises error 9 for a 2001st
+/// record and error 6 for a value too large for its field; throws HardStop for a wrong string tag.
+int ReadRegisterRecords(RegisterState& state, RegisterFileBytes& file);
+
+}  // namespace norvik

@@ -1,0 +1,138 @@
+#include "mainwindow/handlers.h"
+
+#include "devicefiles/searchregister.h"
+#include "devicefiles/sortregister.h"
+#include "mainwindow/listrows.h"
+#include "mainwindow/showentry.h"
+
+namespace norvik {
+
+namespace {
+
+/// The text fields that the keyboard walks through, in their cycle.
+constexpr std::array<int, 2 + InfoLines> FieldCycle = {
+    NameField,          TelField,           FirstInfoField,     FirstInfoField + 1,
+    FirstInfoField + 2, FirstInfoField + 3, FirstInfoField + 4, FirstInfoField + 5};
+
+std::size_t PlaceInCycle(int field) {
+    std::size_t place = 0;
+    while (place + 1 < FieldCycle.size() && FieldCycle.at(place) != field) {
+        ++place;
+    }
+    return place;
+}
+
+bool ConfirmsDiscarding(Desktop& desktop) {
+    return desktop.Ask({.text = u"Änderungen am Datensatz verwerfen?",
+                        .title = u"Sicherheitsabfrage",
+                        .buttons = {Button::Yes, Button::No},
+                        .defaultButton = Button::No}) == Button::Yes;
+}
+
+}  // namespace
+
+void ShowEntry(Program& program) {
+    ShowEntry(program.State, program.Set.UnitPrice, program.Fields);
+}
+
+void RebuildRows(Program& program) {
+    program.Fields.TelRegListe = ListRows(program.State, program.Fields.chkListFilter);
+}
+
+void btnSaveChange_Click(Program& program, Desktop& desktop) {
+    RegisterState& state = program.State;
+    StoreEntry(program.Fields, state);
+    int place = state.AnzNr;
+    SortRegister(state, place, desktop);
+    state.AnzNr = place;
+    RefreshStatus(state, desktop);
+    SelectRecord(state, place, desktop);
+    program.Fields.btnSaveChange = EditState::Stored;
+    state.RegisterSaved = false;
+}
+
+void btnNew_Click(Program& program, Desktop& desktop) {
+    const int position = AppendEntry(program.State);
+    SelectRecord(program.State, position, desktop);
+    desktop.FocusField(NameField);
+    program.State.RegisterSaved = false;
+    RefreshStatus(program.State, desktop);
+}
+
+void btnErase_Click(Program& program, Desktop& desktop) {
+    DeleteEntryAt(program.State, program.State.AnzNr, desktop);
+    program.State.RegisterSaved = false;
+}
+
+void btnEraseCharge_Click(Program& program) {
+    program.Fields.AnzGeb = FormatAmount(0);
+    program.Fields.btnSaveChange = EditState::Pending;
+}
+
+void chkExport_Click(Program& program, Desktop& desktop) {
+    RegisterState& state = program.State;
+    const bool on = program.Fields.chkExport;
+    StoreEntry(program.Fields, state);
+    SetExportMark(state, state.RegisterOrder(state.AnzNr), on);
+    desktop.ShowEntry();
+    state.RegisterSaved = false;
+    program.Fields.btnSaveChange = EditState::Stored;
+    RefreshStatus(state, desktop);
+}
+
+void Choice_Change(Program& program) {
+    program.Fields.btnSaveChange = EditState::Pending;
+}
+
+void btnSearch_Click(Program& program, Desktop& desktop) {
+    program.SearchTerm =
+        desktop.AskForText({.prompt = u"Bitte Suchbegriff angeben", .title = u"Suche nach"})
+            .value_or(Text());
+    program.Fields.btnSearchMoreEnabled = !program.SearchTerm.empty();
+    if (program.Fields.btnSearchMoreEnabled) {
+        SearchRegister(program.State, program.SearchTerm, false, desktop);
+    }
+}
+
+void btnSearchMore_Click(Program& program, Desktop& desktop) {
+    SearchRegister(program.State, program.SearchTerm, true, desktop);
+    desktop.ShowEntry();
+}
+
+void Satzwahl_Change(Program& program, int value, Desktop& desktop) {
+    SelectRecord(program.State, value, desktop);
+}
+
+void TelRegListe_Click(Program& program, TextView row, Desktop& desktop) {
+    const int position = PositionOfRow(row);
+    if (program.Fields.btnSaveChange == EditState::Pending && !ConfirmsDiscarding(desktop)) {
+        // Stored without sorting, so that the row's number stays right.
+        StoreEntry(program.Fields, program.State);
+        program.State.RegisterSaved = false;
+        RefreshStatus(program.State, desktop);
+    }
+    SelectRecord(program.State, position, desktop);
+}
+
+void chkListFilter_Click(Program& program, Desktop& desktop) {
+    RefreshStatus(program.State, desktop);
+}
+
+void Anzeigefeld_KeyDown(Program& program, int field, FieldKey key, bool shift, Desktop& desktop) {
+    if (shift && key != FieldKey::Up) {
+        btnSaveChange_Click(program, desktop);
+    }
+    const std::size_t step = key == FieldKey::Up ? FieldCycle.size() - 1 : 1;
+    desktop.FocusField(FieldCycle.at((PlaceInCycle(field) + step) % FieldCycle.size()));
+}
+
+bool MayClose(const Program& program, Desktop& desktop) {
+    return program.State.RegisterSaved ||
+           desktop.Ask({.text = u"Beenden ohne zu sichern?",
+                        .title = u"Sicherheitsabfrage",
+                        .icon = Icon::Question,
+                        .buttons = {Button::Ok, Button::Cancel},
+                        .defaultButton = Button::Cancel}) == Button::Ok;
+}
+
+}  // namespace norvik

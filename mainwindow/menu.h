@@ -1,0 +1,26 @@
+// The menu as one table: the window builds its menus from these rows, and the tests walk them.
+#pragma once
+
+#include "base/desktop.h"
+#include "mainwindow/program.h"
+
+#include <span>
+#include <string_view>
+
+namespace norvik {
+
+struct MenuRow {
+    std::string_view Menu;  ///< object name of the menu
+    TextView MenuCaption;   ///< with "&" before the mnemonic, as all captions
+    std::string_view Name;  ///< object name of the item
+    TextView Caption;
+    std::string_view Shortcut;  ///< in the toolkit's notation, or empty
+    int Group;                  ///< a separator stands between the groups of a menu
+    bool SavesRegister;         ///< enabled and disabled together by EnableSaveMenus
+    void (*Run)(Program&, Desktop&);
+};
+
+/// All menu items, in their order, the items of a menu together.
+std::span<const MenuRow> MenuTable();
+
+}  // namespace norvik

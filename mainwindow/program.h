@@ -1,0 +1,21 @@
+// All state of the program in one record. Only this floor and the window above it know it; what
+// stands below takes the parts that it touches.
+#pragma once
+
+#include "base/files.h"
+#include "mainwindow/fields.h"
+#include "register/register.h"
+#include "register/settings.h"
+
+namespace norvik {
+
+struct Program {
+    /// Where "norvik.ini" and the optional companion files lie.
+    FilePath Folder;
+    Settings Set;
+    RegisterState State;
+    MainWindowFields Fields;
+    Text SearchTerm;  ///< survives from one search to the next
+};
+
+}  // namespace norvik

@@ -1,0 +1,92 @@
+#include "mainwindow/startup.h"
+
+#include "base/runtimeerror.h"
+#include "devicefiles/followload.h"
+#include "devicefiles/registerfile.h"
+#include "mainwindow/commandline.h"
+#include "mainwindow/operations.h"
+#include "tools/tonenames.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+void ReadSettingsOrReport(Program& program, Desktop& desktop) {
+    try {
+        ReadSettingsFile(program.Folder, program.Set.Table);
+    } catch (const RuntimeError& error) {
+        if (error.Number() == ErrorNumber::FileNotFound ||
+            error.Number() == ErrorNumber::PathNotFound) {
+            desktop.Ask({.text = u"Ini-Datei nicht vorhanden. Bitte Einstellungen aufrufen und 1x "
+                                 u"speichern ('Übernehmen')!"});
+        } else {
+            ReportUnhandled(error, desktop);
+        }
+    }
+}
+
+void ShowEmptyRegister(Program& program, Desktop& desktop) {
+    ClearEntry(program.State, 1);
+    program.Fields.btnSearchMoreEnabled = false;
+    SetCount(program.State, 1);
+    SelectRecord(program.State, 1, desktop);
+    RefreshStatus(program.State, desktop);
+}
+
+void LoadStartFile(Program& program, Desktop& desktop) {
+    constexpr std::size_t EndingLength = 3;
+    const Text startFile = std::exchange(program.Set.StartFile, Text());
+    const TextView ending =
+        Slice(startFile, startFile.size() - std::min(startFile.size(), EndingLength));
+    RegisterState& state = program.State;
+    if (ending != u"t9t") {
+        desktop.Ask({.text = startFile + u" kann nicht automatisch geladen werden",
+                     .title = u"Autoload",
+                     .icon = Icon::Critical});
+        ShowFirstEntry(state, desktop);
+        return;
+    }
+    LoadRegisterFile(state, FindIgnoringCase(PathFromText(startFile)), desktop);
+    if (state.AnzGes > 0) {
+        FollowLoad(state, desktop);
+    } else {
+        state.WarnLineAccessZero = true;
+        ShowFirstEntry(state, desktop);
+    }
+}
+
+}  // namespace
+
+void LoadSettings(Program& program, TextView commandLine, Desktop& desktop) {
+    program.Set = Settings();
+    desktop.SetStatus(u"Lade Ini-Datei...");
+    ReadSettingsOrReport(program, desktop);
+    ApplySettings(program.Set);
+    ReadCommandLine(commandLine, program.Set, desktop);
+    ResetRegister(program.State);
+}
+
+void StartUp(Program& program, TextView commandLine, Desktop& desktop) {
+    desktop.SetStatus(u"Lade Konstanten...");
+    LoadSettings(program, commandLine, desktop);
+    desktop.SetStatus(u"Lade Oberfläche...");
+    FillAnnouncements(program.Fields);
+    desktop.SetStatus(u"Lade Klingeltöne...");
+    FillTones(program.Fields, ReadToneNames(program.Folder));
+    FillMsns(program.Fields);
+    ShowEmptyRegister(program, desktop);
+    desktop.ShowCurrentFile();
+    EnableSaveMenus(program.Fields, true);
+    program.State.RegisterSaved = true;
+    desktop.SetStatus(u"Lade Startdatei...");
+    if (std::exchange(program.Set.AutoloadFlag, false)) {
+        LoadStartFile(program, desktop);
+    }
+    desktop.SetStatus(u"OK");
+    program.State.WarnLineAccessZero = true;
+}
+
+}  // namespace norvik

@@ -1,0 +1,83 @@
+// The telephone register in memory: the table of entries, the order in which they are shown, and
+// the small set of operations that keep both consistent.
+#pragma once
+
+#include "base/desktop.h"
+#include "register/entry.h"
+#include "register/placetable.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace norvik {
+
+/// The scroll bar that chooses the shown entry. Its range is 1 to max(1, Maximum).
+struct RecordSelector {
+    int Maximum = 1;
+    int Value = 1;
+};
+
+/// What the main window shows of the file last loaded.
+struct CurrentFile {
+    Text Type;  ///< "195", "193", "175", "CSV", or empty
+    FilePath Path;
+    std::optional<FileTime> Modified;
+};
+
+struct RegisterState {
+    RegisterState();
+
+    PlaceTable<RegisterEntry> Register;
+    /// Position p of the register is the entry Register(RegisterOrder(p)).
+    PlaceTable<std::int16_t> RegisterOrder;
+    int AnzGes = 1;       ///< number of used positions
+    int AnzNr = 1;        ///< the shown position
+    int AnzMarkiert = 0;  ///< number of marked entries, as last counted
+    RecordSelector Satzwahl;
+    /// True while the register need not be saved before quitting.
+    bool RegisterSaved = true;
+    Text LoadedModel;  ///< "195", "193", "175"; empty before the first device file and after a CSV
+    CurrentFile File;
+    Text LoadReport;  ///< findings of a load, lines ended by CR LF
+    Text ReadTrace;   ///< the last 15 bytes read from a register file, as hexadecimal digits
+    /// The register may hold zeros for the outside line.
+    bool WarnLineAccessZero = false;
+};
+
+/// The entry at a position; raises error 9 for a position outside 1 to 2000.
+RegisterEntry& EntryAt(RegisterState& state, int position);
+const RegisterEntry& EntryAt(const RegisterState& state, int position);
+
+/// Empties all 2000 places and puts entry i at position i. Count and position stay.
+void ResetRegister(RegisterState& state);
+
+/// Makes the entry at table index `index` an empty one; its listed mark stays.
+void ClearEntry(RegisterState& state, int index);
+
+/// Sets the count and with it the selector's maximum. Does not touch the shown position.
+void SetCount(RegisterState& state, int count);
+
+/// Sets the record selector to `position`, limited to its range; AnzNr follows and the entry is
+/// shown.
+void SelectRecord(RegisterState& state, int position, Desktop& desktop);
+
+/// Removes the entry at `position` from the used range, unless it is the only one, and shows what
+/// stands there now. The freed place of the order list holds the position number afterwards.
+void DeleteEntryAt(RegisterState& state, int position, Desktop& desktop);
+
+/// Makes an empty entry behind the last one and gives its position. Raises error 9 on a full
+/// register before anything is changed.
+int AppendEntry(RegisterState& state);
+
+/// Sets or clears the export mark of the entry at table index `index`; recounts the marked entries
+/// when that changed anything.
+void SetExportMark(RegisterState& state, int index, bool on);
+
+/// Counts the marked entries into AnzMarkiert: those of the table indices 1 to count, not of the
+/// positions.
+void CountMarked(RegisterState& state);
+
+/// Brings the status fields and the list up to date after a change of the register.
+void RefreshStatus(RegisterState& state, Desktop& desktop);
+
+}  // namespace norvik

@@ -1,0 +1,285 @@
+#!/usr/bin/env python3
+"""Writes the sample register files telefonbuch.t9t (195) and telefonbuch193.t9t (193).
+
+    python3 make_samples.py [folder]        default: the folder of this script
+
+The same entries give the same bytes, always. The encoder below follows the format's description in
+docs/formats/registerfile.md and takes nothing from the program, so that the two check each other:
+where the program loads these files wrongly, one of them is wrong. Its character table, too, comes
+from elsewhere: the telephones' bytes are those of code page 850.
+
+All persons, firms and numbers are invented; the numbers lie in the blocks kept free for fiction.
+"""
+
+import argparse
+from dataclasses import dataclass
+from pathlib import Path
+
+# The register file format
+
+HEADER = bytes.fromhex("060D545374436F6C6C656374696F6E026401")
+END_OF_LIST = b"\x00"
+TAG_BYTE = 0x02
+TAG_WORD = 0x03
+TAG_STRING = 0x06
+
+DEVICE_CODE_PAGE = "cp850"
+DEVICE_CHARACTERS = "äöüßÄÖÜéè^°§âêô"  # beyond ASCII the telephones have only these
+
+INFO_COLUMNS = 21
+INFO_LINES = 6
+TEXT_LENGTH = 21  # of a name and of a number
+NAME_LENGTH_193 = 20
+EXPORT_MARK = "()"
+
+MSN_OF_TELEPHONE = 15
+CHARGE_BIT = 0x10
+FILTER_SHIFT = 6
+INDIVIDUAL_TONE_BIT = 0x80
+
+
+def encode_integer(value: int) -> bytes:
+    """An integer item as the program writes it: from 128 on two value bytes."""
+    if not 0 <= value <= 0xFFFF:
+        raise ValueError(f"no integer item holds {value}")
+    if value > 127:
+        return bytes([TAG_WORD, value & 0xFF, value >> 8])
+    return bytes([TAG_BYTE, value])
+
+
+def encode_string(data: bytes) -> bytes:
+    """A string item; its length must fit into one byte."""
+    if len(data) > 255:
+        raise ValueError(f"text too long: {data!r}")
+    return bytes([TAG_STRING, len(data)]) + data
+
+
+def device_bytes(text: str) -> bytes:
+    """A name or info text in the telephones' characters, trailing blanks removed."""
+    for character in text:
+        if character not in DEVICE_CHARACTERS and not " " <= character <= "~":
+            raise ValueError(f"the telephones have no {character!r}: {text!r}")
+    return text.rstrip(" ").encode(DEVICE_CODE_PAGE)
+
+
+# The entries
+
+FILTER_NONE, FILTER_CALLS, FILTER_VIP, FILTER_CD = range(4)
+
+
+def own_melody(number: int) -> int:
+    """The tone number of "Eigen 1" to "Eigen 60"."""
+    return 19 + number
+
+
+@dataclass(frozen=True)
+class Entry:
+    """One entry, in the user's terms: `msn` 1..6, or 15 for "as set in the telephone"."""
+
+    name: str
+    tel: str
+    lines: tuple[str, ...] = ()
+    tone: int = 0
+    individual: bool = False  # EnTon
+    msn: int = MSN_OF_TELEPHONE
+    charge: bool = False  # EnGeb
+    filter: int = FILTER_NONE
+    units: int = 0  # GebEinh
+    announcement: int = 0  # AB
+    marked: bool = False
+
+    def __post_init__(self) -> None:
+        if len(self.name) > TEXT_LENGTH or len(self.tel) > TEXT_LENGTH:
+            raise ValueError(f"name or number too long: {self.name!r}")
+
+    @property
+    def info(self) -> str:
+        """Lines padded to 21 columns and joined; a mark stands in front and moves them by two."""
+        room = INFO_COLUMNS - len(EXPORT_MARK) if self.marked else INFO_COLUMNS
+        if len(self.lines) > INFO_LINES or any(len(line) > room for line in self.lines):
+            raise ValueError(f"info of {self.name!r} does not fit")
+        text = "".join(line.ljust(INFO_COLUMNS) for line in self.lines).rstrip(" ")
+        return EXPORT_MARK + text if self.marked else text
+
+    @property
+    def tone_word(self) -> int:
+        return self.tone | (INDIVIDUAL_TONE_BIT if self.individual else 0)
+
+    @property
+    def msn_filter(self) -> int:
+        msn = self.msn if self.msn == MSN_OF_TELEPHONE else self.msn - 1
+        return msn | (CHARGE_BIT if self.charge else 0) | self.filter << FILTER_SHIFT
+
+
+# The telephone of the Brandt family, who run a joinery: MSN 1 is the family's, MSN 2 the firm's,
+# MSN 3 the fax, MSN 4 the children's, MSN 5 the holiday flat's, MSN 6 the alarm's. Not in order of
+# names, so that loading shows the sort. The marked entries are the ones that go to the 193 file.
+# Three values are out of the telephones' range on purpose, for the load report: the units of
+# "Bestellfax Beschläge", the announcement of "Café Süßholz", the tone of "Musikschule Allegro".
+ENTRIES = [
+    Entry("Zentrale Werkstatt", "11", ("Nebenstelle",), tone=1, individual=True, marked=True),
+    Entry("Müller, Hans", "03023125101",
+          ("privat", "Lindenallee 12", "12345 Musterstadt"),
+          tone=10, individual=True, msn=1, filter=FILTER_VIP, marked=True),
+    Entry("Müller, Hans", "01713920011", ("mobil",),
+          tone=10, individual=True, msn=1, filter=FILTER_VIP, units=17, charge=True, marked=True),
+    Entry("Müller, Hans", "06990009101", ("Büro, Mo-Do bis 16 h",), msn=2),
+    Entry("Brandt, Oma Grete", "04066969102",
+          ("Geburtstag 14.03.", "mittags nicht stören"),
+          tone=own_melody(1), individual=True, msn=1, filter=FILTER_VIP, units=127, charge=True,
+          announcement=1),
+    Entry("Öztürk, Aylin", "02214710103",
+          ("Geigenunterricht", "dienstags 16:30", "donnerstags 17:00"),
+          tone=own_melody(2), individual=True, msn=4, charge=True, units=128, marked=True),
+    Entry("Ärztehaus am Markt", "08999998104",
+          ("Sprechzeiten", "Mo Di Do  8-12 15-18", "Mi Fr     8-12", "Notfall 8-22 Uhr",
+           "Dr. Böhm  Tür 3", "Dr. Weiß  Tür 5"),
+          announcement=2),
+    Entry("Schornsteinfeger Kühn", "03023125105",
+          ("kommt im Oktober", "Abgas < 60°C"),
+          msn=2, filter=FILTER_CALLS, marked=True),
+    Entry("Holzhandel Brenner", "06990009106",
+          ("Kd.-Nr. 4711-08", "Frau Sänger, App. 21", "Rabatt 12 %"),
+          tone=3, individual=True, msn=2, charge=True, units=5000),
+    Entry("Lackfabrik Münzer", "04066969107", ("Bestellung bis 14 h",),
+          msn=2, charge=True, units=200, filter=FILTER_CD),
+    Entry("Bestellfax Beschläge", "04066969108", ("nur Fax",),
+          msn=3, charge=True, units=40000),
+    Entry("anna (Schulfreundin)", "01713920012", ("Zimmer 4. Stock",),
+          tone=own_melody(12), individual=True, msn=4),
+    Entry("Wohnzimmer", "**61", (), tone=8, individual=True, marked=True),
+    Entry("Küche", "**62", (), tone=9, individual=True, marked=True),
+    Entry("Büro unten", "i12", ("intern",)),
+    Entry("Lager", "##21", ("Anlage alt",)),
+    Entry("Werkbank Halle 2", "*31"),
+    Entry("Hausmeister Block 7 B", "03023125109",
+          ("Schlüssel beim", "Nachbarn, 2. Stock"), marked=True),
+    Entry("Lefèvre, Hélène", "02214710110",
+          ("Austauschschülerin", "Ankunft Gare 12:40"),
+          tone=own_melody(20), individual=True, msn=4, announcement=3, marked=True),
+    Entry("Crêperie Bellevue", "02214710111",
+          ("Tisch am Fenster", "Plat: pâté 8,50", "montags zu"), filter=FILTER_CALLS),
+    Entry("Côté, André", "08999998112",
+          ("Möbelhändler", "Hôtel de la Gare", "Château-Linie", "liefert bis Lyon"),
+          tone=7, individual=True, msn=2, filter=FILTER_VIP, units=255, charge=True),
+    Entry("Kanzlei Groß & Söhne", "06990009113",
+          ("Mietrecht", "§ 535, § 556 BGB", "Az. 12 C 345/67"),
+          msn=2, filter=FILTER_VIP, announcement=4, marked=True),
+    Entry("Überführungen Nowak", "06990009114", ("Anhänger, 3,5 t",), msn=2),
+    Entry("Heizung Störung", "03023125115",
+          ("Kessel: Vorlauf 55°C", "Taste ^ = Menü hoch"), msn=1, filter=FILTER_VIP,
+          tone=own_melody(60), individual=True),
+    Entry("Café Süßholz", "08999998116", ("Torte vorbestellen",), announcement=9),
+    Entry("Musikschule Allegro", "02214710117",
+          ("Anmeldung Klavier", "Frau Jürgens"), tone=85, individual=True, msn=4),
+    Entry("Brandt, Jonas", "01713920013", ("Handy",),
+          tone=own_melody(7), individual=True, msn=4, charge=True, units=3, marked=True),
+    Entry("Brandt, Jonas", "04066969118", ("WG Hamburg", "Klingel: 3. v. oben"),
+          tone=own_melody(7), individual=True, msn=4, announcement=5),
+    Entry("Brandt, Mia", "01713920014", ("Handy",),
+          tone=own_melody(8), individual=True, msn=4, charge=True, units=42, marked=True),
+    Entry("Zahnarzt Dr. Zöllner", "03023125119",
+          ("Kontrolle im Mai",), tone=4, msn=1, marked=True),
+    Entry("de Vries, Jan", "00496990009120",
+          ("Ferienwohnung", "Anreise Sa ab 15 h"),
+          msn=5, filter=FILTER_CD, units=256, charge=True),
+    Entry("Wäscherei Schön", "04066969121", ("Bettwäsche fürs Haus",), msn=5),
+    Entry("Leitstelle Alarm", "03023125122",
+          ("Kennwort erfragen!", "Anlage Nr. 20-117"),
+          tone=2, individual=True, msn=6, filter=FILTER_VIP, announcement=7),
+    Entry("Wachdienst Falke", "03023125123", (),
+          tone=2, individual=True, msn=6, announcement=6, marked=True),
+    Entry("Hoffmann-Lang, Ulrike", "02214710124",
+          ("Steuerberaterin", "Mandant 20814", "ulrike@example.com"),
+          msn=2, filter=FILTER_VIP, units=100, charge=True, marked=True),
+    Entry("Physiotherapie Brand", "08999998125", ("Termine nur tel.",), msn=1, marked=True),
+    Entry("Gemeindeverwaltung Au", "08999998126",
+          ("Bürgerbüro Zi. 004", "Bauamt Zi. 112", "Mo-Fr 8-12", "Do 14-18", "Fax: siehe Homepage")),
+    Entry("Schmidt, Karl-Heinz", "06990009127", ("Skat freitags",),
+          tone=11, individual=True, msn=1),
+    Entry("Schmidt, Karl-Heinz", "01713920015", ("nur im Notfall",), msn=1),
+    Entry("Schmidt, Petra", "06990009128", ("Chor", "Altstimme"),
+          tone=12, individual=True, msn=1, filter=FILTER_CALLS),
+    Entry("Zoe (Babysitterin)", "01713920016", ("ab 17 Uhr", "9 EUR die Stunde"),
+          tone=19, individual=True, msn=1, marked=True),
+    Entry("Änderungsschneiderei", "03023125129", ("Abholschein 77",), msn=1),
+    Entry("Köhler, Fritz", "04066969130", ("Geselle", "Personal-Nr. 6"), tone=5, msn=2),
+    Entry("Köhler, Fritz", "01713920017", ("Geselle, mobil",),
+          tone=5, individual=True, msn=2, charge=True, units=32768),
+    Entry("Yilmaz, Deniz", "01713920018", ("Lehrling", "Berufsschule Mi Do"),
+          tone=5, msn=2, marked=True),
+    Entry("van Laak, Mieke", "00496990009131", ("Antikmöbel", "spricht deutsch"), msn=2,
+          filter=FILTER_CALLS),
+    Entry("Konferenz Innung", "00493023125199p123456", ("PIN steckt im Ruf",), msn=2),
+    Entry("Anrufbeantworter", "**600", (), announcement=1),
+    Entry("Türsprechstelle", "**71", ("öffnen mit *5",), tone=0, individual=True),
+    Entry("Steuerbüro Äpfelbach", "06990009132", ("Ablage grün", "Frist 10.06."), msn=2, units=200),
+    Entry("Kita Spatzennest", "03023125133",
+          ("Gruppe Igel", "Frau Über", "7:00 bis 16:30", "krank melden bis 8:30",
+           "Essen abbestellen", "bis 9:00"),
+          tone=own_melody(33), individual=True, msn=1, filter=FILTER_VIP, announcement=1),
+    Entry("Grundschule Sekr.", "03023125134", ("Klasse 3b", "", "Ferien ab 20.07."), msn=1),
+    Entry("Tierarzt Löwe", "02214710135", ("Kater Max geimpft",), tone=6, individual=True, msn=1),
+    Entry("Apotheke am Bach", "02214710136", ("Bestellt bis 11 h",), msn=1, marked=True),
+    Entry("Großhandel Nägele", "08999998137",
+          ("Schrauben, Dübel", "Kd.-Nr. 88"), msn=2, filter=FILTER_CD, charge=True),
+    Entry("Spedition Rößler", "08999998138", ("Avis 1 Tag vorher",), msn=2, marked=True),
+    Entry("Faxabruf Wetter", "06990009139", (), tone=own_melody(45), msn=3, units=3),
+    Entry("Pizzeria da Nino", "04066969140", ("Nr. 12 und 34", "ohne Kapern!"), msn=1, charge=True,
+          units=42),
+    Entry("Ökokiste Grünfeld", "04066969141", ("Lieferung Do", "Kiste vor die Tür"), msn=1),
+    Entry("abc-Taxi Brückner", "03023125142", ("auch Großraumtaxi",), msn=1),
+]
+
+
+def record_195(entry: Entry, number: int) -> bytes:
+    """The record with the running number `number`, counted from 1."""
+    return b"".join([
+        encode_integer(number - 1),
+        encode_integer(number),
+        encode_string(device_bytes(entry.name)),
+        encode_string(entry.tel.rstrip(" ").encode("ascii")),
+        encode_string(device_bytes(entry.info)),
+        encode_integer(entry.tone_word),
+        encode_integer(entry.msn_filter),
+        encode_integer(entry.units),
+        encode_integer(entry.announcement),
+    ])
+
+
+def record_193(entry: Entry, number: int) -> bytes:
+    """As record_195, without the info text, with a shorter name, no tone, no announcement."""
+    return b"".join([
+        encode_integer(number - 1),
+        encode_integer(number),
+        encode_string(device_bytes(entry.name)[:NAME_LENGTH_193]),
+        encode_string(entry.tel.rstrip(" ").encode("ascii")),
+        encode_integer(0),
+        encode_integer(entry.msn_filter),
+        encode_integer(entry.units),
+        encode_integer(0),
+    ])
+
+
+def register_file(entries, record) -> bytes:
+    records = (record(entry, number) for number, entry in enumerate(entries, start=1))
+    return HEADER + b"".join(records) + END_OF_LIST
+
+
+def main() -> None:
+    parser = argparse.ArgumentParser(description="Writes the sample register files.")
+    parser.add_argument("folder", nargs="?", type=Path, default=Path(__file__).resolve().parent)
+    folder = parser.parse_args().folder
+
+    marked = [entry for entry in ENTRIES if entry.marked]
+    for name, entries, record in (
+        ("telefonbuch.t9t", ENTRIES, record_195),
+        ("telefonbuch193.t9t", marked, record_193),
+    ):
+        data = register_file(entries, record)
+        (folder / name).write_bytes(data)
+        print(f"{name}: {len(entries)} entries, {len(data)} bytes")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,14 @@
+// Check and repair of values that the telephones cannot hold.
+#pragma once
+
+#include "base/desktop.h"
+#include "register/register.h"
+
+namespace norvik {
+
+/// Checks every named entry of the whole table (not of the used positions only), repairs
+/// announcements above 7 and tones above 79 (both become 0), reports them and charge counters above
+/// 32768 in LoadReport, and shows the report when it is not empty.
+void CheckRegister(RegisterState& state, Desktop& desktop);
+
+}  // namespace norvik
