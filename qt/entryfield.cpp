@@ -1,0 +1,152 @@
+#include "qt/entryfield.h"
+
+#include "qt/textconversion.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace norvik {
+
+FieldValidator::FieldValidator(const FieldRule& rule, QLineEdit* field)
+    : QValidator(field), rule_(rule), field_(field) {}
+
+QValidator::State FieldValidator::validate(QString& input, int& cursor) const {
+    if (showing_ || input == text_) {
+        text_ = input;
+        return Acceptable;
+    }
+    const FieldEdit edit =
+        ChangeField(ToText(text_), ToText(input), static_cast<std::size_t>(cursor), rule_);
+    const QString before = text_;
+    text_ = ToQString(edit.FieldText);
+    input = text_;
+    cursor = static_cast<int>(edit.Cursor);
+    if (edit.Beep) {
+        emit beeped();
+    }
+    if (text_ != before) {
+        emit changing(before);
+    }
+    return Acceptable;
+}
+
+void FieldValidator::Show(const QString& text) {
+    showing_ = true;
+    field_->setText(text);
+    showing_ = false;
+}
+
+EntryField::EntryField(const FieldRule& rule, QWidget* parent)
+    : QLineEdit(parent), rule_(rule), validator_(new FieldValidator(rule, this)) {
+    setValidator(validator_);
+    connect(validator_, &FieldValidator::beeped, this, &EntryField::beeped);
+    connect(validator_, &FieldValidator::changing, this, [this](const QString& before) {
+        if (rule_.Padded && !undoing_) {
+            undo_.push_back(before);
+        }
+    });
+}
+
+void EntryField::Show(TextView text) {
+    const QString shown = ToQString(text);
+    undo_.clear();
+    if (shown == QLineEdit::text()) {
+        return;
+    }
+    validator_->Show(shown);
+    setCursorPosition(hasFocus() ? EndOfText() : 0);
+}
+
+void EntryField::keyPressEvent(QKeyEvent* event) {
+    if (HandleFieldKey(*event) || (rule_.Padded && HandlePaddedKey(*event))) {
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+bool EntryField::HandleFieldKey(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const bool shift = modifiers == Qt::ShiftModifier;
+    if (modifiers != Qt::NoModifier && !shift) {
+        return false;
+    }
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit keyPressed(FieldKey::Return, shift);
+        return true;
+    case Qt::Key_Down:
+        emit keyPressed(FieldKey::Down, shift);
+        return true;
+    case Qt::Key_Up:
+        emit keyPressed(FieldKey::Up, shift);
+        return true;
+    case Qt::Key_PageUp:
+        emit stepped(-1);
+        return true;
+    case Qt::Key_PageDown:
+        emit stepped(1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// In a padded field the text ends, for the keyboard, behind its last character that is no blank.
+bool EntryField::HandlePaddedKey(QKeyEvent& event) {
+    if (event.matches(QKeySequence::Undo)) {
+        Undo();
+        return true;
+    }
+    if (event.matches(QKeySequence::MoveToEndOfLine)) {
+        setCursorPosition(EndOfText());
+        return true;
+    }
+    if (event.matches(QKeySequence::SelectEndOfLine)) {
+        cursorForward(true, EndOfText() - cursorPosition());
+        return true;
+    }
+    if (event.matches(QKeySequence::SelectAll)) {
+        setSelection(0, EndOfText());
+        return true;
+    }
+    return false;
+}
+
+void EntryField::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    const bool returned =
+        event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    if (rule_.Padded && !returned) {
+        deselect();
+        setCursorPosition(EndOfText());
+    }
+}
+
+void EntryField::mousePressEvent(QMouseEvent* event) {
+    QLineEdit::mousePressEvent(event);
+    if (rule_.Padded && !hasSelectedText()) {
+        setCursorPosition(std::min(cursorPosition(), EndOfText()));
+    }
+}
+
+int EntryField::EndOfText() const {
+    return static_cast<int>(CursorAtEntering(ToText(text())));
+}
+
+void EntryField::Undo() {
+    if (undo_.empty()) {
+        return;
+    }
+    undoing_ = true;
+    const QString previous = undo_.back();
+    undo_.pop_back();
+    validator_->Show(previous);
+    setCursorPosition(EndOfText());
+    undoing_ = false;
+}
+
+}  // namespace norvik

@@ -1,0 +1,70 @@
+// A text field of the entry: keeps to the rules of mainwindow/fieldinput.h while the user types,
+// pastes or drops, and passes on the keys that move through the fields.
+#pragma once
+
+#include "mainwindow/fieldinput.h"
+#include "mainwindow/handlers.h"
+
+#include <QLineEdit>
+#include <QValidator>
+
+#include <vector>
+
+namespace norvik {
+
+/// Applies the rules to every change of a line edit that the user makes.
+class FieldValidator : public QValidator {
+    Q_OBJECT
+  public:
+    FieldValidator(const FieldRule& rule, QLineEdit* field);
+
+    State validate(QString& input, int& cursor) const override;
+
+    /// The program shows a text of its own: it is taken as it is.
+    void Show(const QString& text);
+
+  signals:
+    /// A change was refused or cut.
+    void beeped() const;
+    /// The user changed the text from `before`, with the cursor where it stood then.
+    void changing(const QString& before) const;
+
+  private:
+    FieldRule rule_;
+    QLineEdit* field_;
+    mutable QString text_;
+    bool showing_ = false;
+};
+
+class EntryField : public QLineEdit {
+    Q_OBJECT
+  public:
+    EntryField(const FieldRule& rule, QWidget* parent);
+
+    void Show(TextView text);
+
+  signals:
+    void keyPressed(norvik::FieldKey key, bool shift);
+    /// Page Up (-1) or Page Down (+1).
+    void stepped(int records);
+    void beeped();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    [[nodiscard]] int EndOfText() const;
+    bool HandleFieldKey(const QKeyEvent& event);
+    bool HandlePaddedKey(QKeyEvent& event);
+    void Undo();
+
+    FieldRule rule_;
+    FieldValidator* validator_;
+    /// Padding after every key clears the line edit's own undo; a padded field keeps its texts.
+    std::vector<QString> undo_;
+    bool undoing_ = false;
+};
+
+}  // namespace norvik

@@ -1,0 +1,324 @@
+#include "qt/mainwindow.h"
+
+#include "mainwindow/handlers.h"
+#include "mainwindow/listrows.h"
+#include "mainwindow/operations.h"
+#include "mainwindow/startup.h"
+#include "qt/entryfield.h"
+#include "qt/registerlist.h"
+#include "qt/textconversion.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QShortcut>
+
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+/// Names from a file may be longer than any list can show.
+constexpr qsizetype LongestItem = 200;
+
+QColor ToQColor(const Colour& colour) {
+    return {colour.Red, colour.Green, colour.Blue};
+}
+
+/// A window title in which no part has a meaning of its own for the toolkit.
+QString EscapedTitle(TextView caption) {
+    return ToQString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+void DrawItems(QComboBox* list, const std::vector<Text>& items, int selected) {
+    bool same = list->count() == static_cast<int>(items.size());
+    for (int i = 0; same && i < list->count(); ++i) {
+        same = list->itemText(i) == ToQString(items[static_cast<std::size_t>(i)]).left(LongestItem);
+    }
+    if (!same) {
+        list->clear();
+        for (const Text& item : items) {
+            list->addItem(ToQString(item).left(LongestItem));
+        }
+    }
+    list->setCurrentIndex(selected);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop)
+    : desktop_(*this),
+      hardStop_(std::move(hardStop)),
+      widgets_(MakeMainWindowWidgets(*this)),
+      model_(new RegisterListModel(this)) {
+    setObjectName(QStringLiteral("MW"));
+    program_.Folder = folder;
+    widgets_.TelRegListe->setModel(model_);
+    MakeMenus();
+    MakeShortcuts();
+    ConnectEntry();
+    ConnectChoices();
+    ConnectButtons();
+    ConnectSelection();
+    DrawCurrentFile();
+    Draw();
+    widgets_.Texts[NameField]->setFocus();
+}
+
+void MainWindow::Start(const QString& commandLine) {
+    Run([&] { StartUp(program_, ToText(commandLine), desktop_); });
+}
+
+void MainWindow::MakeMenus() {
+    QMenu* menu = nullptr;
+    int group = 0;
+    for (const MenuRow& row : MenuTable()) {
+        const QString menuName = QLatin1String(row.Menu.data(), static_cast<int>(row.Menu.size()));
+        if (menu == nullptr || menu->objectName() != menuName) {
+            menu = menuBar()->addMenu(ToQString(row.MenuCaption));
+            menu->setObjectName(menuName);
+            group = row.Group;
+        }
+        if (std::exchange(group, row.Group) != row.Group) {
+            menu->addSeparator();
+        }
+        QAction* action = menu->addAction(ToQString(row.Caption));
+        action->setObjectName(QLatin1String(row.Name.data(), static_cast<int>(row.Name.size())));
+        action->setShortcut(QKeySequence(QString::fromUtf8(row.Shortcut.data())));
+        if (row.SavesRegister) {
+            saveActions_.push_back(action);
+        }
+        connect(action, &QAction::triggered, this,
+                [this, run = row.Run] { Run([&] { run(program_, desktop_); }); });
+    }
+}
+
+void MainWindow::MakeShortcuts() {
+    const auto bind = [this](const QKeySequence& keys, QPushButton* button) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
+    };
+    bind(QKeySequence(QStringLiteral("Ctrl+F")), widgets_.btnSearch);
+    bind(QKeySequence(QStringLiteral("F3")), widgets_.btnSearchMore);
+    bind(QKeySequence(QStringLiteral("Ctrl+N")), widgets_.btnNew);
+}
+
+void MainWindow::ConnectEntry() {
+    for (int number = 0; number < TextFields; ++number) {
+        EntryField* field = widgets_.Texts.at(static_cast<std::size_t>(number));
+        if (field == nullptr) {
+            continue;
+        }
+        connect(field, &EntryField::keyPressed, this, [this, number](FieldKey key, bool shift) {
+            Run([&] { Anzeigefeld_KeyDown(program_, number, key, shift, desktop_); });
+        });
+        connect(field, &EntryField::stepped, this, [this](int records) {
+            widgets_.Satzwahl->setValue(widgets_.Satzwahl->value() + records);
+        });
+        connect(field, &EntryField::beeped, this, [this] { desktop_.Beep(); });
+    }
+}
+
+void MainWindow::ConnectChoices() {
+    const auto changed = [this] {
+        if (!drawing_) {
+            Run([&] { Choice_Change(program_); });
+        }
+    };
+    for (QComboBox* list : {widgets_.DDTon, widgets_.DDAB, widgets_.DDMSN}) {
+        connect(list, &QComboBox::currentIndexChanged, this, changed);
+    }
+    for (QCheckBox* box : {widgets_.chkTon, widgets_.chkCharge}) {
+        connect(box, &QCheckBox::toggled, this, changed);
+    }
+    connect(widgets_.FilterGroup, &QButtonGroup::idToggled, this,
+            [changed](int /*filter*/, bool on) {
+                if (on) {
+                    changed();
+                }
+            });
+    connect(widgets_.chkExport, &QCheckBox::toggled, this, [this] {
+        if (!drawing_) {
+            Run([&] { chkExport_Click(program_, desktop_); });
+        }
+    });
+}
+
+void MainWindow::ConnectButtons() {
+    const auto onClick = [this](QPushButton* button, void (*handler)(Program&, Desktop&)) {
+        connect(button, &QPushButton::clicked, this,
+                [this, handler] { Run([&] { handler(program_, desktop_); }); });
+    };
+    onClick(widgets_.btnSaveChange, btnSaveChange_Click);
+    onClick(widgets_.btnNew, btnNew_Click);
+    onClick(widgets_.btnErase, btnErase_Click);
+    onClick(widgets_.btnSearch, btnSearch_Click);
+    onClick(widgets_.btnSearchMore, btnSearchMore_Click);
+    connect(widgets_.btnEraseCharge, &QPushButton::clicked, this,
+            [this] { Run([&] { btnEraseCharge_Click(program_); }); });
+}
+
+void MainWindow::ConnectSelection() {
+    connect(widgets_.Satzwahl, &QScrollBar::valueChanged, this, [this](int value) {
+        if (!drawing_) {
+            Run([&] { Satzwahl_Change(program_, value, desktop_); });
+        }
+    });
+    connect(widgets_.Satzwahl, &QScrollBar::sliderMoved, this,
+            [this](int value) { widgets_.AnzNr->setNum(value); });
+    connect(widgets_.TelRegListe, &RegisterListView::rowChosen, this, [this](int row) {
+        const Text text = model_->Row(row);
+        Run([&] { TelRegListe_Click(program_, text, desktop_); });
+    });
+    connect(widgets_.chkListFilter, &QCheckBox::toggled, this, [this] {
+        if (!drawing_) {
+            Run([&] { chkListFilter_Click(program_, desktop_); });
+        }
+    });
+}
+
+void MainWindow::Run(const std::function<void()>& operation) {
+    ReadFields();
+    ++running_;
+    try {
+        RunOperation(operation, desktop_);
+    } catch (const HardStop&) {
+        hardStop_();
+    }
+    --running_;
+    Draw();
+}
+
+void MainWindow::ReadFields() {
+    MainWindowFields& fields = program_.Fields;
+    for (std::size_t i = 0; i < widgets_.Texts.size(); ++i) {
+        if (widgets_.Texts.at(i) != nullptr) {
+            fields.Anzeigefeld.at(i) = ToText(widgets_.Texts.at(i)->text());
+        }
+    }
+    fields.DDTon = widgets_.DDTon->currentIndex();
+    fields.DDAB = widgets_.DDAB->currentIndex();
+    fields.DDMSN = widgets_.DDMSN->currentIndex();
+    fields.chkTon = widgets_.chkTon->isChecked();
+    fields.chkCharge = widgets_.chkCharge->isChecked();
+    fields.OptFilter = widgets_.FilterGroup->checkedId();
+    fields.chkExport = widgets_.chkExport->isChecked();
+    fields.chkListFilter = widgets_.chkListFilter->isChecked();
+}
+
+void MainWindow::Draw() {
+    const bool before = std::exchange(drawing_, true);
+    const MainWindowFields& fields = program_.Fields;
+    for (std::size_t i = 0; i < fields.Anzeigefeld.size(); ++i) {
+        if (widgets_.Texts.at(i) != nullptr) {
+            widgets_.Texts.at(i)->Show(fields.Anzeigefeld.at(i));
+        } else {
+            widgets_.Diagnostics.at(i)->setText(ToQString(fields.Anzeigefeld.at(i)));
+        }
+    }
+    DrawChoices();
+    DrawCounts();
+    DrawSaveChange();
+    widgets_.btnSearchMore->setEnabled(fields.btnSearchMoreEnabled);
+    for (QAction* action : saveActions_) {
+        action->setEnabled(fields.SaveMenusEnabled);
+    }
+    SelectListRow();
+    drawing_ = before;
+}
+
+void MainWindow::DrawChoices() {
+    const MainWindowFields& fields = program_.Fields;
+    DrawItems(widgets_.DDTon, fields.DDTonItems, fields.DDTon);
+    DrawItems(widgets_.DDAB, fields.DDABItems, fields.DDAB);
+    DrawItems(widgets_.DDMSN, fields.DDMSNItems, fields.DDMSN);
+    widgets_.chkTon->setChecked(fields.chkTon);
+    widgets_.chkCharge->setChecked(fields.chkCharge);
+    widgets_.OptFilter.at(static_cast<std::size_t>(fields.OptFilter))->setChecked(true);
+    widgets_.AnzGeb->setText(ToQString(fields.AnzGeb));
+    widgets_.chkExport->setChecked(fields.chkExport);
+    widgets_.chkListFilter->setChecked(fields.chkListFilter);
+}
+
+void MainWindow::DrawCounts() {
+    const RegisterState& state = program_.State;
+    constexpr int RecordsPerPage = 10;
+    widgets_.AnzGes->setNum(state.AnzGes);
+    widgets_.AnzNr->setNum(state.AnzNr);
+    widgets_.AnzMarkiert->setNum(state.AnzMarkiert);
+    widgets_.Index->setNum(program_.Fields.Index);
+    widgets_.Satzwahl->setRange(1, state.Satzwahl.Maximum);
+    widgets_.Satzwahl->setPageStep(RecordsPerPage);
+    widgets_.Satzwahl->setValue(state.Satzwahl.Value);
+}
+
+void MainWindow::DrawSaveChange() {
+    QPalette palette;
+    if (program_.Fields.btnSaveChange != EditState::Neutral) {
+        const bool pending = program_.Fields.btnSaveChange == EditState::Pending;
+        palette = widgets_.btnSaveChange->palette();
+        palette.setColor(QPalette::Button, ToQColor(pending ? PendingColour : StoredColour));
+        palette.setColor(QPalette::ButtonText, Qt::black);  // legible in a dark theme, too
+    }
+    widgets_.btnSaveChange->setPalette(palette);
+}
+
+void MainWindow::SelectListRow() {
+    widgets_.TelRegListe->SelectRow(
+        RowOfPosition(program_.Fields.TelRegListe, program_.State.AnzNr));
+}
+
+void MainWindow::ShowCurrentEntry() {
+    ShowEntry(program_);
+    Draw();
+}
+
+void MainWindow::RebuildList() {
+    RebuildRows(program_);
+    const bool before = std::exchange(drawing_, true);
+    model_->SetRows(program_.Fields.TelRegListe);
+    DrawCounts();
+    SelectListRow();
+    drawing_ = before;
+}
+
+void MainWindow::DrawStatus(const QString& text) {
+    widgets_.Status->setText(text);
+    widgets_.Status->repaint();
+}
+
+void MainWindow::DrawCurrentFile() {
+    const CurrentFile& file = program_.State.File;
+    setWindowTitle(EscapedTitle(CaptionOf(file)));
+    widgets_.AnzQuelle->setText(ToQString(file.Type));
+    widgets_.AnzQuellZeit->setText(ToQString(SourceTimeOf(file)));
+}
+
+void MainWindow::FocusField(int field) {
+    widgets_.Texts.at(static_cast<std::size_t>(field))->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::CloseByMenu() {
+    closingByMenu_ = true;
+    close();
+    closingByMenu_ = false;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    // An operation that waits for an answer is not torn down under its own feet.
+    if (running_ > 0 && !closingByMenu_) {
+        event->ignore();
+        return;
+    }
+    bool mayClose = false;
+    Run([&] { mayClose = MayClose(program_, desktop_); });
+    event->setAccepted(mayClose);
+}
+
+}  // namespace norvik

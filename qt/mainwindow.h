@@ -1,0 +1,69 @@
+// The main window: draws the program's fields, tells them what the user typed and clicked, and is
+// the one place where operations are started.
+#pragma once
+
+#include "mainwindow/menu.h"
+#include "mainwindow/program.h"
+#include "qt/mainwindowwidgets.h"
+#include "qt/screendesktop.h"
+
+#include <QMainWindow>
+
+#include <functional>
+
+namespace norvik {
+
+class RegisterListModel;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+  public:
+    /// `folder` is the program's folder. `hardStop` ends the process; it must not return to the
+    /// operation (tests throw the window away instead).
+    MainWindow(const FilePath& folder, std::function<void()> hardStop);
+
+    /// Runs the start-up with the program's arguments joined by blanks; to be called once, when the
+    /// window is shown.
+    void Start(const QString& commandLine);
+
+    // What the desktop draws.
+    void ShowCurrentEntry();
+    void RebuildList();
+    void DrawStatus(const QString& text);
+    void DrawCurrentFile();
+    void FocusField(int field);
+    void CloseByMenu();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void MakeMenus();
+    void MakeShortcuts();
+    void ConnectEntry();
+    void ConnectChoices();
+    void ConnectButtons();
+    void ConnectSelection();
+
+    /// Runs an operation between reading the fields from the widgets and drawing them again.
+    void Run(const std::function<void()>& operation);
+    void ReadFields();
+    void Draw();
+    void DrawChoices();
+    void DrawCounts();
+    void DrawSaveChange();
+    void SelectListRow();
+
+    Program program_;
+    ScreenDesktop desktop_;
+    std::function<void()> hardStop_;
+    MainWindowWidgets widgets_;
+    RegisterListModel* model_;
+    std::vector<QAction*> saveActions_;
+    /// The program changes widgets; what they signal is no doing of the user.
+    bool drawing_ = false;
+    int running_ = 0;
+    bool closingByMenu_ = false;
+};
+
+}  // namespace norvik

@@ -1,0 +1,418 @@
+#include "qt/mainwindowwidgets.h"
+
+#include "qt/entryfield.h"
+#include "qt/phonepicture.h"
+#include "qt/registerlist.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QWheelEvent>
+
+namespace norvik {
+
+namespace {
+
+QString IndexedName(const char* name, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+void Name(QWidget* widget, const char* objectName, const QString& accessibleName) {
+    widget->setObjectName(QLatin1String(objectName));
+    widget->setAccessibleName(accessibleName);
+}
+
+QLabel* MakeLabel(const QString& caption, QWidget* buddy, QWidget* parent) {
+    auto* label = new QLabel(caption, parent);
+    label->setBuddy(buddy);
+    return label;
+}
+
+/// A label that shows a value of the register.
+QLabel* MakeDisplay(const char* objectName, const QString& accessibleName, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    Name(label, objectName, accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QPushButton* MakeButton(const char* objectName, const QString& caption,
+                        const QString& accessibleName, QWidget* parent) {
+    auto* button = new QPushButton(caption, parent);
+    Name(button, objectName, accessibleName);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QCheckBox* MakeCheckBox(const char* objectName, const QString& caption,
+                        const QString& accessibleName, QWidget* parent) {
+    auto* box = new QCheckBox(caption, parent);
+    Name(box, objectName, accessibleName);
+    return box;
+}
+
+/// Ignores the mouse wheel: scrolling past a choice must not change it.
+class ChoiceList : public QComboBox {
+  public:
+    using QComboBox::QComboBox;
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+QComboBox* MakeChoice(const char* objectName, const QString& accessibleName, QWidget* parent) {
+    constexpr int ShownCharacters = 15;
+    auto* list = new ChoiceList(parent);
+    Name(list, objectName, accessibleName);
+    // Tone names come from a file: the list must not grow with the longest.
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(ShownCharacters);
+    list->setMaxVisibleItems(20);
+    return list;
+}
+
+/// As wide as the widest text of `characters` characters needs.
+void SetWidthFor(QLineEdit* field, int characters) {
+    QStyleOptionFrame option;
+    option.initFrom(field);
+    const QFontMetrics metrics = field->fontMetrics();
+    const int content = metrics.horizontalAdvance(QString(characters + 1, u'0'));
+    const QSize size = field->style()->sizeFromContents(QStyle::CT_LineEdit, &option,
+                                                        QSize(content, metrics.height()), field);
+    field->setMinimumWidth(size.width() + metrics.averageCharWidth());
+}
+
+EntryField* MakeTextField(int number, const QString& accessibleName, bool fixedPitch,
+                          QWidget* parent) {
+    auto* field = new EntryField(RuleOfField(number), parent);
+    field->setObjectName(IndexedName("Anzeigefeld", number));
+    field->setAccessibleName(accessibleName);
+    if (fixedPitch) {
+        field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    }
+    SetWidthFor(field, static_cast<int>(FieldWidth));
+    return field;
+}
+
+QWidget* MakeNameGroup(MainWindowWidgets& widgets, QWidget* parent) {
+    auto* group = new QGroupBox(QStringLiteral("Name und Nummer"), parent);
+    auto* layout = new QGridLayout(group);
+    widgets.Texts[NameField] = MakeTextField(NameField, QStringLiteral("Name"), false, group);
+    widgets.Texts[TelField] =
+        MakeTextField(TelField, QStringLiteral("Telefonnummer"), false, group);
+    layout->addWidget(MakeLabel(QStringLiteral("&Name:"), widgets.Texts[NameField], group), 0, 0);
+    layout->addWidget(widgets.Texts[NameField], 0, 1);
+    layout->addWidget(MakeLabel(QStringLiteral("Nummer (&Tel):"), widgets.Texts[TelField], group),
+                      1, 0);
+    layout->addWidget(widgets.Texts[TelField], 1, 1);
+    layout->setColumnStretch(1, 1);
+    return group;
+}
+
+QWidget* MakeInfoGroup(MainWindowWidgets& widgets, QWidget* parent) {
+    auto* group = new QGroupBox(QStringLiteral("Infozeilen"), parent);
+    auto* layout = new QGridLayout(group);
+    layout->setVerticalSpacing(layout->verticalSpacing() / 2);
+    for (int line = 0; line < InfoLines; ++line) {
+        const int number = FirstInfoField + line;
+        EntryField* field =
+            MakeTextField(number, QStringLiteral("Infozeile %1").arg(line + 1), true, group);
+        widgets.Texts[static_cast<std::size_t>(number)] = field;
+        layout->addWidget(MakeLabel(QStringLiteral("&%1").arg(line + 1), field, group), line, 0);
+        layout->addWidget(field, line, 1);
+    }
+    layout->setColumnStretch(1, 1);
+    return group;
+}
+
+QWidget* MakeToneGroup(MainWindowWidgets& widgets, QWidget* parent) {
+    auto* group = new QGroupBox(QStringLiteral("Klingelton und Leitung"), parent);
+    auto* layout = new QGridLayout(group);
+    widgets.DDTon = MakeChoice("DDTon", QStringLiteral("Klingelton"), group);
+    widgets.chkTon = MakeCheckBox("chkTon", QStringLiteral("Indiv. T&onruf"),
+                                  QStringLiteral("Individueller Tonruf"), group);
+    widgets.DDAB = MakeChoice("DDAB", QStringLiteral("Ansage des Anrufbeantworters"), group);
+    widgets.DDMSN = MakeChoice("DDMSN", QStringLiteral("Abgehende MSN"), group);
+    layout->addWidget(MakeLabel(QStringLiteral("&Klingelton:"), widgets.DDTon, group), 0, 0);
+    layout->addWidget(widgets.DDTon, 0, 1);
+    layout->addWidget(widgets.chkTon, 1, 1);
+    layout->addWidget(MakeLabel(QStringLiteral("Ansage:"), widgets.DDAB, group), 2, 0);
+    layout->addWidget(widgets.DDAB, 2, 1);
+    layout->addWidget(MakeLabel(QStringLiteral("Abgehende &MSN:"), widgets.DDMSN, group), 3, 0);
+    layout->addWidget(widgets.DDMSN, 3, 1);
+    layout->setColumnStretch(1, 1);
+    return group;
+}
+
+QWidget* MakeFilterGroup(MainWindowWidgets& widgets, QWidget* parent) {
+    struct Option {
+        QString caption;
+        QString accessibleName;
+    };
+    const std::array<Option, Filters> options = {
+        {{QStringLiteral("&aus"), QStringLiteral("Anruffilter aus")},
+         {QStringLiteral("Anru&f"), QStringLiteral("Anruffilter Anruf")},
+         {QStringLiteral("VI&P"), QStringLiteral("Anruffilter VIP")},
+         {QStringLiteral("&CD"), QStringLiteral("Anruffilter CD")}}};
+    auto* group = new QGroupBox(QStringLiteral("Anruffilter"), parent);
+    auto* layout = new QHBoxLayout(group);
+    widgets.FilterGroup = new QButtonGroup(group);
+    for (int filter = 0; filter < Filters; ++filter) {
+        const Option& option = options.at(static_cast<std::size_t>(filter));
+        auto* button = new QRadioButton(option.caption, group);
+        button->setObjectName(IndexedName("OptFilter", filter));
+        button->setAccessibleName(option.accessibleName);
+        widgets.FilterGroup->addButton(button, filter);
+        widgets.OptFilter[static_cast<std::size_t>(filter)] = button;
+        layout->addWidget(button);
+    }
+    layout->addStretch();
+    return group;
+}
+
+QWidget* MakeChargeGroup(MainWindowWidgets& widgets, QWidget* parent) {
+    auto* group = new QGroupBox(QStringLiteral("Gebühren"), parent);
+    auto* layout = new QGridLayout(group);
+    widgets.chkCharge = MakeCheckBox("chkCharge", QStringLiteral("Gebühren&zähler"),
+                                     QStringLiteral("Gebührenzähler"), group);
+    widgets.AnzGeb = MakeDisplay("AnzGeb", QStringLiteral("Gebührenbetrag"), group);
+    widgets.AnzGeb->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    widgets.btnEraseCharge = MakeButton("btnEraseCharge", QStringLiteral("Z&ähler löschen"),
+                                        QStringLiteral("Gebührenzähler löschen"), group);
+    layout->addWidget(widgets.chkCharge, 0, 0);
+    layout->addWidget(widgets.AnzGeb, 0, 1);
+    layout->addWidget(widgets.btnEraseCharge, 0, 2);
+    layout->setColumnStretch(1, 1);
+    return group;
+}
+
+QLabel* MakeQuietLabel(const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+/// "Eintrag 1 von 60   2 markiert   Quelle 195, 20.11.2026 10:00"
+QLayout* MakeCountLine(MainWindowWidgets& widgets, QWidget* parent) {
+    widgets.AnzNr = MakeDisplay("AnzNr", QStringLiteral("Aktueller Eintrag"), parent);
+    widgets.AnzGes = MakeDisplay("AnzGes", QStringLiteral("Anzahl der Einträge"), parent);
+    widgets.AnzMarkiert =
+        MakeDisplay("AnzMarkiert", QStringLiteral("Anzahl der markierten Einträge"), parent);
+    widgets.AnzQuelle = MakeDisplay("AnzQuelle", QStringLiteral("Quelle"), parent);
+    widgets.AnzQuellZeit = MakeDisplay("AnzQuellZeit", QStringLiteral("Stand der Quelle"), parent);
+    auto* line = new QHBoxLayout;
+    const int gap = parent->fontMetrics().averageCharWidth() * 3;
+    line->addWidget(MakeLabel(QStringLiteral("Eintrag"), widgets.Satzwahl, parent));
+    line->addWidget(widgets.AnzNr);
+    line->addWidget(new QLabel(QStringLiteral("von"), parent));
+    line->addWidget(widgets.AnzGes);
+    line->addSpacing(gap);
+    line->addWidget(new QLabel(QStringLiteral("markiert:"), parent));
+    line->addWidget(widgets.AnzMarkiert);
+    line->addSpacing(gap);
+    line->addWidget(new QLabel(QStringLiteral("Quelle:"), parent));
+    line->addWidget(widgets.AnzQuelle);
+    line->addWidget(widgets.AnzQuellZeit);
+    line->addStretch();
+    return line;
+}
+
+QLayout* MakeHead(MainWindowWidgets& widgets, QWidget* parent) {
+    auto* picture = new PhonePicture(parent);
+    Name(picture, "Bild1", QStringLiteral("Telefon"));
+    widgets.Satzwahl = new QScrollBar(Qt::Horizontal, parent);
+    Name(widgets.Satzwahl, "Satzwahl", QStringLiteral("Satzwahl"));
+    widgets.Satzwahl->setFocusPolicy(Qt::StrongFocus);
+    widgets.Satzwahl->setRange(1, 1);
+    // While the scroll box is dragged only the number follows.
+    widgets.Satzwahl->setTracking(false);
+    auto* head = new QGridLayout;
+    head->addWidget(picture, 0, 0, 2, 1);
+    head->addLayout(MakeCountLine(widgets, parent), 0, 1);
+    head->addWidget(widgets.Satzwahl, 1, 1);
+    head->setColumnStretch(1, 1);
+    return head;
+}
+
+QLayout* MakeButtonLine(MainWindowWidgets& widgets, QWidget* parent) {
+    widgets.btnSaveChange = MakeButton("btnSaveChange", QStringLiteral("&Übernehmen"),
+                                       QStringLiteral("Eintrag übernehmen"), parent);
+    widgets.btnNew =
+        MakeButton("btnNew", QStringLiteral("N&eu"), QStringLiteral("Neuer Eintrag"), parent);
+    widgets.btnErase = MakeButton("btnErase", QStringLiteral("L&öschen"),
+                                  QStringLiteral("Eintrag löschen"), parent);
+    widgets.btnSearch =
+        MakeButton("btnSearch", QStringLiteral("s&uchen..."), QStringLiteral("Suchen"), parent);
+    widgets.btnSearchMore = MakeButton("btnSearchMore", QStringLiteral("meh&r..."),
+                                       QStringLiteral("Weitersuchen"), parent);
+    auto* line = new QHBoxLayout;
+    line->addWidget(widgets.btnSaveChange);
+    line->addWidget(widgets.btnNew);
+    line->addWidget(widgets.btnErase);
+    line->addStretch();
+    line->addWidget(widgets.btnSearch);
+    line->addWidget(widgets.btnSearchMore);
+    return line;
+}
+
+QLineEdit* MakeDiagnosticField(int number, const QString& caption, QWidget* parent) {
+    auto* field = new QLineEdit(parent);
+    field->setObjectName(IndexedName("Anzeigefeld", number));
+    field->setAccessibleName(QStringLiteral("Diagnose ") + caption);
+    field->setReadOnly(true);
+    field->setFrame(false);
+    QPalette quiet = field->palette();
+    quiet.setColor(QPalette::Base, Qt::transparent);
+    quiet.setColor(QPalette::Text, quiet.color(QPalette::PlaceholderText));
+    field->setPalette(quiet);
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("FF (2000)  ")));
+    return field;
+}
+
+/// One row of raw values, a caption above each.
+QLayout* MakeDiagnostics(MainWindowWidgets& widgets, QWidget* parent) {
+    const std::array<QString, 6> captions = {
+        QStringLiteral("Ton"),        QStringLiteral("Einheiten"), QStringLiteral("AB"),
+        QStringLiteral("MSN/Filter"), QStringLiteral("RecIndex"),  QStringLiteral("RecNumber")};
+    auto* grid = new QGridLayout;
+    grid->setVerticalSpacing(0);
+    for (std::size_t column = 0; column < captions.size(); ++column) {
+        const int number = FirstDiagnosticField + static_cast<int>(column);
+        QLineEdit* field = MakeDiagnosticField(number, captions.at(column), parent);
+        widgets.Diagnostics.at(static_cast<std::size_t>(number)) = field;
+        QLabel* caption = MakeQuietLabel(captions.at(column), parent);
+        caption->setBuddy(field);
+        // The field's own text stands a few pixels inside its frame.
+        caption->setIndent(2);
+        grid->addWidget(caption, 0, static_cast<int>(column));
+        grid->addWidget(field, 1, static_cast<int>(column));
+    }
+    widgets.Index = MakeDisplay("Index", QStringLiteral("Platz in der Tabelle"), parent);
+    widgets.Index->setForegroundRole(QPalette::PlaceholderText);
+    const int column = static_cast<int>(captions.size());
+    grid->addWidget(MakeQuietLabel(QStringLiteral("Index"), parent), 0, column);
+    grid->addWidget(widgets.Index, 1, column);
+    return grid;
+}
+
+QWidget* MakeEntryPanel(MainWindowWidgets& widgets, QWidget* parent) {
+    auto* panel = new QWidget(parent);
+    auto* left = new QVBoxLayout;
+    auto* right = new QVBoxLayout;
+    auto* layout = new QGridLayout(panel);
+    layout->addLayout(MakeHead(widgets, panel), 0, 0, 1, 2);
+    left->addWidget(MakeNameGroup(widgets, panel));
+    left->addWidget(MakeInfoGroup(widgets, panel));
+    right->addWidget(MakeToneGroup(widgets, panel));
+    right->addWidget(MakeFilterGroup(widgets, panel));
+    right->addWidget(MakeChargeGroup(widgets, panel));
+    widgets.chkExport = MakeCheckBox("chkExport", QStringLiteral("Export&ieren"),
+                                     QStringLiteral("Zum Exportieren markiert"), panel);
+    right->addWidget(widgets.chkExport);
+    right->addStretch();
+    layout->addLayout(left, 1, 0, Qt::AlignTop);
+    layout->addLayout(right, 1, 1);
+    layout->addLayout(MakeButtonLine(widgets, panel), 2, 0, 1, 2);
+    layout->setRowStretch(3, 1);
+    layout->addLayout(MakeDiagnostics(widgets, panel), 4, 0, 1, 2);
+    return panel;
+}
+
+QWidget* MakeListPanel(MainWindowWidgets& widgets, QWidget* parent) {
+    auto* panel = new QWidget(parent);
+    widgets.TelRegListe = new RegisterListView(panel);
+    Name(widgets.TelRegListe, "TelRegListe", QStringLiteral("Telefonregister"));
+    widgets.chkListFilter = MakeCheckBox("chkListFilter", QStringLiteral("Filter akti&v"),
+                                         QStringLiteral("Listenfilter aktiv"), panel);
+    auto* layout = new QVBoxLayout(panel);
+    layout->addWidget(MakeLabel(QStringLiteral("Aus&wahl:"), widgets.TelRegListe, panel));
+    layout->addWidget(widgets.TelRegListe);
+    layout->addWidget(widgets.chkListFilter);
+    return panel;
+}
+
+/// Keeps its panel usable on a screen that is too small for it; else it shows the whole panel.
+class PanelArea : public QScrollArea {
+  public:
+    using QScrollArea::QScrollArea;
+
+    [[nodiscard]] QSize sizeHint() const override {
+        return widget() == nullptr ? QScrollArea::sizeHint() : widget()->sizeHint();
+    }
+};
+
+QWidget* MakeScrollable(QWidget* panel, QWidget* parent) {
+    auto* area = new PanelArea(parent);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(panel);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    return area;
+}
+
+void SetTabOrder(const MainWindowWidgets& widgets) {
+    std::vector<QWidget*> order = {widgets.Satzwahl};
+    for (EntryField* field : widgets.Texts) {
+        if (field != nullptr) {
+            order.push_back(field);
+        }
+    }
+    order.insert(order.end(), {widgets.DDTon, widgets.chkTon, widgets.DDAB, widgets.DDMSN});
+    order.insert(order.end(), widgets.OptFilter.begin(), widgets.OptFilter.end());
+    order.insert(order.end(), {widgets.chkCharge, widgets.btnEraseCharge, widgets.chkExport,
+                               widgets.btnSaveChange, widgets.btnNew, widgets.btnErase,
+                               widgets.btnSearch, widgets.btnSearchMore});
+    for (QLineEdit* field : widgets.Diagnostics) {
+        if (field != nullptr) {
+            order.push_back(field);
+        }
+    }
+    order.insert(order.end(), {widgets.TelRegListe, widgets.chkListFilter});
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        QWidget::setTabOrder(order[i - 1], order[i]);
+    }
+}
+
+}  // namespace
+
+MainWindowWidgets MakeMainWindowWidgets(QMainWindow& window) {
+    MainWindowWidgets widgets;
+    auto* splitter = new QSplitter(Qt::Horizontal, &window);
+    QWidget* entry = MakeEntryPanel(widgets, splitter);
+    QWidget* scrollable = MakeScrollable(entry, splitter);
+    QWidget* list = MakeListPanel(widgets, splitter);
+    splitter->addWidget(scrollable);
+    splitter->addWidget(list);
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    window.setCentralWidget(splitter);
+    const int listWidth = list->fontMetrics().averageCharWidth() * 60;
+    splitter->setSizes({entry->sizeHint().width(), listWidth});
+
+    widgets.Status = MakeDisplay("Status", QStringLiteral("Statuszeile"), &window);
+    widgets.Status->setIndent(window.fontMetrics().averageCharWidth());
+    window.statusBar()->addWidget(widgets.Status, 1);
+    SetTabOrder(widgets);
+    const QSize wanted(entry->sizeHint().width() + listWidth,
+                       window.sizeHint().height() + window.fontMetrics().height() * 2);
+    window.resize(wanted.boundedTo(window.screen()->availableSize()));
+    return widgets;
+}
+
+}  // namespace norvik

@@ -1,0 +1,58 @@
+// The widgets of the main window and their layout. No behaviour: the main window connects them.
+#pragma once
+
+#include "mainwindow/fields.h"
+
+#include <array>
+
+class QButtonGroup;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QMainWindow;
+class QPushButton;
+class QRadioButton;
+class QScrollBar;
+class QWidget;
+
+namespace norvik {
+
+class EntryField;
+class RegisterListView;
+
+struct MainWindowWidgets {
+    /// The text fields; the diagnostic ones (2 to 7) are in Diagnostics.
+    std::array<EntryField*, TextFields> Texts{};
+    std::array<QLineEdit*, TextFields> Diagnostics{};
+    QComboBox* DDTon = nullptr;
+    QCheckBox* chkTon = nullptr;
+    QComboBox* DDAB = nullptr;
+    QComboBox* DDMSN = nullptr;
+    QCheckBox* chkCharge = nullptr;
+    QLabel* AnzGeb = nullptr;
+    QButtonGroup* FilterGroup = nullptr;
+    std::array<QRadioButton*, Filters> OptFilter{};
+    QCheckBox* chkExport = nullptr;
+    QLabel* AnzNr = nullptr;
+    QLabel* AnzGes = nullptr;
+    QLabel* AnzMarkiert = nullptr;
+    QLabel* Index = nullptr;
+    QScrollBar* Satzwahl = nullptr;
+    RegisterListView* TelRegListe = nullptr;
+    QCheckBox* chkListFilter = nullptr;
+    QLabel* Status = nullptr;
+    QLabel* AnzQuelle = nullptr;
+    QLabel* AnzQuellZeit = nullptr;
+    QPushButton* btnSaveChange = nullptr;
+    QPushButton* btnNew = nullptr;
+    QPushButton* btnErase = nullptr;
+    QPushButton* btnEraseCharge = nullptr;
+    QPushButton* btnSearch = nullptr;
+    QPushButton* btnSearchMore = nullptr;
+};
+
+/// Makes all widgets as children of `window`, lays them out and puts them in their tab order.
+MainWindowWidgets MakeMainWindowWidgets(QMainWindow& window);
+
+}  // namespace norvik

@@ -1,0 +1,89 @@
+#include "qt/registerlist.h"
+
+#include "qt/textconversion.h"
+
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace norvik {
+
+void RegisterListModel::SetRows(const std::vector<Text>& rows) {
+    if (rows == rows_) {
+        return;
+    }
+    beginResetModel();
+    rows_ = rows;
+    endResetModel();
+}
+
+const Text& RegisterListModel::Row(int row) const {
+    return rows_.at(static_cast<std::size_t>(row));
+}
+
+int RegisterListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant RegisterListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
+        return {};
+    }
+    return ToQString(Row(index.row()));
+}
+
+RegisterListView::RegisterListView(QWidget* parent) : QListView(parent) {
+    setUniformItemSizes(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
+
+void RegisterListView::SelectRow(std::optional<int> row) {
+    const bool before = std::exchange(selecting_, true);
+    if (row) {
+        const QModelIndex index = model()->index(*row, 0);
+        setCurrentIndex(index);
+        scrollTo(index);
+    } else {
+        selectionModel()->clear();
+    }
+    selecting_ = before;
+}
+
+void RegisterListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListView::currentChanged(current, previous);
+    if (!selecting_ && !deferred_) {
+        Choose(current);
+    }
+}
+
+void RegisterListView::keyPressEvent(QKeyEvent* event) {
+    const QPersistentModelIndex before = currentIndex();
+    deferred_ = true;
+    QListView::keyPressEvent(event);
+    deferred_ = false;
+    if (currentIndex() != before) {
+        Choose(currentIndex());
+    }
+}
+
+void RegisterListView::mousePressEvent(QMouseEvent* event) {
+    deferred_ = true;
+    QListView::mousePressEvent(event);
+}
+
+void RegisterListView::mouseReleaseEvent(QMouseEvent* event) {
+    QListView::mouseReleaseEvent(event);
+    const bool pressed = std::exchange(deferred_, false);
+    if (pressed && event->button() == Qt::LeftButton) {
+        Choose(currentIndex());
+    }
+}
+
+void RegisterListView::Choose(const QModelIndex& index) {
+    if (index.isValid()) {
+        emit rowChosen(index.row());
+    }
+}
+
+}  // namespace norvik

@@ -1,0 +1,151 @@
+#include "qt/screendesktop.h"
+
+#include "qt/entryfield.h"
+#include "qt/mainwindow.h"
+#include "qt/messagedialog.h"
+#include "qt/textconversion.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+/// Shows the normal pointer while a dialog waits for the user in the midst of an operation.
+class NormalPointer {
+  public:
+    explicit NormalPointer(bool hourglass) : hourglass_(hourglass) {
+        if (hourglass_) {
+            QApplication::restoreOverrideCursor();
+        }
+    }
+    NormalPointer(const NormalPointer&) = delete;
+    NormalPointer& operator=(const NormalPointer&) = delete;
+    NormalPointer(NormalPointer&&) = delete;
+    NormalPointer& operator=(NormalPointer&&) = delete;
+    ~NormalPointer() {
+        if (hourglass_) {
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        }
+    }
+
+  private:
+    bool hourglass_;
+};
+
+/// "CSV-Datei|*.csv|Alle Dateien|*.*" in the toolkit's notation.
+QStringList NameFilters(TextView filter) {
+    const QStringList parts = ToQString(filter).split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        // "*.*" means every file, also one without a "." in its name.
+        const QString pattern =
+            parts[i + 1] == QStringLiteral("*.*") ? QStringLiteral("*") : parts[i + 1];
+        filters << parts[i] + QStringLiteral(" (") + pattern + u')';
+    }
+    return filters;
+}
+
+std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
+                                      QWidget* parent) {
+    QFileDialog fileDialog(parent);
+    fileDialog.setAcceptMode(mode);
+    fileDialog.setFileMode(QFileDialog::AnyFile);
+    fileDialog.setNameFilters(NameFilters(dialog.filter));
+    // The toolkit asks before replacing the name with its ending.
+    fileDialog.setDefaultSuffix(QString::fromStdString(dialog.ending).mid(1));
+    if (fileDialog.exec() != QDialog::Accepted || fileDialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return ToFilePath(fileDialog.selectedFiles().constFirst());
+}
+
+/// Lets an input box refuse characters that no text of the system can hold.
+void LimitToRepertoire(QInputDialog& dialog, Desktop& desktop) {
+    dialog.sizeHint();  // makes the dialog create its line edit
+    auto* input = dialog.findChild<QLineEdit*>();
+    if (input == nullptr) {
+        return;
+    }
+    auto* validator = new FieldValidator(FieldRule(), input);
+    QObject::connect(validator, &FieldValidator::beeped, &dialog, [&desktop] { desktop.Beep(); });
+    input->setValidator(validator);
+    validator->Show(dialog.textValue());
+}
+
+}  // namespace
+
+Button ScreenDesktop::Ask(const MessageBox& box) {
+    const NormalPointer whileAsking(hourglass_);
+    return ShowMessageBox(box, &window_);
+}
+
+std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
+    const NormalPointer whileAsking(hourglass_);
+    QInputDialog dialog(&window_);
+    dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setWindowTitle(ToQString(box.title));
+    dialog.setLabelText(ToQString(box.prompt));
+    dialog.setTextValue(ToQString(box.preset));
+    LimitToRepertoire(dialog, *this);
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return ToText(dialog.textValue());
+}
+
+std::optional<FilePath> ScreenDesktop::AskForFileToOpen(const FileDialog& dialog) {
+    const NormalPointer whileAsking(hourglass_);
+    return RunFileDialog(dialog, QFileDialog::AcceptOpen, &window_);
+}
+
+std::optional<FilePath> ScreenDesktop::AskForFileToSave(const FileDialog& dialog) {
+    const NormalPointer whileAsking(hourglass_);
+    return RunFileDialog(dialog, QFileDialog::AcceptSave, &window_);
+}
+
+void ScreenDesktop::SetStatus(TextView text) {
+    window_.DrawStatus(ToQString(text));
+}
+
+void ScreenDesktop::Beep() {
+    QApplication::beep();
+}
+
+void ScreenDesktop::SetPointer(Pointer pointer) {
+    const bool hourglass = pointer == Pointer::Hourglass;
+    if (std::exchange(hourglass_, hourglass) == hourglass) {
+        return;
+    }
+    if (hourglass) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+void ScreenDesktop::ShowEntry() {
+    window_.ShowCurrentEntry();
+}
+
+void ScreenDesktop::RebuildList() {
+    window_.RebuildList();
+}
+
+void ScreenDesktop::ShowCurrentFile() {
+    window_.DrawCurrentFile();
+}
+
+void ScreenDesktop::FocusField(int field) {
+    window_.FocusField(field);
+}
+
+void ScreenDesktop::CloseMainWindow() {
+    window_.CloseByMenu();
+}
+
+}  // namespace norvik

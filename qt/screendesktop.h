@@ -1,0 +1,33 @@
+// The Desktop of a real screen.
+#pragma once
+
+#include "base/desktop.h"
+
+namespace norvik {
+
+class MainWindow;
+
+class ScreenDesktop : public Desktop {
+  public:
+    explicit ScreenDesktop(MainWindow& window) : window_(window) {}
+
+    Button Ask(const MessageBox& box) override;
+    std::optional<Text> AskForText(const InputBox& box) override;
+    std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
+    std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
+
+    void SetStatus(TextView text) override;
+    void Beep() override;
+    void SetPointer(Pointer pointer) override;
+    void ShowEntry() override;
+    void RebuildList() override;
+    void ShowCurrentFile() override;
+    void FocusField(int field) override;
+    void CloseMainWindow() override;
+
+  private:
+    MainWindow& window_;
+    bool hourglass_ = false;
+};
+
+}  // namespace norvik
