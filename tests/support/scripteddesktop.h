@@ -1,0 +1,73 @@
+// A desktop that plays prepared answers and keeps a transcript of every call. An unprepared question
+// fails the test at once, an answer left over fails it at the end.
+#pragma once
+
+#include "base/desktop.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace norvik::test {
+
+class ScriptedDesktop : public Desktop {
+  public:
+    ~ScriptedDesktop() override;
+
+    // Answers, in the order of the questions. The message box that only has an OK button needs none.
+    ScriptedDesktop& AnswerBox(Button button);
+    ScriptedDesktop& AnswerText(std::optional<Text> answer);
+    ScriptedDesktop& AnswerFile(std::optional<FilePath> answer);
+
+    /// One line per call, UTF-8:
+    ///   box "text" title "title" icon None buttons Ok default Ok -> Ok
+    ///   input "prompt" title "title" preset "" -> "answer"      (-> cancel)
+    ///   open "filter" ending .t9t -> /path                      (-> cancel)
+    ///   save "filter" ending .t9t -> /path
+    ///   status "text" | beep | pointer Hourglass | pointer Normal
+    ///   entry | list | file | focus 0 | close
+    /// CR LF inside a text stands as \r\n.
+    std::vector<std::string> Transcript;
+
+    /// The transcript without the status lines and the pointer, for tests that are not about them.
+    [[nodiscard]] std::vector<std::string> Questions() const;
+    /// The texts of the status lines alone.
+    [[nodiscard]] std::vector<std::string> Statuses() const;
+
+    /// What happens when the entry is to be shown or the list to be built; nothing by default. Tests
+    /// of the main window's handlers let these compute the fields.
+    std::function<void()> OnShowEntry;
+    std::function<void()> OnRebuildList;
+
+    Button Ask(const MessageBox& box) override;
+    std::optional<Text> AskForText(const InputBox& box) override;
+    std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
+    std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
+    void SetStatus(TextView text) override;
+    void Beep() override;
+    void SetPointer(Pointer pointer) override;
+    void ShowEntry() override;
+    void RebuildList() override;
+    void ShowCurrentFile() override;
+    void FocusField(int field) override;
+    void CloseMainWindow() override;
+
+  private:
+    using Answer = std::variant<Button, std::optional<Text>, std::optional<FilePath>>;
+
+    template <typename Wanted>
+    Wanted NextAnswer(const std::string& question, Wanted fallback);
+    std::optional<FilePath> AskForFile(const std::string& kind, const FileDialog& dialog);
+
+    std::deque<Answer> answers_;
+};
+
+/// A text as UTF-8 with \r and \n written out, as transcripts show it.
+std::string Utf8(TextView text);
+
+/// "box …" as the transcript shows a message box that was answered with its only button, OK.
+std::string OkBox(TextView text, TextView title = u"NORVIK", const std::string& icon = "None");
+
+}  // namespace norvik::test

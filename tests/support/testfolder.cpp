@@ -1,0 +1,79 @@
+#include "tests/support/testfolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <stdexcept>
+
+namespace norvik::test {
+
+namespace fs = std::filesystem;
+
+TestFolder::TestFolder() {
+    std::random_device random;
+    do {
+        path_ = fs::temp_directory_path() / ("norvik-test-" + std::to_string(random()));
+    } while (!fs::create_directory(path_));
+}
+
+TestFolder::~TestFolder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+FilePath TestFolder::Write(const FilePath& name, ByteView bytes) const {
+    const FilePath path = path_ / name;
+    fs::create_directories(path.parent_path());
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    EXPECT_TRUE(file) << path;
+    return path;
+}
+
+FilePath TestFolder::Write(const FilePath& name, std::string_view bytes) const {
+    return Write(name, ByteView(reinterpret_cast<const Byte*>(bytes.data()), bytes.size()));
+}
+
+Bytes ReadFile(const FilePath& path) {
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << "cannot read " << path;
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+Bytes Raw(std::string_view notation) {
+    Bytes bytes;
+    for (std::size_t i = 0; i < notation.size();) {
+        if (notation[i] == ' ' || notation[i] == '\n') {
+            ++i;
+        } else if (notation[i] == '\'') {
+            const std::size_t end = notation.find('\'', i + 1);
+            bytes.insert(bytes.end(), notation.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                         notation.begin() + static_cast<std::ptrdiff_t>(end));
+            i = end + 1;
+        } else {
+            const std::string digits(notation.substr(i, 2));
+            std::size_t used = 0;
+            bytes.push_back(static_cast<Byte>(std::stoi(digits, &used, 16)));
+            if (used != 2) {
+                throw std::invalid_argument("two digits a byte: " + digits);
+            }
+            i += 2;
+        }
+    }
+    return bytes;
+}
+
+Bytes Join(std::initializer_list<Bytes> pieces) {
+    Bytes bytes;
+    for (const Bytes& piece : pieces) {
+        bytes.insert(bytes.end(), piece.begin(), piece.end());
+    }
+    return bytes;
+}
+
+}  // namespace norvik::test
