@@ -3,8 +3,11 @@
 #include "base/runtimeerror.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <memory>
+#include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -78,7 +81,7 @@ std::FILE* OpenStream(const FilePath& path, bool forWriting) {
 
 struct StreamCloser {
     void operator()(std::FILE* file) const {
-        std::fclose(file);  // only of streams that are read: nothing can be lost
+        static_cast<void>(std::fclose(file));  // only of streams that are read: nothing can be lost
     }
 };
 using InputStream = std::unique_ptr<std::FILE, StreamCloser>;
@@ -110,6 +113,12 @@ void EnsureNoPipe(const FilePath& path) {
     }
 }
 
+std::FILE* OpenForWriting(const FilePath& path) {
+    EnsurePossibleName(path);
+    EnsureNoPipe(path);
+    return OpenStream(path, true);
+}
+
 #ifndef _WIN32
 /// Waits until the system has put the stream's data on the disk. A device that knows no waiting is
 /// content.
@@ -122,27 +131,49 @@ bool Synchronised(std::FILE* file) {
 }
 #endif
 
+/// The number of bytes of the UTF-8 sequence that `lead` opens; 0 when none begins so.
+std::size_t SequenceLength(unsigned lead) {
+    if (lead < 0x80) {
+        return 1;
+    }
+    if (lead < 0xC2 || lead > 0xF4) {
+        return 0;
+    }
+    return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+}
+
+/// The code point of a UTF-8 sequence, or nothing when it does not fit together.
+std::optional<char32_t> CodePoint(std::u8string_view sequence) {
+    const auto lead = static_cast<unsigned>(sequence.front());
+    if (sequence.size() == 1) {
+        return lead;
+    }
+    char32_t point = lead & (0x7FU >> sequence.size());
+    for (const auto next : sequence.substr(1)) {
+        if ((static_cast<unsigned>(next) & 0xC0U) != 0x80U) {
+            return std::nullopt;
+        }
+        point = (point << 6U) | (static_cast<unsigned>(next) & 0x3FU);
+    }
+    // An overlong form of three or four bytes stands for nothing, nor does a point beyond the last.
+    constexpr std::array<char32_t, 5> Least = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr char32_t Last = 0x10FFFF;
+    if (point < Least.at(sequence.size()) || point > Last) {
+        return std::nullopt;
+    }
+    return point;
+}
+
 /// The code points of a UTF-8 text; every byte that does not fit gives U+FFFD.
-std::u32string CodePoints(const std::u8string& utf8) {
+std::u32string CodePoints(std::u8string_view utf8) {
     constexpr char32_t Replacement = 0xFFFD;
     std::u32string result;
-    for (std::size_t i = 0; i < utf8.size();) {
-        const auto lead = static_cast<unsigned>(utf8[i]);
-        const std::size_t length = lead < 0x80   ? 1
-                                   : lead < 0xC2 ? 0
-                                   : lead < 0xE0 ? 2
-                                   : lead < 0xF0 ? 3
-                                   : lead < 0xF5 ? 4
-                                                 : 0;
-        char32_t point = length == 1 ? lead : lead & (0x7FU >> length);
-        bool valid = length > 0 && i + length <= utf8.size();
-        for (std::size_t k = 1; valid && k < length; ++k) {
-            const auto next = static_cast<unsigned>(utf8[i + k]);
-            valid = (next & 0xC0U) == 0x80U;
-            point = (point << 6U) | (next & 0x3FU);
-        }
-        result.push_back(valid ? point : Replacement);
-        i += valid ? length : 1;
+    while (!utf8.empty()) {
+        const std::size_t length = SequenceLength(static_cast<unsigned>(utf8.front()));
+        const bool whole = length > 0 && length <= utf8.size();
+        const auto point = whole ? CodePoint(utf8.substr(0, length)) : std::nullopt;
+        result.push_back(point.value_or(Replacement));
+        utf8.remove_prefix(point ? length : 1);
     }
     return result;
 }
@@ -161,19 +192,42 @@ std::u32string LoweredName(const FilePath& name) {
     return points;
 }
 
-/// The entry of `folder` whose name equals `name` but for the case, the first by character codes
-/// where there are several; `name` itself where there is none.
-FilePath FindEntryIgnoringCase(const FilePath& folder, const FilePath& name) {
+/// The entries of `folder` whose names equal `name` but for the case, in the order of their codes.
+std::vector<FilePath> EntriesIgnoringCase(const FilePath& folder, const FilePath& name) {
     const std::u32string wanted = LoweredName(name);
     std::vector<FilePath> found;
     std::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? FilePath(".") : folder, error), end;
          !error && entry != end; entry.increment(error)) {
         if (LoweredName(entry->path().filename()) == wanted) {
-            found.push_back(entry->path().filename());
+            found.push_back(folder / entry->path().filename());
         }
     }
-    return found.empty() ? name : *std::min_element(found.begin(), found.end());
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+/// The first existing path from `folder` on whose further components equal those of `next` to `end`
+/// but for the case; at each step the exact name goes first.
+std::optional<FilePath> FindBelow(const FilePath& folder, FilePath::iterator next,
+                                  FilePath::iterator end) {
+    std::error_code ignored;
+    if (next == end) {
+        return fs::exists(folder, ignored) ? std::optional(folder) : std::nullopt;
+    }
+    const FilePath& name = *next;
+    ++next;
+    if (fs::exists(folder / name, ignored)) {
+        if (auto found = FindBelow(folder / name, next, end)) {
+            return found;
+        }
+    }
+    for (const FilePath& entry : EntriesIgnoringCase(folder, name)) {
+        if (auto found = FindBelow(entry, next, end)) {
+            return found;
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -215,19 +269,19 @@ FileTime LastModified(const FilePath& path) {
     return std::chrono::time_point_cast<FileTime::duration>(std::chrono::file_clock::to_sys(time));
 }
 
-OutputFile::OutputFile(const FilePath& path) : file_(nullptr) {
-    EnsurePossibleName(path);
-    EnsureNoPipe(path);
-    file_ = OpenStream(path, true);
-}
+OutputFile::OutputFile(const FilePath& path) : file_(OpenForWriting(path)) {}
 
 OutputFile::~OutputFile() {
     if (file_ != nullptr) {
-        std::fclose(file_);  // a failure is already under way; what it left is as far as it got
+        // A failure is already under way; what it left is as far as it got.
+        static_cast<void>(std::fclose(file_));
     }
 }
 
 void OutputFile::Write(ByteView bytes) {
+    if (bytes.empty()) {  // may have no address to write from
+        return;
+    }
     errno = 0;
     if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size()) {
         RaiseSystemError(errno, {});
@@ -269,12 +323,7 @@ FilePath FindIgnoringCase(const FilePath& path) {
     if (fs::exists(path, ignored)) {
         return path;
     }
-    FilePath found;
-    for (const FilePath& component : path) {
-        const FilePath next = found / component;
-        found = fs::exists(next, ignored) ? next : found / FindEntryIgnoringCase(found, component);
-    }
-    return fs::exists(found, ignored) ? found : path;
+    return FindBelow({}, path.begin(), path.end()).value_or(path);
 }
 
 FilePath WithEnding(const FilePath& path, std::string_view ending) {

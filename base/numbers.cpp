@@ -47,14 +47,14 @@ DecimalDigits ToDecimalDigits(double value) {
 
 /// Adds 1 to the last digit of a decimal number, with carry; "99" becomes "100".
 void Increment(std::string& digits) {
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        if (*digit != '9') {
-            ++*digit;
-            return;
-        }
-        *digit = '0';
+    const std::size_t last = digits.find_last_not_of('9');
+    const std::size_t nines = last == std::string::npos ? 0 : last + 1;
+    std::fill(digits.begin() + static_cast<std::ptrdiff_t>(nines), digits.end(), '0');
+    if (nines == 0) {
+        digits.insert(digits.begin(), '1');
+    } else {
+        ++digits[last];
     }
-    digits.insert(digits.begin(), '1');
 }
 
 /// The whole number of hundredths nearest to `value` (half away from zero), as decimal digits.

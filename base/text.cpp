@@ -93,7 +93,7 @@ Text Decimal(long long value) {
 }
 
 Text FromAscii(std::string_view ascii) {
-    return Text(ascii.begin(), ascii.end());
+    return {ascii.begin(), ascii.end()};
 }
 
 }  // namespace norvik

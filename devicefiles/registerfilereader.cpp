@@ -109,26 +109,6 @@ class TraceAtEnd {
     const RegisterFileBytes& file_;
 };
 
-/// The whole reading of a file; gives the number of records.
-int ReadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
-    const Bytes bytes = ReadWholeFile(path);
-    state.LoadedModel = Model195;
-    state.File.Path = path;
-    state.File.Modified = LastModified(path);
-
-    RegisterFileBytes file(bytes);
-    const TraceAtEnd traceAtEnd(state.ReadTrace, file);
-    const ByteView header = file.ReadBytes(RegisterFileHeader.size());
-    if (!std::equal(header.begin(), header.end(), RegisterFileHeader.begin(),
-                    RegisterFileHeader.end())) {
-        desktop.Ask({.text = u"Abweichender Header",
-                     .title = u"norvik 195 laden",
-                     .icon = Icon::Exclamation});
-    }
-    desktop.SetPointer(Pointer::Hourglass);
-    return ReadRegisterRecords(state, file);
-}
-
 }  // namespace
 
 ByteView RegisterFileBytes::ReadBytes(std::size_t count) {
@@ -164,12 +144,30 @@ int ReadRegisterRecords(RegisterState& state, RegisterFileBytes& file) {
     return count;
 }
 
+int ReadRegisterFile(RegisterState& state, ByteView bytes, Desktop& desktop) {
+    state.LoadedModel = Model195;
+    RegisterFileBytes file(bytes);
+    const TraceAtEnd traceAtEnd(state.ReadTrace, file);
+    const ByteView header = file.ReadBytes(RegisterFileHeader.size());
+    if (!std::equal(header.begin(), header.end(), RegisterFileHeader.begin(),
+                    RegisterFileHeader.end())) {
+        desktop.Ask({.text = u"Abweichender Header",
+                     .title = u"norvik 195 laden",
+                     .icon = Icon::Exclamation});
+    }
+    desktop.SetPointer(Pointer::Hourglass);
+    return ReadRegisterRecords(state, file);
+}
+
 void LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
     ResetRegister(state);
     state.LoadReport.clear();
     int count = 0;
     try {
-        count = ReadRegisterFile(state, path, desktop);
+        const Bytes bytes = ReadWholeFile(path);
+        state.File.Path = path;
+        state.File.Modified = LastModified(path);
+        count = ReadRegisterFile(state, bytes, desktop);
     } catch (const RuntimeError& error) {
         desktop.Ask({.text = u"mnuLade193195: " + error.NumberAndDescription(), .title = u""});
         return;

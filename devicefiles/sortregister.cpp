@@ -33,11 +33,12 @@ std::vector<int> GreaterKeysBefore(const std::vector<std::size_t>& sorted) {
     // taken first and never stands before.
     std::vector<int> tree(sorted.size() + 1, 0);
     std::vector<int> greaterBefore(sorted.size(), 0);
-    for (auto key = sorted.rbegin(); key != sorted.rend(); ++key) {
-        for (std::size_t i = *key; i > 0; i &= i - 1) {
-            greaterBefore[*key] += tree[i];
+    for (std::size_t rank = sorted.size(); rank > 0; --rank) {
+        const std::size_t place = sorted[rank - 1];
+        for (std::size_t i = place; i > 0; i &= i - 1) {
+            greaterBefore[place] += tree[i];
         }
-        for (std::size_t i = *key + 1; i < tree.size(); i += i & (~i + 1)) {
+        for (std::size_t i = place + 1; i < tree.size(); i += i & (~i + 1)) {
             ++tree[i];
         }
     }

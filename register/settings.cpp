@@ -120,7 +120,7 @@ void SettingsTable::Assign(TextView key, TextView value) {
                        [](TextView name) { return LowerCase(name); });
         return keys;
     }();
-    const auto found = std::find(loweredKeys.begin(), loweredKeys.end(), LowerCase(key));
+    const auto* found = std::find(loweredKeys.begin(), loweredKeys.end(), LowerCase(key));
     if (found != loweredKeys.end()) {
         rows_[static_cast<std::size_t>(found - loweredKeys.begin())].Value = value;
     }
