@@ -1,5 +1,5 @@
-// A desktop that plays prepared answers and keeps a transcript of every call. An unprepared question
-// fails the test at once, an answer left over fails it at the end.
+// A desktop that plays prepared answers and keeps a transcript of every call. An unprepared
+// question fails the test at once, an answer left over fails it at the end.
 #pragma once
 
 #include "base/desktop.h"
@@ -16,7 +16,8 @@ class ScriptedDesktop : public Desktop {
   public:
     ~ScriptedDesktop() override;
 
-    // Answers, in the order of the questions. The message box that only has an OK button needs none.
+    // Answers, in the order of the questions. The message box that only has an OK button needs
+    // none.
     ScriptedDesktop& AnswerBox(Button button);
     ScriptedDesktop& AnswerText(std::optional<Text> answer);
     ScriptedDesktop& AnswerFile(std::optional<FilePath> answer);
@@ -36,8 +37,8 @@ class ScriptedDesktop : public Desktop {
     /// The texts of the status lines alone.
     [[nodiscard]] std::vector<std::string> Statuses() const;
 
-    /// What happens when the entry is to be shown or the list to be built; nothing by default. Tests
-    /// of the main window's handlers let these compute the fields.
+    /// What happens when the entry is to be shown or the list to be built; nothing by default.
+    /// Tests of the main window's handlers let these compute the fields.
     std::function<void()> OnShowEntry;
     std::function<void()> OnRebuildList;
 

@@ -1,0 +1,47 @@
+// Sorting random names, with all its passes' texts, against std::stable_sort on the lowered names.
+#include "benchmarks/registers.h"
+#include "devicefiles/sortregister.h"
+#include "tests/support/idledesktop.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+
+namespace norvik::benchmarks {
+
+namespace {
+
+void Sort(benchmark::State& run) {
+    const RegisterState unsorted = RandomRegister(static_cast<int>(run.range(0)));
+    RegisterState state = unsorted;
+    test::IdleDesktop desktop;
+    for (auto _ : run) {
+        run.PauseTiming();
+        state.RegisterOrder = unsorted.RegisterOrder;
+        run.ResumeTiming();
+        int place = 1;
+        SortRegister(state, place, desktop);
+        benchmark::DoNotOptimize(place);
+    }
+}
+BENCHMARK(Sort)->Arg(250)->Arg(500)->Arg(1000)->Arg(2000)->Unit(benchmark::kMicrosecond);
+
+void Sort_Baseline(benchmark::State& run) {
+    const RegisterState unsorted = RandomRegister(static_cast<int>(run.range(0)));
+    std::vector<Text> lowered;
+    for (int position = 1; position <= unsorted.AnzGes; ++position) {
+        lowered.push_back(LowerCase(EntryAt(unsorted, position).Name));
+    }
+    for (auto _ : run) {
+        run.PauseTiming();
+        std::vector<Text> keys = lowered;
+        run.ResumeTiming();
+        std::stable_sort(keys.begin(), keys.end());
+        benchmark::DoNotOptimize(keys);
+    }
+}
+BENCHMARK(Sort_Baseline)->Arg(250)->Arg(500)->Arg(1000)->Arg(2000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+}  // namespace norvik::benchmarks

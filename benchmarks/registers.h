@@ -1,0 +1,12 @@
+// Registers to measure with.
+#pragma once
+
+#include "register/register.h"
+
+namespace norvik::benchmarks {
+
+/// `count` entries with random names of 5 to 20 letters, numbers, up to six info lines and all
+/// other values a 195 file can hold. The same for every run.
+RegisterState RandomRegister(int count);
+
+}  // namespace norvik::benchmarks

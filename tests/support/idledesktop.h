@@ -1,0 +1,29 @@
+// A desktop that does nothing and answers every question with its default, for the benchmarks and
+// the fuzz targets.
+#pragma once
+
+#include "base/desktop.h"
+
+namespace norvik::test {
+
+class IdleDesktop : public Desktop {
+  public:
+    Button Ask(const MessageBox& box) override { return box.defaultButton; }
+    std::optional<Text> AskForText(const InputBox& /*box*/) override { return std::nullopt; }
+    std::optional<FilePath> AskForFileToOpen(const FileDialog& /*dialog*/) override {
+        return std::nullopt;
+    }
+    std::optional<FilePath> AskForFileToSave(const FileDialog& /*dialog*/) override {
+        return std::nullopt;
+    }
+    void SetStatus(TextView /*text*/) override {}
+    void Beep() override {}
+    void SetPointer(Pointer /*pointer*/) override {}
+    void ShowEntry() override {}
+    void RebuildList() override {}
+    void ShowCurrentFile() override {}
+    void FocusField(int /*field*/) override {}
+    void CloseMainWindow() override {}
+};
+
+}  // namespace norvik::test
