@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Runs every fuzz target for the given number of minutes, prints its executions, and the lines of
 # the reader's sources that the found inputs cover: scripts/fuzz.sh [MINUTES] [TARGET…]
-# What it finds stays in build/fuzz/findings/; found inputs in build/fuzz/corpus/.
+# MINUTES is a whole number from 1 on. What it finds stays in build/fuzz/findings/; found inputs in
+# build/fuzz/corpus/.
 set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -10,6 +11,10 @@ install_missing cmake ninja-build "${FUZZ_PACKAGES[@]}"
 
 minutes=${1:-1}
 shift || true
+if [ "$minutes" -lt 1 ]; then
+    echo "usage: scripts/fuzz.sh [MINUTES] [TARGET…]" >&2
+    exit 2
+fi
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 # The same targets once more, with coverage counters and without sanitizers.
