@@ -280,6 +280,7 @@ QLineEdit* MakeDiagnosticField(int number, const QString& caption, QWidget* pare
     quiet.setColor(QPalette::Text, quiet.color(QPalette::PlaceholderText));
     field->setPalette(quiet);
     field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("FF (2000)  ")));
+    field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     return field;
 }
 
