@@ -1,5 +1,7 @@
 #include "base/numbers.h"
 
+#include "base/runtimeerror.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -106,6 +108,23 @@ double ParseDecimal(TextView text) {
         value = tiny ? 0 : std::numeric_limits<double>::max();
     }
     return negative ? -value : value;
+}
+
+long long LeadingInteger(TextView text, long long least, long long most) {
+    // Far beyond every field, and far enough from the type's own end for one more digit.
+    constexpr long long Ceiling = std::numeric_limits<long long>::max() / 100;
+    const TextView rest = text.substr(std::min(text.find_first_not_of(u' '), text.size()));
+    const bool hasSign = !rest.empty() && (rest[0] == u'-' || rest[0] == u'+');
+    const std::size_t start = hasSign ? 1 : 0;
+    long long value = 0;
+    for (const char16_t digit : rest.substr(start, EndOfDigits(rest, start) - start)) {
+        value = std::min(value * 10 + (digit - u'0'), Ceiling);
+    }
+    value = hasSign && rest[0] == u'-' ? -value : value;
+    if (value < least || value > most) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return value;
 }
 
 Text FormatAmount(double amount) {

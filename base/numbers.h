@@ -13,6 +13,10 @@ namespace norvik {
 /// number beyond a double's range gives the largest double.
 double ParseDecimal(TextView text);
 
+/// The leading whole number of `text`: leading blanks, a sign, digits; no digits give 0 ("12abc"
+/// gives 12). Raises error 6 for a number below `least` or above `most`.
+long long LeadingInteger(TextView text, long long least, long long most);
+
 /// `amount` in the format "##0.00" with a decimal comma, rounded half away from zero on its decimal
 /// value of 15 significant digits: 2.675 gives "2,68", -0.001 gives "0,00".
 Text FormatAmount(double amount);

@@ -2,6 +2,7 @@
 
 #include "devicefiles/followload.h"
 #include "devicefiles/registerfile.h"
+#include "devicefiles/undefinederror.h"
 
 namespace norvik {
 
@@ -18,7 +19,7 @@ void ReportError(const RuntimeError& error, Desktop& desktop) {
                      .icon = Icon::Critical});
         return;
     default:
-        desktop.Ask({.text = u"Undef'd Error: mnuDateiLoadNV:" + error.NumberAndDescription()});
+        ReportUndefinedError(u"mnuDateiLoadNV", error, desktop);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "devicefiles/registerfilereader.h"
 
 #include "devicefiles/devicecharacters.h"
-#include "tools/checkregister.h"
 
 #include <algorithm>
 #include <limits>
@@ -157,31 +156,6 @@ int ReadRegisterFile(RegisterState& state, ByteView bytes, Desktop& desktop) {
     }
     desktop.SetPointer(Pointer::Hourglass);
     return ReadRegisterRecords(state, file);
-}
-
-void LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
-    ResetRegister(state);
-    state.LoadReport.clear();
-    int count = 0;
-    try {
-        const Bytes bytes = ReadWholeFile(path);
-        state.File.Path = path;
-        state.File.Modified = LastModified(path);
-        count = ReadRegisterFile(state, bytes, desktop);
-    } catch (const RuntimeError& error) {
-        desktop.Ask({.text = u"mnuLade193195: " + error.NumberAndDescription(), .title = u""});
-        return;
-    }
-    desktop.SetPointer(Pointer::Normal);
-    if (!state.LoadReport.empty()) {
-        desktop.Ask({.text = state.LoadReport, .title = u"Debugs beim Einlesen"});
-        state.LoadReport.clear();
-    }
-    SetCount(state, count);
-    RefreshStatus(state, desktop);
-    CheckRegister(state, desktop);
-    state.File.Type = state.LoadedModel;
-    desktop.ShowCurrentFile();
 }
 
 }  // namespace norvik

@@ -38,8 +38,8 @@ std::int32_t ReadInteger(RegisterFileBytes& file, std::int32_t limit);
 /// record and error 6 for a value too large for its field; throws HardStop for a wrong string tag.
 int ReadRegisterRecords(RegisterState& state, RegisterFileBytes& file);
 
-/// Reads a whole file: looks at its header, of which a deviating one is only reported, and reads the
-/// records. Sets LoadedModel and ReadTrace; gives and raises what ReadRegisterRecords does.
+/// Reads a whole file: looks at its header, of which a deviating one is only reported, and reads
+/// the records. Sets LoadedModel and ReadTrace; gives and raises what ReadRegisterRecords does.
 int ReadRegisterFile(RegisterState& state, ByteView bytes, Desktop& desktop);
 
 }  // namespace norvik

@@ -1,4 +1,5 @@
-// Any bytes as a settings file: read, applied, its price shown.
+// Any bytes as a settings file: read, applied, its price shown; what is written of it reads the
+// same.
 #include "register/settings.h"
 
 #include <cstdlib>
@@ -9,6 +10,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     norvik::ApplySettings(settings);
     for (int row = 26; row <= norvik::SettingsRows; ++row) {
         if (!settings.Table.At(row).Value.empty()) {
+            std::abort();
+        }
+    }
+    norvik::SettingsTable again;
+    norvik::ReadSettings(norvik::BytesFromText(norvik::SettingsText(settings.Table)), again);
+    for (int row = 1; row <= norvik::SettingsRows; ++row) {
+        if (again.At(row).Value != settings.Table.At(row).Value) {
             std::abort();
         }
     }

@@ -56,6 +56,8 @@ struct MainWindowFields {
     std::vector<Text> TelRegListe;
     EditState btnSaveChange = EditState::Neutral;
     bool btnSearchMoreEnabled = false;
+    /// The check mark of the menu item: doubled lines of a CSV file are left out.
+    bool mnuExtraDoubles = false;
     /// The menu items that save the register, all together.
     bool SaveMenusEnabled = false;
 };

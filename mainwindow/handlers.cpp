@@ -4,6 +4,8 @@
 #include "devicefiles/sortregister.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/showentry.h"
+#include "textformats/globalize.h"
+#include "tools/mnubearbeitenkillmsn.h"
 
 namespace norvik {
 
@@ -124,6 +126,30 @@ void Anzeigefeld_KeyDown(Program& program, int field, FieldKey key, bool shift, 
     }
     const std::size_t step = key == FieldKey::Up ? FieldCycle.size() - 1 : 1;
     desktop.FocusField(FieldCycle.at((PlaceInCycle(field) + step) % FieldCycle.size()));
+}
+
+void Bild1_Click(const Program& program, Desktop& desktop) {
+    const Text number = desktop
+                            .AskForText({.prompt = u"Testeingabe Internationalisierung",
+                                         .title = Text(ProgramName)})
+                            .value_or(Text());
+    if (number.empty()) {
+        return;
+    }
+    const Text converted = Globalize(number, GlobalizeMode::International, program.Set, desktop);
+    desktop.Ask({.text = number + u": " + converted,
+                 .title = u"Internationalisierung",
+                 .icon = Icon::Information});
+}
+
+void mnuBearbeitenKillMSN_Click(Program& program, Desktop& desktop) {
+    if (mnuBearbeitenKillMSN(program.State, desktop)) {
+        program.Fields.DDMSN = 0;
+    }
+}
+
+void mnuExtraDoubles_Click(Program& program) {
+    program.Fields.mnuExtraDoubles = !program.Fields.mnuExtraDoubles;
 }
 
 bool MayClose(const Program& program, Desktop& desktop) {

@@ -42,6 +42,14 @@ enum class FieldKey { Return, Down, Up };
 /// Return and Down store the entry first.
 void Anzeigefeld_KeyDown(Program& program, int field, FieldKey key, bool shift, Desktop& desktop);
 
+/// Asks for a number and shows its international form.
+void Bild1_Click(const Program& program, Desktop& desktop);
+
+/// Removes the outgoing MSN of all entries; the shown entry's choice follows at once.
+void mnuBearbeitenKillMSN_Click(Program& program, Desktop& desktop);
+/// Reverses the check mark.
+void mnuExtraDoubles_Click(Program& program);
+
 /// Whether the window may close: asks while the register is not saved.
 bool MayClose(const Program& program, Desktop& desktop);
 

@@ -1,8 +1,15 @@
 #include "mainwindow/menu.h"
 
+#include "devicefiles/lineaccesszero.h"
+#include "devicefiles/mnudateiload175.h"
 #include "devicefiles/mnudateiloadnv.h"
+#include "devicefiles/mnudateisave175.h"
 #include "devicefiles/mnudateisave193.h"
 #include "devicefiles/mnudateisavenv.h"
+#include "mainwindow/handlers.h"
+#include "textformats/mnudateiloadcsv.h"
+#include "textformats/mnudateisavecsv.h"
+#include "textformats/mnudateisaveip286.h"
 
 namespace norvik {
 
@@ -14,16 +21,35 @@ void OnState(Program& program, Desktop& desktop) {
     Operation(program.State, desktop);
 }
 
+void LoadCSVWithOption(Program& program, Desktop& desktop) {
+    mnuDateiLoadCSV(program.State, program.Set, program.Fields.mnuExtraDoubles, desktop);
+}
+
 void mnuDateiBeenden(Program& /*program*/, Desktop& desktop) {
     desktop.CloseMainWindow();
 }
 
+void ToggleDoubles(Program& program, Desktop& /*desktop*/) {
+    mnuExtraDoubles_Click(program);
+}
+
 // clang-format off
 constexpr MenuRow Rows[] = {
-    {"mnuDatei", u"&Datei", "mnuDateiLoadNV",  u"norvik 195/193 &laden...", "Ctrl+O", 1, false, OnState<mnuDateiLoadNV>},
-    {"mnuDatei", u"&Datei", "mnuDateiSaveNV",  u"norvik 195 &speichern",    "",       2, true,  OnState<mnuDateiSaveNV>},
-    {"mnuDatei", u"&Datei", "MNUDateiSave193", u"norvik 19&3 speichern",    "",       2, true,  OnState<MNUDateiSave193>},
-    {"mnuDatei", u"&Datei", "mnuDateiBeenden", u"&Beenden",                 "",       3, false, mnuDateiBeenden},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadNV",    u"norvik 195/193 &laden...",            "Ctrl+O", 1, false, OnState<mnuDateiLoadNV>},
+    {"mnuDatei", u"&Datei", "mnuDateiLoad175",   u"norvik 175 la&den...",                "",       1, false, OnState<mnuDateiLoad175>},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadCSV",   u"&CSV laden...",                       "",       1, false, LoadCSVWithOption},
+    {"mnuDatei", u"&Datei", "mnuDateiSaveNV",    u"norvik 195 &speichern",               "",       2, true,  OnState<mnuDateiSaveNV>},
+    {"mnuDatei", u"&Datei", "MNUDateiSave193",   u"norvik 19&3 speichern",               "",       2, true,  OnState<MNUDateiSave193>},
+    {"mnuDatei", u"&Datei", "mnuDateiSave175",   u"norvik 1&75 speichern",               "",       2, true,  OnState<mnuDateiSave175>},
+    {"mnuDatei", u"&Datei", "mnuDateiSaveCSV",   u"&Als CSV speichern",                  "",       2, true,  OnState<mnuDateiSaveCSV>},
+    {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren...",      "",       3, false, OnState<mnuDateiSaveIP286>},
+    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       4, false, mnuDateiBeenden},
+
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, OnState<mnuBearbeitenNullHinzu>},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, OnState<mnuBearbeitenNullEntf>},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenKillMSN",   u"Abgehende &MSN löschen...",         "", 2, false, mnuBearbeitenKillMSN_Click},
+
+    {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"Beim CSV-Einlesen Doubletten vermeiden", "", 1, false, ToggleDoubles, &MainWindowFields::mnuExtraDoubles},
 };
 // clang-format on
 

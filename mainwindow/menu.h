@@ -18,6 +18,7 @@ struct MenuRow {
     int Group;                  ///< a separator stands between the groups of a menu
     bool SavesRegister;         ///< enabled and disabled together by EnableSaveMenus
     void (*Run)(Program&, Desktop&);
+    bool MainWindowFields::*Check = nullptr;  ///< the item's check mark, if it has one
 };
 
 /// All menu items, in their order, the items of a menu together.

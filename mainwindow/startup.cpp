@@ -2,9 +2,11 @@
 
 #include "base/runtimeerror.h"
 #include "devicefiles/followload.h"
+#include "devicefiles/mnudateiload175.h"
 #include "devicefiles/registerfile.h"
 #include "mainwindow/commandline.h"
 #include "mainwindow/operations.h"
+#include "textformats/mnudateiloadcsv.h"
 #include "tools/tonenames.h"
 
 #include <algorithm>
@@ -36,21 +38,35 @@ void ShowEmptyRegister(Program& program, Desktop& desktop) {
     RefreshStatus(program.State, desktop);
 }
 
-void LoadStartFile(Program& program, Desktop& desktop) {
+/// Loads the start file as its ending says; a failure was reported when this gives false.
+bool LoadByEnding(Program& program, TextView startFile, Desktop& desktop) {
     constexpr std::size_t EndingLength = 3;
-    const Text startFile = std::exchange(program.Set.StartFile, Text());
+    RegisterState& state = program.State;
+    const FilePath path = FindIgnoringCase(PathFromText(startFile));
     const TextView ending =
         Slice(startFile, startFile.size() - std::min(startFile.size(), EndingLength));
-    RegisterState& state = program.State;
-    if (ending != u"t9t") {
-        desktop.Ask({.text = startFile + u" kann nicht automatisch geladen werden",
-                     .title = u"Autoload",
-                     .icon = Icon::Critical});
-        ShowFirstEntry(state, desktop);
-        return;
+    if (ending == u"t9t") {
+        LoadRegisterFile(state, path, desktop);  // reports, and its menu item goes on all the same
+        return true;
     }
-    LoadRegisterFile(state, FindIgnoringCase(PathFromText(startFile)), desktop);
-    if (state.AnzGes > 0) {
+    if (ending == u"pbo") {
+        return Load175OrReport(state, path, desktop);
+    }
+    if (ending == u"csv") {
+        return LoadCSVOrReport(state, program.Set, path, desktop);
+    }
+    desktop.Ask({.text = Text(startFile).append(u" kann nicht automatisch geladen werden"),
+                 .title = u"Autoload",
+                 .icon = Icon::Critical});
+    return false;
+}
+
+void LoadStartFile(Program& program, Desktop& desktop) {
+    const Text startFile = std::exchange(program.Set.StartFile, Text());
+    RegisterState& state = program.State;
+    if (!LoadByEnding(program, startFile, desktop)) {
+        ShowFirstEntry(state, desktop);
+    } else if (state.AnzGes > 0) {
         FollowLoad(state, desktop);
     } else {
         state.WarnLineAccessZero = true;

@@ -5,6 +5,7 @@
 #include "mainwindow/operations.h"
 #include "mainwindow/startup.h"
 #include "qt/entryfield.h"
+#include "qt/phonepicture.h"
 #include "qt/registerlist.h"
 #include "qt/textconversion.h"
 
@@ -95,6 +96,10 @@ void MainWindow::MakeMenus() {
         if (row.SavesRegister) {
             saveActions_.push_back(action);
         }
+        if (row.Check != nullptr) {
+            action->setCheckable(true);
+            checkActions_.emplace_back(action, row.Check);
+        }
         connect(action, &QAction::triggered, this,
                 [this, run = row.Run] { Run([&] { run(program_, desktop_); }); });
     }
@@ -160,6 +165,8 @@ void MainWindow::ConnectButtons() {
     onClick(widgets_.btnErase, btnErase_Click);
     onClick(widgets_.btnSearch, btnSearch_Click);
     onClick(widgets_.btnSearchMore, btnSearchMore_Click);
+    connect(widgets_.Bild1, &PhonePicture::clicked, this,
+            [this] { Run([&] { Bild1_Click(program_, desktop_); }); });
     connect(widgets_.btnEraseCharge, &QPushButton::clicked, this,
             [this] { Run([&] { btnEraseCharge_Click(program_); }); });
 }
@@ -228,6 +235,9 @@ void MainWindow::Draw() {
     widgets_.btnSearchMore->setEnabled(fields.btnSearchMoreEnabled);
     for (QAction* action : saveActions_) {
         action->setEnabled(fields.SaveMenusEnabled);
+    }
+    for (const auto& [action, check] : checkActions_) {
+        action->setChecked(fields.*check);
     }
     SelectListRow();
     drawing_ = before;

@@ -60,6 +60,7 @@ class MainWindow : public QMainWindow {
     MainWindowWidgets widgets_;
     RegisterListModel* model_;
     std::vector<QAction*> saveActions_;
+    std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
     /// The program changes widgets; what they signal is no doing of the user.
     bool drawing_ = false;
     int running_ = 0;

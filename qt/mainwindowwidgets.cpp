@@ -232,8 +232,8 @@ QLayout* MakeCountLine(MainWindowWidgets& widgets, QWidget* parent) {
 }
 
 QLayout* MakeHead(MainWindowWidgets& widgets, QWidget* parent) {
-    auto* picture = new PhonePicture(parent);
-    Name(picture, "Bild1", QStringLiteral("Telefon"));
+    widgets.Bild1 = new PhonePicture(parent);
+    Name(widgets.Bild1, "Bild1", QStringLiteral("Rufnummer umwandeln (Test)"));
     widgets.Satzwahl = new QScrollBar(Qt::Horizontal, parent);
     Name(widgets.Satzwahl, "Satzwahl", QStringLiteral("Satzwahl"));
     widgets.Satzwahl->setFocusPolicy(Qt::StrongFocus);
@@ -241,7 +241,7 @@ QLayout* MakeHead(MainWindowWidgets& widgets, QWidget* parent) {
     // While the scroll box is dragged only the number follows.
     widgets.Satzwahl->setTracking(false);
     auto* head = new QGridLayout;
-    head->addWidget(picture, 0, 0, 2, 1);
+    head->addWidget(widgets.Bild1, 0, 0, 2, 1);
     head->addLayout(MakeCountLine(widgets, parent), 0, 1);
     head->addWidget(widgets.Satzwahl, 1, 1);
     head->setColumnStretch(1, 1);
@@ -367,7 +367,7 @@ QWidget* MakeScrollable(QWidget* panel, QWidget* parent) {
 }
 
 void SetTabOrder(const MainWindowWidgets& widgets) {
-    std::vector<QWidget*> order = {widgets.Satzwahl};
+    std::vector<QWidget*> order = {widgets.Bild1, widgets.Satzwahl};
     for (EntryField* field : widgets.Texts) {
         if (field != nullptr) {
             order.push_back(field);

@@ -19,6 +19,7 @@ class QWidget;
 namespace norvik {
 
 class EntryField;
+class PhonePicture;
 class RegisterListView;
 
 struct MainWindowWidgets {
@@ -44,6 +45,7 @@ struct MainWindowWidgets {
     QLabel* Status = nullptr;
     QLabel* AnzQuelle = nullptr;
     QLabel* AnzQuellZeit = nullptr;
+    PhonePicture* Bild1 = nullptr;
     QPushButton* btnSaveChange = nullptr;
     QPushButton* btnNew = nullptr;
     QPushButton* btnErase = nullptr;

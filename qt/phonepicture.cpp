@@ -1,7 +1,11 @@
 #include "qt/phonepicture.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 
 namespace norvik {
 
@@ -42,6 +46,8 @@ void DrawKeys(QPainter& painter) {
 
 PhonePicture::PhonePicture(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::TabFocus);
+    setToolTip(QStringLiteral("Rufnummer umwandeln (Test)"));
 }
 
 QSize PhonePicture::sizeHint() const {
@@ -60,6 +66,30 @@ void PhonePicture::paintEvent(QPaintEvent* /*event*/) {
     DrawHandset(painter);
     painter.setBrush(palette().color(QPalette::HighlightedText));
     DrawKeys(painter);
+    if (hasFocus()) {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        painter.resetTransform();
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+}
+
+void PhonePicture::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+        emit clicked();
+    }
+}
+
+void PhonePicture::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit clicked();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 }  // namespace norvik

@@ -12,8 +12,14 @@ class PhonePicture : public QWidget {
 
     [[nodiscard]] QSize sizeHint() const override;
 
+  signals:
+    /// By the mouse, or by Space or Return.
+    void clicked();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace norvik

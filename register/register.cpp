@@ -56,6 +56,16 @@ void ClearEntry(RegisterState& state, int index) {
     entry.Listed = listed;
 }
 
+std::vector<int> UsedIndices(const RegisterState& state) {
+    std::vector<int> indices;
+    indices.reserve(static_cast<std::size_t>(std::max(0, state.AnzGes)));
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        indices.push_back(state.RegisterOrder(position));
+    }
+    std::sort(indices.begin(), indices.end());
+    return indices;
+}
+
 void SetCount(RegisterState& state, int count) {
     state.AnzGes = count;
     state.Satzwahl.Maximum = std::max(1, count);

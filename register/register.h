@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace norvik {
 
@@ -53,6 +54,10 @@ void ResetRegister(RegisterState& state);
 
 /// Makes the entry at table index `index` an empty one; its listed mark stays.
 void ClearEntry(RegisterState& state, int index);
+
+/// The table indices that positions 1 to count name, in ascending order: the order in which the
+/// operations that go through the table itself visit the shown entries.
+std::vector<int> UsedIndices(const RegisterState& state);
 
 /// Sets the count and with it the selector's maximum. Does not touch the shown position.
 void SetCount(RegisterState& state, int count);

@@ -66,26 +66,6 @@ void AddSectionHeader(Text& text, TextView header) {
     AddLine(text, header);
 }
 
-Text SettingsText(const SettingsTable& table) {
-    Text text;
-    for (const TextView comment : Comments) {
-        AddLine(text, comment);
-    }
-    for (int row = 1; row <= SettingsRows; ++row) {
-        for (const Section& section : Sections) {
-            if (row == static_cast<int>(section.first)) {
-                AddSectionHeader(text, section.header);
-            }
-        }
-        const SettingsTable::Row& entry = table.At(row);
-        if (!entry.Value.empty()) {
-            AddLine(text, entry.Key + u"=" + entry.Value);
-        }
-    }
-    AddSectionHeader(text, EndSection);
-    return text;
-}
-
 FilePath SettingsPath(const FilePath& folder) {
     return FindIgnoringCase(folder / FilePath(SettingsFileName));
 }
@@ -138,6 +118,26 @@ void ReadSettings(ByteView file, SettingsTable& table) {
         }
         table.Assign(TrimBlanks(line.substr(0, equals)), TrimBlanks(line.substr(equals + 1)));
     }
+}
+
+Text SettingsText(const SettingsTable& table) {
+    Text text;
+    for (const TextView comment : Comments) {
+        AddLine(text, comment);
+    }
+    for (int row = 1; row <= SettingsRows; ++row) {
+        for (const Section& section : Sections) {
+            if (row == static_cast<int>(section.first)) {
+                AddSectionHeader(text, section.header);
+            }
+        }
+        const SettingsTable::Row& entry = table.At(row);
+        if (!entry.Value.empty()) {
+            AddLine(text, entry.Key + u"=" + entry.Value);
+        }
+    }
+    AddSectionHeader(text, EndSection);
+    return text;
 }
 
 void ReadSettingsFile(const FilePath& folder, SettingsTable& table) {

@@ -82,6 +82,10 @@ inline constexpr TextView SettingsFileName = u"norvik.ini";
 /// without "=" or with a key of fewer than two characters are ignored.
 void ReadSettings(ByteView file, SettingsTable& table);
 
+/// The whole text of a settings file: comments, the four sections with the rows that have a value,
+/// and the end mark.
+Text SettingsText(const SettingsTable& table);
+
 /// Reads "norvik.ini" in the program's folder; raises error 53 when there is none.
 void ReadSettingsFile(const FilePath& folder, SettingsTable& table);
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "base/desktop.h"
+#include "register/register.h"
+
+namespace norvik {
+
+/// Asks for a 175 phonebook file, loads, checks and sorts it and shows its first entry. A failure
+/// is reported and ends the operation.
+void mnuDateiLoad175(RegisterState& state, Desktop& desktop);
+
+/// Loads a 175 phonebook file; a failure is reported as that of mnuDateiLoad175. Gives whether the
+/// file was loaded.
+bool Load175OrReport(RegisterState& state, const FilePath& path, Desktop& desktop);
+
+}  // namespace norvik

@@ -1,0 +1,18 @@
+// The name and number file that the IP 286 imports. docs/formats/ip286.md describes it.
+#pragma once
+
+#include "base/desktop.h"
+#include "register/register.h"
+
+namespace norvik {
+
+/// The telephone keeps at most so many entries.
+inline constexpr int LargestIP286Register = 300;
+
+/// Writes name and number of every entry, in the register's order, whose number holds none of the
+/// exclusion texts, and reports how many. `exclusions` holds texts separated by "|"; empty ones
+/// exclude nothing. Raises what writing raises, and reports nothing then.
+void ExportIP286(const RegisterState& state, const FilePath& file, TextView exclusions,
+                 Desktop& desktop);
+
+}  // namespace norvik

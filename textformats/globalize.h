@@ -1,0 +1,21 @@
+// Cleaning telephone numbers and turning them into their international form.
+#pragma once
+
+#include "base/desktop.h"
+#include "register/settings.h"
+
+namespace norvik {
+
+enum class GlobalizeMode {
+    CleanForTelephone = 0,  ///< keeps what a telephone can dial, internal marks included
+    Clean = 1,              ///< keeps digits, "p", "w" and a leading "+"
+    AddArea = 2,            ///< and puts the area prefix in front of a local number
+    International = 3,      ///< and turns the number into "00", country, number
+    InternationalPlus = 4,  ///< and writes "+" for the leading "00"
+};
+
+/// The number cleaned and converted as `mode` says, with the prefixes of the settings. A result
+/// that begins with "+0" is reported and returned all the same.
+Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, Desktop& desktop);
+
+}  // namespace norvik

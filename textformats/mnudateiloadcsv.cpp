@@ -1,0 +1,34 @@
+#include "textformats/mnudateiloadcsv.h"
+
+#include "devicefiles/followload.h"
+#include "devicefiles/undefinederror.h"
+#include "textformats/csvformat.h"
+
+namespace norvik {
+
+void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, bool avoidDoubles,
+                     Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToOpen(
+        {.filter = u"CSV-Datei|*.csv|Alle Dateien|*.*", .ending = std::string(csvformat::Ending)});
+    if (!chosen) {
+        return;
+    }
+    FilePath file = avoidDoubles ? "#D" : "";
+    file += WithEnding(*chosen, csvformat::Ending);
+    if (LoadCSVOrReport(state, settings, file, desktop)) {
+        FollowLoad(state, desktop);
+    }
+}
+
+bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FilePath& file,
+                     Desktop& desktop) {
+    try {
+        LoadCSV(state, file, settings, desktop);
+        return true;
+    } catch (const RuntimeError& error) {
+        ReportUndefinedError(u"mnuDateiLoadCSV", error, desktop);
+        return false;
+    }
+}
+
+}  // namespace norvik
