@@ -51,12 +51,17 @@ EntryField::EntryField(const FieldRule& rule, QWidget* parent)
 
 void EntryField::Show(TextView text) {
     const QString shown = ToQString(text);
-    undo_.clear();
     if (shown == QLineEdit::text()) {
         return;
     }
+    undo_.clear();
     validator_->Show(shown);
-    setCursorPosition(hasFocus() ? EndOfText() : 0);
+    // The field may have the focus of a window that is not active while a box is shown.
+    setCursorPosition(window()->focusWidget() == this ? EndOfText() : 0);
+}
+
+void EntryField::ForgetUndo() {
+    undo_.clear();
 }
 
 void EntryField::keyPressEvent(QKeyEvent* event) {

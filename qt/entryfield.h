@@ -41,7 +41,10 @@ class EntryField : public QLineEdit {
   public:
     EntryField(const FieldRule& rule, QWidget* parent);
 
+    /// Shows a text of the program's.
     void Show(TextView text);
+    /// Another entry is shown: what was typed before is not undone into it.
+    void ForgetUndo();
 
   signals:
     void keyPressed(norvik::FieldKey key, bool shift);

@@ -286,6 +286,11 @@ void MainWindow::SelectListRow() {
 
 void MainWindow::ShowCurrentEntry() {
     ShowEntry(program_);
+    for (EntryField* field : widgets_.Texts) {
+        if (field != nullptr) {
+            field->ForgetUndo();
+        }
+    }
     Draw();
 }
 

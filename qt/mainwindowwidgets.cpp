@@ -4,12 +4,14 @@
 #include "qt/phonepicture.h"
 #include "qt/registerlist.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
@@ -231,10 +233,30 @@ QLayout* MakeCountLine(MainWindowWidgets& widgets, QWidget* parent) {
     return line;
 }
 
+/// Left and Right move the scroll box the way they point.
+class RecordScrollBar : public QScrollBar {
+  public:
+    using QScrollBar::QScrollBar;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        switch (event->key()) {
+        case Qt::Key_Left:
+            triggerAction(SliderSingleStepSub);
+            return;
+        case Qt::Key_Right:
+            triggerAction(SliderSingleStepAdd);
+            return;
+        default:
+            QScrollBar::keyPressEvent(event);
+        }
+    }
+};
+
 QLayout* MakeHead(MainWindowWidgets& widgets, QWidget* parent) {
     widgets.Bild1 = new PhonePicture(parent);
     Name(widgets.Bild1, "Bild1", QStringLiteral("Rufnummer umwandeln (Test)"));
-    widgets.Satzwahl = new QScrollBar(Qt::Horizontal, parent);
+    widgets.Satzwahl = new RecordScrollBar(Qt::Horizontal, parent);
     Name(widgets.Satzwahl, "Satzwahl", QStringLiteral("Satzwahl"));
     widgets.Satzwahl->setFocusPolicy(Qt::StrongFocus);
     widgets.Satzwahl->setRange(1, 1);
@@ -349,7 +371,14 @@ QWidget* MakeListPanel(MainWindowWidgets& widgets, QWidget* parent) {
 /// Keeps its panel usable on a screen that is too small for it; else it shows the whole panel.
 class PanelArea : public QScrollArea {
   public:
-    using QScrollArea::QScrollArea;
+    explicit PanelArea(QWidget* parent) : QScrollArea(parent) {
+        // The toolkit follows the Tab key within the panel only.
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, QWidget* now) {
+            if (now != nullptr && isAncestorOf(now)) {
+                ensureWidgetVisible(now);
+            }
+        });
+    }
 
     [[nodiscard]] QSize sizeHint() const override {
         return widget() == nullptr ? QScrollArea::sizeHint() : widget()->sizeHint();

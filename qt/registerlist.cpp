@@ -29,7 +29,11 @@ QVariant RegisterListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
         return {};
     }
-    return ToQString(Row(index.row()));
+    const QString row = ToQString(Row(index.row()));
+    // A tool tip knows markup, a row holds none.
+    return role == Qt::DisplayRole
+               ? row
+               : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(row.toHtmlEscaped());
 }
 
 RegisterListView::RegisterListView(QWidget* parent) : QListView(parent) {
@@ -68,6 +72,9 @@ void RegisterListView::keyPressEvent(QKeyEvent* event) {
 }
 
 void RegisterListView::mousePressEvent(QMouseEvent* event) {
+    if (!indexAt(event->position().toPoint()).isValid()) {
+        return;  // below the rows there is nothing to choose
+    }
     deferred_ = true;
     QListView::mousePressEvent(event);
 }

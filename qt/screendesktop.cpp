@@ -7,7 +7,9 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
+#include <QMessageBox>
 
 #include <utility>
 
@@ -50,13 +52,38 @@ QStringList NameFilters(TextView filter) {
     return filters;
 }
 
+/// The toolkit's dialog with its overwrite question in plain text: a file's name is no markup. The
+/// question is asked for the name with its ending.
+class PlainFileDialog : public QFileDialog {
+  public:
+    explicit PlainFileDialog(QWidget* parent) : QFileDialog(parent) {
+        setOption(QFileDialog::DontConfirmOverwrite);
+    }
+
+    void accept() override {
+        const QStringList files = selectedFiles();
+        const QFileInfo file(files.isEmpty() ? QString() : files.constFirst());
+        if (acceptMode() == AcceptSave && file.exists() && !file.isDir()) {
+            QMessageBox question(QMessageBox::Warning, windowTitle(),
+                                 QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
+                                     .arg(file.fileName()),
+                                 QMessageBox::Yes | QMessageBox::No, this);
+            question.setTextFormat(Qt::PlainText);
+            question.setDefaultButton(QMessageBox::No);
+            if (question.exec() != QMessageBox::Yes) {
+                return;
+            }
+        }
+        QFileDialog::accept();
+    }
+};
+
 std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
                                       QWidget* parent) {
-    QFileDialog fileDialog(parent);
+    PlainFileDialog fileDialog(parent);
     fileDialog.setAcceptMode(mode);
     fileDialog.setFileMode(QFileDialog::AnyFile);
     fileDialog.setNameFilters(NameFilters(dialog.filter));
-    // The toolkit asks before replacing the name with its ending.
     fileDialog.setDefaultSuffix(QString::fromStdString(dialog.ending).mid(1));
     if (fileDialog.exec() != QDialog::Accepted || fileDialog.selectedFiles().isEmpty()) {
         return std::nullopt;
