@@ -30,6 +30,10 @@ sources_of() {
         settings) echo register/settings.cpp ;;
         commandline) echo mainwindow/commandline.cpp ;;
         tonenames) echo tools/tonenames.cpp ;;
+        csv) echo textformats/csvreader.cpp textformats/csvsplit.cpp ;;
+        phonebookfile) echo devicefiles/phonebookfilereader.cpp base/lines.cpp ;;
+        globalize) echo textformats/globalize.cpp ;;
+        infoflow) echo textformats/infoflow.cpp ;;
         *) echo "sources_of: which sources does $1 read?" >&2; return 1 ;;
     esac
 }
