@@ -61,6 +61,10 @@ Text LowerCase(TextView text) {
     return Converted(text, [](char16_t c) { return LowerCase(c); });
 }
 
+void MakeLowerCase(Text& text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](char16_t c) { return LowerCase(c); });
+}
+
 Text UpperCase(TextView text) {
     return Converted(text, [](char16_t c) { return UpperCase(c); });
 }

@@ -21,6 +21,8 @@ char16_t LowerCase(char16_t c);
 /// The upper-case form; "ß" has none and comes back as it is.
 char16_t UpperCase(char16_t c);
 Text LowerCase(TextView text);
+/// Lowers a text in its place.
+void MakeLowerCase(Text& text);
 Text UpperCase(TextView text);
 
 /// `text` without the blanks (U+0020 alone) at its ends.

@@ -2,6 +2,8 @@
 #include "devicefiles/phonebookfile.h"
 #include "tools/checkregister.h"
 
+#include <utility>
+
 namespace norvik {
 
 namespace {
@@ -79,7 +81,7 @@ bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desk
     if (TrimBlanks(first) != Identification) {
         Text text = u"Dies ist keine Norvik-175-Registerdatei!";
         text.append(LineEnd).append(u"(").append(first).append(u")");
-        desktop.Ask({.text = text, .title = u"Fehlermeldung", .icon = Icon::Critical});
+        desktop.Ask({.text = std::move(text), .title = u"Fehlermeldung", .icon = Icon::Critical});
         return false;
     }
     ResetRegister(state);

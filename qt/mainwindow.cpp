@@ -27,7 +27,7 @@ namespace norvik {
 namespace {
 
 /// Names from a file may be longer than any list can show.
-constexpr qsizetype LongestItem = 200;
+constexpr std::size_t LongestItem = 200;
 
 QColor ToQColor(const Colour& colour) {
     return {colour.Red, colour.Green, colour.Blue};

@@ -436,6 +436,8 @@ MainWindowWidgets MakeMainWindowWidgets(QMainWindow& window) {
     splitter->setSizes({entry->sizeHint().width(), listWidth});
 
     widgets.Status = MakeDisplay("Status", QStringLiteral("Statuszeile"), &window);
+    // A long text is cut rather than widening the window.
+    widgets.Status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     widgets.Status->setIndent(window.fontMetrics().averageCharWidth());
     window.statusBar()->addWidget(widgets.Status, 1);
     SetTabOrder(widgets);

@@ -72,9 +72,13 @@ Button ClosingButton(const MessageBox& box) {
     return box.buttons.front();
 }
 
-/// The text with the toolkit's line ends.
+/// The text with the toolkit's line ends. A text longer than any report of a whole register, as a
+/// file of another kind may bring it about, is cut: the toolkit would lay it out for minutes.
 QString ShownText(TextView text) {
-    return ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    constexpr std::size_t LongestText = 2'000'000;
+    QString shown = ToQString(Slice(text, 0, LongestText));
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return text.size() > LongestText ? shown + QStringLiteral("\n…") : shown;
 }
 
 bool FitsScreen(const QString& text, const QWidget& widget) {
@@ -91,12 +95,22 @@ bool FitsScreen(const QString& text, const QWidget& widget) {
     return needed.width() <= room.width() && needed.height() <= room.height();
 }
 
+/// Leaves the lines of the text whole: the toolkit would break them at a width of its own.
+void KeepLinesWhole(const QMessageBox& dialog) {
+    if (auto* label = dialog.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        const QRect whole = label->fontMetrics().boundingRect(QRect(), 0, dialog.text());
+        label->setMinimumWidth(std::min(whole.width() + 2 * label->margin() + 1,
+                                        dialog.screen()->availableSize().width() / 2));
+    }
+}
+
 Button ShowShortBox(const MessageBox& box, const QString& text, QWidget* parent) {
     QMessageBox dialog(parent);
     dialog.setTextFormat(Qt::PlainText);
     dialog.setIcon(IconOf(box.icon));
     dialog.setWindowTitle(ToQString(box.title));
     dialog.setText(text);
+    KeepLinesWhole(dialog);
     for (const Button button : box.buttons) {
         dialog.addButton(StandardButtonOf(button));
     }

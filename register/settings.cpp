@@ -110,7 +110,8 @@ void ReadSettings(ByteView file, SettingsTable& table) {
     constexpr std::size_t ShortestKey = 2;
     LineReader lines(file);
     while (!lines.AtEnd()) {
-        const Text lowered = LowerCase(lines.Next());
+        Text lowered = lines.Next();
+        MakeLowerCase(lowered);
         const TextView line = TrimBlanks(lowered);
         const std::size_t equals = line.find(u'=');
         if (equals == TextView::npos || equals < ShortestKey) {

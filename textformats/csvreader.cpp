@@ -81,6 +81,22 @@ void TakeFields(const CsvFields& fields, RegisterEntry& entry, const Settings& s
     entry.MsnFilter = FlagWord(fields);
 }
 
+/// The line before and where its first field stands in it; a line may be large, so no copy is made.
+struct PreviousLine {
+    Text Line;
+    std::size_t NameStart = 0;
+    std::size_t NameLength = 0;
+
+    [[nodiscard]] TextView Name() const { return Slice(Line, NameStart, NameLength); }
+
+    /// `name` is a part of `line`.
+    void Remember(Text&& line, TextView name) {
+        NameStart = name.empty() ? 0 : static_cast<std::size_t>(name.data() - line.data());
+        NameLength = name.size();
+        Line = std::move(line);
+    }
+};
+
 void Note(Text& report, TextView finding, TextView name) {
     report.append(finding).append(name).append(LineEnd);
 }
@@ -93,28 +109,26 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
     LineReader lines(file);
     const bool quoted = !lines.AtEnd() && IsQuotedHeader(lines.Next());
     int count = 0;
-    Text previous;
-    Text previousName;
+    PreviousLine previous;
     while (!lines.AtEnd() && count < RegisterPlaces) {
         Text line = lines.Next();
         const CsvFields fields = quoted ? SplitQuoted(line) : SplitPlain(line);
-        const Text name(fields.Values[Column::Name]);
+        const TextView name = fields.Values[Column::Name];
         const int place = count + 1;
         state.RegisterOrder(place) = static_cast<std::int16_t>(place);
         if (fields.Count < FewestFields) {
             // takes no position
-        } else if (removeDoubles && line == previous) {
+        } else if (removeDoubles && line == previous.Line) {
             Note(state.LoadReport, u"Doublette entfernt: ", name);
         } else {
-            if (name == previousName) {
+            if (name == previous.Name()) {
                 Note(state.LoadReport, u"Doppelter Name: ", name);
             }
             TakeFields(fields, state.Register(place), settings, desktop);
             state.Register(place).RecIndex = static_cast<std::int16_t>(place - 1);
             count = place;
         }
-        previous = std::move(line);
-        previousName = name;
+        previous.Remember(std::move(line), name);
     }
     return count;
 }
