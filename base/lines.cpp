@@ -1,5 +1,7 @@
 #include "base/lines.h"
 
+#include "base/runtimeerror.h"
+
 #include <algorithm>
 
 namespace norvik {
@@ -23,6 +25,13 @@ Text LineReader::Next() {
         rest_ = rest_.subspan(1);
     }
     return line;
+}
+
+Text LineReader::NextOrRaise() {
+    if (AtEnd()) {
+        throw RuntimeError(ErrorNumber::ReadPastEnd);
+    }
+    return Next();
 }
 
 }  // namespace norvik

@@ -16,6 +16,8 @@ class LineReader {
     [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
     /// The next line without its end. Must not be called at the end.
     Text Next();
+    /// The next line; raises error 62 at the end.
+    Text NextOrRaise();
 
   private:
     ByteView rest_;

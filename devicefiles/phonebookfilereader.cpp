@@ -1,8 +1,5 @@
 #include "base/lines.h"
 #include "devicefiles/phonebookfile.h"
-#include "tools/checkregister.h"
-
-#include <utility>
 
 namespace norvik {
 
@@ -12,13 +9,6 @@ using namespace phonebookfile;
 
 constexpr std::size_t InfoWidth = InfoLines * InfoLineWidth;
 
-Text NextLine(LineReader& lines) {
-    if (lines.AtEnd()) {
-        throw RuntimeError(ErrorNumber::ReadPastEnd);
-    }
-    return lines.Next();
-}
-
 /// Reads the eight lines of an entry. Gives false, after a message, at a line that ends it early:
 /// one with a wrong key for the name or number, or, once the file is known to be corrupt, any info
 /// line.
@@ -26,7 +16,7 @@ bool ReadEntry(LineReader& lines, RegisterEntry& entry, bool& corrupt, Desktop& 
     constexpr int NameLine = -1;
     constexpr int TelLine = 0;
     for (int j = NameLine; j <= InfoLines; ++j) {
-        const Text line = NextLine(lines);
+        const Text line = lines.NextOrRaise();
         const TextView key = Slice(line, 0, KeyLength);
         const TextView value = Slice(line, KeyLength);
         if (j == NameLine && key == NameKey) {
@@ -71,31 +61,6 @@ int ReadPhonebookEntries(RegisterState& state, LineReader& lines, Desktop& deskt
         count = place;
     }
     return count;
-}
-
-bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
-    const Bytes bytes = ReadWholeFile(path);
-    const FileTime modified = LastModified(path);
-    LineReader lines(bytes);
-    const Text first = NextLine(lines);
-    if (TrimBlanks(first) != Identification) {
-        Text text = u"Dies ist keine Norvik-175-Registerdatei!";
-        text.append(LineEnd).append(u"(").append(first).append(u")");
-        desktop.Ask({.text = std::move(text), .title = u"Fehlermeldung", .icon = Icon::Critical});
-        return false;
-    }
-    ResetRegister(state);
-    state.LoadReport.clear();
-    desktop.SetPointer(Pointer::Hourglass);
-    const int count = ReadPhonebookEntries(state, lines, desktop);
-    desktop.SetPointer(Pointer::Normal);
-    state.LoadedModel = u"175";
-    state.File = {.Type = state.LoadedModel, .Path = path, .Modified = modified};
-    CheckRegister(state, desktop);
-    desktop.ShowCurrentFile();
-    SetCount(state, count);
-    RefreshStatus(state, desktop);
-    return true;
 }
 
 }  // namespace norvik

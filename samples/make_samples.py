@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Writes the sample register files telefonbuch.t9t (195) and telefonbuch193.t9t (193).
+"""Writes the sample registers telefonbuch.t9t (195), telefonbuch193.t9t (193) and telefonbuch.csv.
 
     python3 make_samples.py [folder]        default: the folder of this script
 
-The same entries give the same bytes, always. The encoder below follows the format's description in
-docs/formats/registerfile.md and takes nothing from the program, so that the two check each other:
-where the program loads these files wrongly, one of them is wrong. Its character table, too, comes
-from elsewhere: the telephones' bytes are those of code page 850.
+The same entries give the same bytes, always. The encoders below follow the formats' descriptions in
+docs/formats/ and take nothing from the program, so that the two check each other: where the program
+loads these files wrongly, one of them is wrong. The character table of the register files, too,
+comes from elsewhere: the telephones' bytes are those of code page 850.
 
 All persons, firms and numbers are invented; the numbers lie in the blocks kept free for fiction.
 """
@@ -266,8 +266,69 @@ def register_file(entries, record) -> bytes:
     return HEADER + b"".join(records) + END_OF_LIST
 
 
+# The CSV file: the list of a sports club as somebody keeps it in a spreadsheet. The column titles are
+# theirs, long remarks stand in one cell, numbers are written as people write them, flags are filled
+# in by several hands. One line stands there twice, one member has two lines.
+
+CSV_ENCODING = "cp1252"
+CSV_LINE_END = "\r\n"
+CSV_COLUMNS = 15
+
+
+def csv_line(name: str, tel: str, *rest: str) -> str:
+    """A line with all columns; those that are not given are empty."""
+    cells = [name, tel, *rest]
+    if len(cells) > CSV_COLUMNS or any(";" in cell or "\r" in cell for cell in cells):
+        raise ValueError(f"no line holds {cells!r}")
+    return ";".join(cells + [""] * (CSV_COLUMNS - len(cells)))
+
+
+CSV_HEADER = csv_line("Mitglied", "Telefon", "Bemerkung", "", "", "", "", "",
+                      "Ansage", "Klang", "eigener Klang", "MSN", "Filter", "Einheiten", "Zähler")
+
+CSV_BAKERY = csv_line("Bäckerei Kornblume", "(069) 90009-207", "Brötchen vorbestellen",
+                      "bis 18 Uhr", "", "", "", "", "0", "0", "nein", "0", "Kein", "0", "nein")
+
+CSV_LINES = [
+    csv_line("Vereinsheim Sportfreunde", "0049 (30) 23125-104",
+             "Schlüssel beim Platzwart, Rückgabe bis Montag, Getränke selbst mitbringen",
+             "", "", "", "", "", "", "5", "ja", "1", "VIP", "12 Einheiten", "ja"),
+    csv_line("Abel, Günther", "030/23125 206", "privat", "", "ab 18 Uhr", "", "", "",
+             "", "", "", "4"),
+    CSV_BAKERY,
+    CSV_BAKERY,
+    csv_line("Dr. Weiß, Anneliese", "0221 4710 208", "Praxis", "", "", "", "", "",
+             "2", "", "", "6", "Anr."),
+    csv_line("Dr. Weiß, Anneliese", "0171 392 00 21", "mobil", "", "", "", "", "",
+             "", "", "", "6", "vip"),
+    "Pförtner;i 12",  # a line that ends with its last filled cell
+    csv_line("Oma Käthe", "+49 40 66969-209", "Geburtstag 3. Mai", "Taschengeld 20 €"),
+    csv_line('"Meier, Otto"', "089/99998-210",
+             "Kegelbahn: www.kegelbahn-zur-alten-post.example", "Raum 2", "", "", "", "",
+             "", "", "no", "2", "Kein", "", "no"),
+    csv_line("Stadtwerke Störung", "069 90009 211",
+             "Vertrag 20814 vom 1. April, Zähler 4711-0815 im Keller links neben der Waschküche",
+             "Ablesung jedes Jahr im November, Kündigung sechs Wochen vor Jahresende",
+             "", "", "", "", "0", "0", "nein", "2", "Kein", "0", "nein"),
+    csv_line("Zur Post, Gasthof", "04066969 212", "", "", "", "", "", "",
+             "", "", "", "3", "CD", "250", "1"),
+    csv_line("Öko-Hof Lindner  ", "02214710/213", "Milch", "Eier", "", "", "", "",
+             "1", "19", "j", "2", "", "", "Y"),
+    csv_line("Taxi", "*31", "", "", "", "", "", "", "0", "20", "nein", "00", "Kein", "0", "nein"),
+    csv_line("Fax Rathaus", "089 99998 214 p 12", "Formular 7", "", "", "", "", "",
+             "0", "0", "nein", "05", "Kein", "0", "nein"),
+    csv_line("Jäger, Ute und Jürgen", "0171-392 00 22", "Jugendwart", "", "", "", "", "",
+             "", "", "", "", "Kein", "", "nein"),
+]
+
+
+def csv_file() -> bytes:
+    lines = [CSV_HEADER, *CSV_LINES]
+    return "".join(line + CSV_LINE_END for line in lines).encode(CSV_ENCODING)
+
+
 def main() -> None:
-    parser = argparse.ArgumentParser(description="Writes the sample register files.")
+    parser = argparse.ArgumentParser(description="Writes the sample registers.")
     parser.add_argument("folder", nargs="?", type=Path, default=Path(__file__).resolve().parent)
     folder = parser.parse_args().folder
 
@@ -279,6 +340,10 @@ def main() -> None:
         data = register_file(entries, record)
         (folder / name).write_bytes(data)
         print(f"{name}: {len(entries)} entries, {len(data)} bytes")
+
+    data = csv_file()
+    (folder / "telefonbuch.csv").write_bytes(data)
+    print(f"telefonbuch.csv: {len(CSV_LINES)} lines, {len(data)} bytes")
 
 
 if __name__ == "__main__":

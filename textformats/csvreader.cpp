@@ -3,7 +3,6 @@
 #include "textformats/csvsplit.h"
 #include "textformats/globalize.h"
 #include "textformats/infoflow.h"
-#include "tools/checkregister.h"
 
 #include <limits>
 
@@ -13,7 +12,6 @@ namespace {
 
 using csvformat::Column;
 
-constexpr std::string_view RemoveDoublesMark = "#D";
 constexpr int FilterUnit = 1 << FilterShift;
 
 constexpr long long Least16 = std::numeric_limits<std::int16_t>::min();
@@ -45,7 +43,7 @@ int FilterCode(TextView field) {
 
 /// The MSN's value minus one goes into the flag word as it is; what is below 1 is none.
 long long MsnIndex(TextView field) {
-    const long long value = LeadingInteger(field, Least16, Most16);
+    const long long value = LeadingInteger(field, Least32, Most32);
     return value < 1 ? MsnOfTelephone : value - 1;
 }
 
@@ -131,26 +129,6 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
         previous.Remember(std::move(line), name);
     }
     return count;
-}
-
-void LoadCSV(RegisterState& state, const FilePath& file, const Settings& settings,
-             Desktop& desktop) {
-    const std::string argument = file.string();
-    const bool removeDoubles = argument.starts_with(RemoveDoublesMark);
-    const FilePath path = removeDoubles ? argument.substr(RemoveDoublesMark.size()) : argument;
-    const Bytes bytes = ReadWholeFile(path);
-    const FileTime modified = LastModified(path);
-
-    ResetRegister(state);
-    state.LoadReport.clear();
-    SetCount(state, ReadCSV(state, bytes, removeDoubles, settings, desktop));
-    state.LoadedModel.clear();
-    if (!state.LoadReport.empty()) {
-        desktop.Ask({.text = state.LoadReport, .title = u"LadeCSV: Doubletten entfernt/Hinweise"});
-    }
-    state.File = {.Type = u"CSV", .Path = path, .Modified = modified};
-    CheckRegister(state, desktop);
-    desktop.ShowCurrentFile();
 }
 
 }  // namespace norvik

@@ -352,6 +352,7 @@ TEST(SampleGenerator, GivesTheSameBytesOnEveryRun) {
     ASSERT_EQ(std::system(command.c_str()), 0);
     EXPECT_EQ(ReadFile(folder / "telefonbuch.t9t"), ReadFile(Sample195));
     EXPECT_EQ(ReadFile(folder / "telefonbuch193.t9t"), ReadFile(Sample193));
+    EXPECT_EQ(ReadFile(folder / "telefonbuch.csv"), ReadFile(Samples / "telefonbuch.csv"));
 }
 
 }  // namespace

@@ -1,0 +1,46 @@
+#include "qt/widgetmakers.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace norvik {
+
+QString IndexedName(const char* name, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+void Name(QWidget* widget, const char* objectName, const QString& accessibleName) {
+    widget->setObjectName(QLatin1String(objectName));
+    widget->setAccessibleName(accessibleName);
+}
+
+QLabel* MakeLabel(const QString& caption, QWidget* buddy, QWidget* parent) {
+    auto* label = new QLabel(caption, parent);
+    label->setBuddy(buddy);
+    return label;
+}
+
+QLabel* MakeDisplay(const char* objectName, const QString& accessibleName, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    Name(label, objectName, accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QPushButton* MakeButton(const char* objectName, const QString& caption,
+                        const QString& accessibleName, QWidget* parent) {
+    auto* button = new QPushButton(caption, parent);
+    Name(button, objectName, accessibleName);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QCheckBox* MakeCheckBox(const char* objectName, const QString& caption,
+                        const QString& accessibleName, QWidget* parent) {
+    auto* box = new QCheckBox(caption, parent);
+    Name(box, objectName, accessibleName);
+    return box;
+}
+
+}  // namespace norvik

@@ -1,0 +1,33 @@
+#include "textformats/csvformat.h"
+#include "tools/checkregister.h"
+
+namespace norvik {
+
+namespace {
+
+/// In front of the path, it switches the removal of doubled lines on.
+constexpr std::string_view RemoveDoublesMark = "#D";
+
+}  // namespace
+
+void LoadCSV(RegisterState& state, const FilePath& file, const Settings& settings,
+             Desktop& desktop) {
+    const std::string argument = file.string();
+    const bool removeDoubles = argument.starts_with(RemoveDoublesMark);
+    const FilePath path = removeDoubles ? argument.substr(RemoveDoublesMark.size()) : argument;
+    const Bytes bytes = ReadWholeFile(path);
+    const FileTime modified = LastModified(path);
+
+    ResetRegister(state);
+    state.LoadReport.clear();
+    SetCount(state, ReadCSV(state, bytes, removeDoubles, settings, desktop));
+    state.LoadedModel.clear();
+    if (!state.LoadReport.empty()) {
+        desktop.Ask({.text = state.LoadReport, .title = u"LadeCSV: Doubletten entfernt/Hinweise"});
+    }
+    state.File = {.Type = u"CSV", .Path = path, .Modified = modified};
+    CheckRegister(state, desktop);
+    desktop.ShowCurrentFile();
+}
+
+}  // namespace norvik
