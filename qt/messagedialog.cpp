@@ -76,8 +76,7 @@ Button ClosingButton(const MessageBox& box) {
 /// file of another kind may bring it about, is cut: the toolkit would lay it out for minutes.
 QString ShownText(TextView text) {
     constexpr std::size_t LongestText = 2'000'000;
-    QString shown = ToQString(Slice(text, 0, LongestText));
-    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    const QString shown = ToLines(Slice(text, 0, LongestText));
     return text.size() > LongestText ? shown + QStringLiteral("\n…") : shown;
 }
 

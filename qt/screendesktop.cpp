@@ -116,7 +116,7 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
     QInputDialog dialog(&window_);
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(ToQString(box.title));
-    dialog.setLabelText(ToQString(box.prompt));
+    dialog.setLabelText(ToLines(box.prompt));
     dialog.setTextValue(ToQString(box.preset));
     LimitToRepertoire(dialog, *this);
     if (dialog.exec() != QDialog::Accepted) {

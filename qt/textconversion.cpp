@@ -9,6 +9,10 @@ QString ToQString(TextView text) {
                    static_cast<qsizetype>(text.size()));
 }
 
+QString ToLines(TextView text) {
+    return ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
 Text ToText(const QString& text) {
     return text.toStdU16String();
 }
