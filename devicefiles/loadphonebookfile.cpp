@@ -13,6 +13,7 @@ bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desk
     const Text first = lines.NextOrRaise();
     if (TrimBlanks(first) != phonebookfile::Identification) {
         Text text = u"Dies ist keine Norvik-175-Registerdatei!";
+        text.reserve(text.size() + first.size() + LineEnd.size() + 2);  // may be a whole file
         text.append(LineEnd).append(u"(").append(first).append(u")");
         desktop.Ask({.text = std::move(text), .title = u"Fehlermeldung", .icon = Icon::Critical});
         return false;

@@ -53,7 +53,9 @@ bool LoadByEnding(Program& program, TextView startFile, Desktop& desktop) {
         return Load175OrReport(state, path, desktop);
     }
     if (ending == u"csv") {
-        return LoadCSVOrReport(state, program.Set, path, desktop);
+        // A name in the working folder must not look like the option "#D".
+        const bool likeOption = path.native().starts_with('#');
+        return LoadCSVOrReport(state, program.Set, likeOption ? "." / path : path, desktop);
     }
     desktop.Ask({.text = Text(startFile).append(u" kann nicht automatisch geladen werden"),
                  .title = u"Autoload",

@@ -89,7 +89,12 @@ Text AssembleInfo(std::span<const TextView> fields) {
         }
         return info.Result();
     }
+    std::size_t length = 0;
+    for (const TextView field : fields) {
+        length += field.size() + 1;
+    }
     Text joined;
+    joined.reserve(length);  // a field may be a whole file
     for (const TextView field : fields) {
         joined.append(field).push_back(LineMark);
     }

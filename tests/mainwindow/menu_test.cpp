@@ -80,9 +80,12 @@ TEST(MenuTable, EveryRowHasTheAgreedNameMenuAndCaptionInTheAgreedOrder) {
     }
 }
 
-TEST(MenuTable, HoldsTheItemsOfTheRegisterFile) {
+TEST(MenuTable, HoldsTheFileTheEditAndTheOptionItems) {
     for (const std::string_view name :
-         {"mnuDateiLoadNV", "mnuDateiSaveNV", "MNUDateiSave193", "mnuDateiBeenden"}) {
+         {"mnuDateiLoadNV", "mnuDateiLoad175", "mnuDateiLoadCSV", "mnuDateiSaveNV",
+          "MNUDateiSave193", "mnuDateiSave175", "mnuDateiSaveCSV", "mnuDateiSaveIP286",
+          "mnuDateiBeenden", "mnuBearbeitenNullHinzu", "mnuBearbeitenNullEntf",
+          "mnuBearbeitenKillMSN", "mnuExtraDoubles"}) {
         EXPECT_NO_THROW(RowNamed(name));
     }
 }
@@ -90,7 +93,17 @@ TEST(MenuTable, HoldsTheItemsOfTheRegisterFile) {
 TEST(MenuTable, TheFixedCaptionsKeepTheirMnemonics) {
     EXPECT_EQ(RowNamed("mnuDateiSaveNV").Caption, u"norvik 195 &speichern");
     EXPECT_EQ(RowNamed("MNUDateiSave193").Caption, u"norvik 19&3 speichern");
+    EXPECT_EQ(RowNamed("mnuDateiSave175").Caption, u"norvik 1&75 speichern");
+    EXPECT_EQ(RowNamed("mnuDateiSaveCSV").Caption, u"&Als CSV speichern");
     EXPECT_EQ(RowNamed("mnuDateiBeenden").Caption, u"&Beenden");
+}
+
+TEST(MenuTable, OnlyTheOptionForDoubledLinesHasACheckMark) {
+    for (const MenuRow& row : MenuTable()) {
+        const bool isOption = row.Name == "mnuExtraDoubles";
+        EXPECT_EQ(row.Check == &MainWindowFields::mnuExtraDoubles, isOption) << row.Name;
+        EXPECT_EQ(row.Check == nullptr, !isOption) << row.Name;
+    }
 }
 
 TEST(MenuTable, OnlyTheFourSavesOfTheRegisterAreEnabledTogether) {
@@ -156,6 +169,14 @@ RegisterEntry Anna() {
 
 TEST_F(Menu, EachRowWhoseFileDialogIsCancelledEndsSilently) {
     const std::map<std::string_view, std::string> dialogs = {
+        {"mnuDateiLoad175",
+         "open \"norvik-175-Datei|*.pbo|Alle Dateien|*.*\" ending .pbo -> cancel"},
+        {"mnuDateiLoadCSV", "open \"CSV-Datei|*.csv|Alle Dateien|*.*\" ending .csv -> cancel"},
+        {"mnuDateiSave175",
+         "save \"norvik-175-Datei|*.pbo|Alle Dateien|*.*\" ending .pbo -> cancel"},
+        {"mnuDateiSaveCSV", "save \"CSV-Datei|*.csv|Alle Dateien|*.*\" ending .csv -> cancel"},
+        {"mnuDateiSaveIP286",
+         "save \"CSV-Datei(IP286)|*.csv|Alle Dateien|*.*\" ending .csv -> cancel"},
         {"mnuDateiLoadNV", "open \"NV-195-Datei|*.t9t|Alle Dateien|*.*\" ending .t9t -> cancel"},
         {"mnuDateiSaveNV",
          "save \"norvik-195-Datei|*.t9t|Alle Dateien|*.*\" ending .t9t -> cancel"},
@@ -212,6 +233,113 @@ TEST_F(Menu, Save193SavesA193File) {
 
     EXPECT_EQ(ReadFile(folder / "neu.t9t"), Raw(OneRecord193));
     EXPECT_TRUE(program.State.RegisterSaved);
+}
+
+RegisterEntry AnnaOf175() {
+    RegisterEntry entry = Entry(u"Anna", u"030", u"Info");
+    entry.RecIndex = 1;
+    return entry;
+}
+
+const std::string PhonebookOfAnna = "norvik 175 phonebook\r\nN=Anna\r\nP=030\r\nI=Info\r\n"
+                                    "I=\r\nI=\r\nI=\r\nI=\r\nI=\r\n";
+
+TEST_F(Menu, Load175LoadsAPhonebookFile) {
+    const TestFolder folder;
+    desktop.AnswerFile(folder.Write("anna.pbo", PhonebookOfAnna));
+
+    Run("mnuDateiLoad175");
+
+    EXPECT_EQ(program.State.AnzGes, 1);
+    EXPECT_EQ(program.State.Register(1), AnnaOf175());
+    EXPECT_EQ(Field(0), u"Anna");
+    EXPECT_EQ(program.State.File.Type, u"175");
+    EXPECT_EQ(Rows(), std::vector<Text>{u"#1: Anna (030) Info"});
+}
+
+TEST_F(Menu, Save175SavesAPhonebookFile) {
+    const TestFolder folder;
+    Given(RegisterOf({Anna()}));
+    program.State.RegisterSaved = false;
+    desktop.AnswerFile(folder / "neu");
+
+    Run("mnuDateiSave175");
+
+    const Bytes file = ReadFile(folder / "neu.pbo");
+    EXPECT_EQ(std::string(file.begin(), file.end()), PhonebookOfAnna);
+    EXPECT_TRUE(program.State.RegisterSaved);
+}
+
+TEST_F(Menu, LoadCSVTakesDoubledLinesOrNotAsTheOptionSays) {
+    const TestFolder folder;
+    const FilePath path = folder.Write("a.csv", "Name;Tel\r\nAnna;030\r\nAnna;030\r\n");
+    desktop.AnswerFile(path).AnswerFile(path).AnswerFile(path);
+
+    Run("mnuDateiLoadCSV");
+    EXPECT_EQ(Rows(), (std::vector<Text>{u"#1: Anna (030)", u"#2: Anna (030)"}));
+
+    Run("mnuExtraDoubles");
+    Run("mnuDateiLoadCSV");
+    EXPECT_EQ(Rows(), std::vector<Text>{u"#1: Anna (030)"});
+    EXPECT_EQ(program.State.File.Path, path);
+
+    Run("mnuExtraDoubles");
+    Run("mnuDateiLoadCSV");
+    EXPECT_EQ(program.State.AnzGes, 2);
+}
+
+TEST_F(Menu, SaveCSVSavesATextFile) {
+    const TestFolder folder;
+    Given(RegisterOf({Anna()}));
+    program.State.RegisterSaved = false;
+    desktop.AnswerFile(folder / "neu").AnswerBox(Button::No);
+
+    Run("mnuDateiSaveCSV");
+
+    EXPECT_EQ(ReadFile(folder / "neu.csv"),
+              Raw("'Name;Tel;Info1;Info2;Info3;Info4;Info5;Info6;AB;Ton;EnTon;MSN;Filter;GebEinh;"
+                  "EnGeb' 0D 0A 'Anna;030;Info;;;;;;1;5;nein;00;Kein;7;nein' 0D 0A"));
+    EXPECT_TRUE(program.State.RegisterSaved);
+}
+
+TEST_F(Menu, SaveIP286ExportsNameAndNumber) {
+    const TestFolder folder;
+    Given(RegisterOf({Anna()}));
+    desktop.AnswerFile(folder / "neu").AnswerText(std::nullopt);
+
+    Run("mnuDateiSaveIP286");
+
+    EXPECT_EQ(ReadFile(folder / "neu.csv"), Raw("'\"Name\",\"Telefonnummer\",\"Konto\"' 0D 0A"
+                                                "'\"Anna\",\"030\",\"1\"' 0D 0A"));
+}
+
+TEST_F(Menu, TheZeroIsAddedAndRemoved) {
+    Given(RegisterOfNames({u"Anna"}));
+    desktop.AnswerBox(Button::Yes).AnswerBox(Button::Yes).AnswerBox(Button::Yes);
+
+    Run("mnuBearbeitenNullHinzu");
+    EXPECT_EQ(Field(1), u"01");
+    EXPECT_EQ(Rows(), std::vector<Text>{u"#1: Anna (01)"});
+
+    Run("mnuBearbeitenNullEntf");
+    EXPECT_EQ(Field(1), u"1");
+
+    Run("mnuBearbeitenNullEntf");
+    EXPECT_EQ(Field(1), u"i1");
+    EXPECT_EQ(Rows(), std::vector<Text>{u"#1: Anna (i1)"});
+}
+
+TEST_F(Menu, KillMSNRemovesTheMsnInTheRegisterAndOnScreen) {
+    RegisterState state = RegisterOfNames({u"Anna"});
+    state.Register(1).MsnFilter = 2;
+    Given(state);
+    ASSERT_EQ(program.Fields.DDMSN, 3);
+    desktop.AnswerBox(Button::Ok);
+
+    Run("mnuBearbeitenKillMSN");
+
+    EXPECT_EQ(program.State.Register(1).MsnFilter, 15);
+    EXPECT_EQ(program.Fields.DDMSN, 0);
 }
 
 TEST_F(Menu, BeendenClosesTheWindow) {

@@ -187,19 +187,6 @@ TEST_F(StartFile, WithoutAPathGivesTheSameMessage) {
     ExpectOneEmptyEntry();
 }
 
-TEST_F(StartFile, OfThe175OrCsvIsNotLoadedYet) {
-    for (const char* name : {"reg.pbo", "reg.csv"}) {
-        Program program;
-        program.Folder = Folder.Path();
-        Folder.Write(name, "x");
-        Folder.Write("norvik.ini", "LoadFile=" + (Folder / name).string() + "\r\n");
-        ScriptedDesktop desktop;
-        StartUp(program, u"", desktop);
-        EXPECT_EQ(desktop.Transcript,
-                  Concat({BeforeStartFile, {AutoloadBox(Lowered(name))}, FirstEntry, Ok}));
-    }
-}
-
 TEST_F(StartFile, ThatIsMissingGivesTheReadersMessageAndLeavesOneEmptyEntry) {
     StartWith("fehlt.t9t");
     EXPECT_EQ(Desktop.Transcript, Concat({BeforeStartFile,
