@@ -66,10 +66,6 @@ void AddSectionHeader(Text& text, TextView header) {
     AddLine(text, header);
 }
 
-FilePath SettingsPath(const FilePath& folder) {
-    return FindIgnoringCase(folder / FilePath(SettingsFileName));
-}
-
 }  // namespace
 
 SettingsTable::SettingsTable() {
@@ -141,10 +137,6 @@ Text SettingsText(const SettingsTable& table) {
     return text;
 }
 
-void ReadSettingsFile(const FilePath& folder, SettingsTable& table) {
-    ReadSettings(ReadWholeFile(SettingsPath(folder)), table);
-}
-
 void ApplySettings(Settings& settings) {
     const SettingsTable& table = settings.Table;
     settings.LanguageFlag = table.Value(Setting::Language) == u"english" ? 1 : 0;
@@ -153,10 +145,6 @@ void ApplySettings(Settings& settings) {
     settings.InternationalPrefix = u"00" + table.Value(Setting::CountryCode);
     settings.AreaPrefix = u"0" + table.Value(Setting::RegionCode);
     settings.AutoloadFlag = !settings.StartFile.empty();
-}
-
-void WriteSettingsFile(const FilePath& folder, const SettingsTable& table) {
-    ReplaceFile(SettingsPath(folder), BytesFromText(SettingsText(table)));
 }
 
 }  // namespace norvik

@@ -1,7 +1,6 @@
 #include "tools/tonenames.h"
 
 #include "base/lines.h"
-#include "base/runtimeerror.h"
 
 namespace norvik {
 
@@ -39,14 +38,6 @@ std::vector<Text> ToneNamesFrom(ByteView file) {
         }
     }
     return names;
-}
-
-std::vector<Text> ReadToneNames(const FilePath& folder) {
-    try {
-        return ToneNamesFrom(ReadWholeFile(FindIgnoringCase(folder / FilePath(ToneNamesFileName))));
-    } catch (const RuntimeError&) {
-        return DefaultToneNames();  // the file is optional
-    }
 }
 
 }  // namespace norvik

@@ -161,6 +161,14 @@ TEST_F(TextStartFile, OfTheCommandLineStandsBesideThePrice) {
     EXPECT_EQ(Prog.Set.UnitPrice, 0.15);
 }
 
+TEST_F(TextStartFile, OfCsvInTheWorkingFolderMayBeNamedLikeTheOptionForDoubles) {
+    const WorkingFolder working(Folder.Path());
+    Folder.Write("#Daten.csv", "Name;Tel\r\nAnna;1\r\nAnna;1\r\n");
+    Folder.Write("norvik.ini", "LoadFile=#Daten.csv\r\n");
+    StartUp(Prog, u"", Desktop);
+    EXPECT_EQ(Names(Prog.State), (NameList{u"Anna", u"Anna"}));
+}
+
 TEST_F(TextStartFile, TakesDoubledLinesOfACsvFile) {
     ExpectAt("reg.csv", "Name;Tel\r\nAnna;1\r\nAnna;1\r\n",
              Concat({{OkBox(u"Doppelter Name: Anna\r\n", u"LadeCSV: Doubletten entfernt/Hinweise"),

@@ -1,7 +1,5 @@
 #include "tools/tonenames.h"
 
-#include "tests/support/testfolder.h"
-
 #include <gtest/gtest.h>
 
 namespace norvik::test {
@@ -110,30 +108,6 @@ TEST(ToneNamesFrom, TheFileIsWindows1252) {
     EXPECT_EQ(NamesFrom("Gl\xF6"
                         "ckchen\r\n"),
               NamesWith({u"Glöckchen"}));
-}
-
-TEST(ReadToneNames, ReadsRtLngInTheProgramsFolder) {
-    const TestFolder folder;
-    folder.Write("rt.lng", "Glocke\r\n");
-    EXPECT_EQ(ReadToneNames(folder.Path()), NamesWith({u"Glocke"}));
-}
-
-TEST(ReadToneNames, FindsItWhateverItsCase) {
-    const TestFolder folder;
-    folder.Write("RT.Lng", "Glocke\r\n");
-    EXPECT_EQ(ReadToneNames(folder.Path()), NamesWith({u"Glocke"}));
-}
-
-TEST(ReadToneNames, WithoutTheFileTheNamesAreTheFixedOnes) {
-    const TestFolder folder;
-    EXPECT_EQ(ReadToneNames(folder.Path()), NamesWith({}));
-    EXPECT_EQ(ReadToneNames(folder / "fehlt"), NamesWith({}));
-}
-
-TEST(ReadToneNames, AFileThatCannotBeReadIsAsGoodAsNone) {
-    const TestFolder folder;
-    std::filesystem::create_directory(folder / "rt.lng");
-    EXPECT_EQ(ReadToneNames(folder.Path()), NamesWith({}));
 }
 
 }  // namespace
