@@ -9,6 +9,12 @@ namespace {
 constexpr TextView Zero = u"0";
 constexpr TextView OwnInternalMark = u"i";
 
+/// Lines of the question how internal numbers are to be marked.
+constexpr TextView ForOwnLineAccess =
+    u"  Am Telefon muß automat. Amtholung aktiviert, die Anlagenamtholung deaktviert sein.";
+constexpr TextView ForLineAccessOfExchange =
+    u"  Am Telefon muß automat. Amtholung deaktiviert, die Anlagenamtholung aktviert sein.";
+
 Text JoinLines(std::initializer_list<TextView> lines) {
     Text text;
     for (const TextView line : lines) {
@@ -98,12 +104,9 @@ Button AskForInternalMark(Desktop& desktop) {
               u"Interne Nummern (ohne Null) müssen dabei gesondert behandelt werden.",
               u"Wollen Sie die automatische Amtholung eines Norvik 195 einsetzen?",
               u"- Wählen Sie JA, damit das entsprechende 'i' für interne Anrufe eingetragen wird.",
-              u"  Am Telefon muß automat. Amtholung aktiviert, die Anlagenamtholung deaktviert "
-              u"sein.",
+              ForOwnLineAccess,
               u"- Wählen Sie NEIN, um ein anlagenspezifisches Zeichen vorzusetzen.",
-              u"  Am Telefon muß automat. Amtholung deaktiviert, die Anlagenamtholung aktviert "
-              u"sein.",
-              u"Wählen Sie ABBRECHEN, um die Konvertierung abzubrechen."}),
+              ForLineAccessOfExchange, u"Wählen Sie ABBRECHEN, um die Konvertierung abzubrechen."}),
          .title = u"Konvertierung bestätigen",
          .icon = Icon::Question,
          .buttons = {Button::Yes, Button::No, Button::Cancel},

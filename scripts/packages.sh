@@ -24,7 +24,7 @@ install_missing() {
 # What it takes to build and start the editor.
 EDITOR_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
 # To show it where there is no display.
-SCREEN_PACKAGES=(xvfb x11-utils xdotool imagemagick)
+SCREEN_PACKAGES=(xvfb xdotool imagemagick)
 # To build and run the tests.
 TEST_PACKAGES=(libgtest-dev libgmock-dev python3)
 # For the linters, the benchmarks and the fuzzers.
