@@ -77,6 +77,14 @@ class Desktop {
     virtual void FocusField(int field) = 0;
     /// Closes the main window as its close box does.
     virtual void CloseMainWindow() = 0;
+
+    // The other windows.
+
+    /// Shows the dialog of the mobile export and returns when it is closed.
+    virtual void ShowMobileExport() = 0;
+    /// Shows the register list beside the main window, or brings it to the front.
+    virtual void ShowRegisterList() = 0;
+    virtual void CloseRegisterList() = 0;
 };
 
 }  // namespace norvik

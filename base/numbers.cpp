@@ -80,6 +80,26 @@ std::string Hundredths(double value) {
     return digits;
 }
 
+std::string TwoDigits(int value) {
+    return (value < 10 ? "0" : "") + std::to_string(value);
+}
+
+Text FormatLocalTime(FileTime time, bool withSeconds) {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    const std::tm* local = std::localtime(&seconds);
+    if (local == nullptr) {  // a year that does not fit its field
+        return {};
+    }
+    std::string year = std::to_string(local->tm_year + 1900);
+    year.insert(0, year.size() < 4 ? 4 - year.size() : 0, '0');
+    std::string text = TwoDigits(local->tm_mday) + "." + TwoDigits(local->tm_mon + 1) + "." + year +
+                       " " + TwoDigits(local->tm_hour) + ":" + TwoDigits(local->tm_min);
+    if (withSeconds) {
+        text += ":" + TwoDigits(local->tm_sec);
+    }
+    return FromAscii(text);
+}
+
 }  // namespace
 
 double ParseDecimal(TextView text) {
@@ -147,19 +167,11 @@ Text Hex2(int value) {
 }
 
 Text FormatDateTime(FileTime time) {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
-    const std::tm* local = std::localtime(&seconds);
-    if (local == nullptr) {  // a year that does not fit its field
-        return {};
-    }
-    const auto field = [](int value, std::size_t width) {
-        std::string digits = std::to_string(value);
-        digits.insert(0, width > digits.size() ? width - digits.size() : 0, '0');
-        return digits;
-    };
-    return FromAscii(field(local->tm_mday, 2) + "." + field(local->tm_mon + 1, 2) + "." +
-                     field(local->tm_year + 1900, 4) + " " + field(local->tm_hour, 2) + ":" +
-                     field(local->tm_min, 2));
+    return FormatLocalTime(time, false);
+}
+
+Text FormatDateTimeSeconds(FileTime time) {
+    return FormatLocalTime(time, true);
 }
 
 }  // namespace norvik

@@ -28,5 +28,7 @@ using FileTime = std::chrono::system_clock::time_point;
 
 /// `time` in the local time zone as "dd.mm.yyyy hh:mm".
 Text FormatDateTime(FileTime time);
+/// The same with the seconds: "dd.mm.yyyy hh:mm:ss".
+Text FormatDateTimeSeconds(FileTime time);
 
 }  // namespace norvik

@@ -5,7 +5,10 @@
 #include "mainwindow/listrows.h"
 #include "mainwindow/showentry.h"
 #include "textformats/globalize.h"
+#include "textformats/mnugebdelete.h"
 #include "tools/mnubearbeitenkillmsn.h"
+#include "tools/renameringtones.h"
+#include "tools/tonenames.h"
 
 namespace norvik {
 
@@ -146,6 +149,25 @@ void mnuBearbeitenKillMSN_Click(Program& program, Desktop& desktop) {
     if (mnuBearbeitenKillMSN(program.State, desktop)) {
         program.Fields.DDMSN = 0;
     }
+}
+
+void mnuGebDelete_Click(Program& program, Desktop& desktop) {
+    if (mnuGebDelete(program.State, desktop)) {
+        // Else the next storing would write the old amount back.
+        program.Fields.AnzGeb = FormatAmount(0);
+    }
+}
+
+void mnuNameRingtones_Click(Program& program, Desktop& desktop) {
+    const std::optional<std::vector<Text>> names = RenameRingtones(program.Folder, desktop);
+    if (!names) {
+        return;
+    }
+    FillTones(program.Fields, *names);
+    program.Fields.DDTon = 0;
+    desktop.ShowEntry();  // its tone stays selected, also when the names cannot be written
+    WriteToneNames(program.Folder, *names);
+    program.Fields.btnSaveChange = EditState::Neutral;
 }
 
 void mnuExtraDoubles_Click(Program& program) {

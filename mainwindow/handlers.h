@@ -47,6 +47,11 @@ void Bild1_Click(const Program& program, Desktop& desktop);
 
 /// Removes the outgoing MSN of all entries; the shown entry's choice follows at once.
 void mnuBearbeitenKillMSN_Click(Program& program, Desktop& desktop);
+/// Clears all charge counters; the shown amount follows at once.
+void mnuGebDelete_Click(Program& program, Desktop& desktop);
+/// Renews the names of the tone list from the tone folder, stores them and shows the entry again.
+/// Raises what writing "rt.lng" raises; the list then shows the new names all the same.
+void mnuNameRingtones_Click(Program& program, Desktop& desktop);
 /// Reverses the check mark.
 void mnuExtraDoubles_Click(Program& program);
 

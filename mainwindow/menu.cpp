@@ -7,9 +7,12 @@
 #include "devicefiles/mnudateisave193.h"
 #include "devicefiles/mnudateisavenv.h"
 #include "mainwindow/handlers.h"
+#include "mainwindow/nvlist.h"
+#include "textformats/mnudateiconvcalllistcsv.h"
 #include "textformats/mnudateiloadcsv.h"
 #include "textformats/mnudateisavecsv.h"
 #include "textformats/mnudateisaveip286.h"
+#include "textformats/mnugebauszug.h"
 
 namespace norvik {
 
@@ -21,8 +24,30 @@ void OnState(Program& program, Desktop& desktop) {
     Operation(program.State, desktop);
 }
 
+/// Adapts a load: an open register list must not go on showing the register that was before.
+template <void (*Load)(Program&, Desktop&)>
+void Loading(Program& program, Desktop& desktop) {
+    const unsigned before = program.State.Generation;
+    Load(program, desktop);
+    if (program.State.Generation != before) {
+        RenewRegisterList(program, desktop);
+    }
+}
+
 void LoadCSVWithOption(Program& program, Desktop& desktop) {
     mnuDateiLoadCSV(program.State, program.Set, program.Fields.mnuExtraDoubles, desktop);
+}
+
+void mnuDateiHandyexp(Program& /*program*/, Desktop& desktop) {
+    desktop.ShowMobileExport();
+}
+
+void ConvertCallListOfMenu(Program& /*program*/, Desktop& desktop) {
+    mnuDateiConvCallListCSV(desktop);
+}
+
+void StatementWithUnitPrice(Program& program, Desktop& desktop) {
+    mnuGebAuszug(program.State, program.Set.UnitPrice, desktop);
 }
 
 void mnuDateiBeenden(Program& /*program*/, Desktop& desktop) {
@@ -35,19 +60,27 @@ void ToggleDoubles(Program& program, Desktop& /*desktop*/) {
 
 // clang-format off
 constexpr MenuRow Rows[] = {
-    {"mnuDatei", u"&Datei", "mnuDateiLoadNV",    u"norvik 195/193 &laden...",            "Ctrl+O", 1, false, OnState<mnuDateiLoadNV>},
-    {"mnuDatei", u"&Datei", "mnuDateiLoad175",   u"norvik 175 la&den...",                "",       1, false, OnState<mnuDateiLoad175>},
-    {"mnuDatei", u"&Datei", "mnuDateiLoadCSV",   u"&CSV laden...",                       "",       1, false, LoadCSVWithOption},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadNV",    u"norvik 195/193 &laden...",            "Ctrl+O", 1, false, Loading<OnState<mnuDateiLoadNV>>},
+    {"mnuDatei", u"&Datei", "mnuDateiLoad175",   u"norvik 175 la&den...",                "",       1, false, Loading<OnState<mnuDateiLoad175>>},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadCSV",   u"&CSV laden...",                       "",       1, false, Loading<LoadCSVWithOption>},
     {"mnuDatei", u"&Datei", "mnuDateiSaveNV",    u"norvik 195 &speichern",               "",       2, true,  OnState<mnuDateiSaveNV>},
     {"mnuDatei", u"&Datei", "MNUDateiSave193",   u"norvik 19&3 speichern",               "",       2, true,  OnState<MNUDateiSave193>},
     {"mnuDatei", u"&Datei", "mnuDateiSave175",   u"norvik 1&75 speichern",               "",       2, true,  OnState<mnuDateiSave175>},
     {"mnuDatei", u"&Datei", "mnuDateiSaveCSV",   u"&Als CSV speichern",                  "",       2, true,  OnState<mnuDateiSaveCSV>},
     {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren...",      "",       3, false, OnState<mnuDateiSaveIP286>},
+    {"mnuDatei", u"&Datei", "mnuDateiHandyexp",  u"&Handyexport...", "", 3, false, mnuDateiHandyexp},
+    {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren...", "", 3, false, ConvertCallListOfMenu},
     {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       4, false, mnuDateiBeenden},
 
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, OnState<mnuBearbeitenNullHinzu>},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, OnState<mnuBearbeitenNullEntf>},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenKillMSN",   u"Abgehende &MSN löschen...",         "", 2, false, mnuBearbeitenKillMSN_Click},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuNameRingtones",       u"&Klingeltonnamen erneuern...",      "", 3, false, mnuNameRingtones_Click},
+
+    {"mnuList", u"&Liste", "mnuListView", u"&Registerliste...", "", 1, false, mnuListView_Click},
+
+    {"mnuGeb", u"&Gebühren", "mnuGebAuszug", u"Gebühren&auszug...",  "", 1, false, StatementWithUnitPrice},
+    {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen...", "", 1, false, mnuGebDelete_Click},
 
     {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"Beim CSV-Einlesen Doubletten vermeiden", "", 1, false, ToggleDoubles, &MainWindowFields::mnuExtraDoubles},
 };

@@ -6,6 +6,7 @@
 #include "mainwindow/fields.h"
 #include "register/register.h"
 #include "register/settings.h"
+#include "tools/fillregisterlist.h"
 
 namespace norvik {
 
@@ -15,7 +16,8 @@ struct Program {
     Settings Set;
     RegisterState State;
     MainWindowFields Fields;
-    Text SearchTerm;  ///< survives from one search to the next
+    Text SearchTerm;    ///< survives from one search to the next
+    NvListFields List;  ///< of the register list's window
 };
 
 }  // namespace norvik

@@ -38,6 +38,13 @@ void FieldValidator::Show(const QString& text) {
     showing_ = false;
 }
 
+void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep) {
+    auto* validator = new FieldValidator(FieldRule(), input);
+    QObject::connect(validator, &FieldValidator::beeped, input, beep);
+    input->setValidator(validator);
+    validator->Show(input->text());
+}
+
 EntryField::EntryField(const FieldRule& rule, QWidget* parent)
     : QLineEdit(parent), rule_(rule), validator_(new FieldValidator(rule, this)) {
     setValidator(validator_);

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QValidator>
 
+#include <functional>
 #include <vector>
 
 namespace norvik {
@@ -35,6 +36,9 @@ class FieldValidator : public QValidator {
     mutable QString text_;
     bool showing_ = false;
 };
+
+/// Makes a line edit refuse characters that no text of the system can hold; `beep` tells the user.
+void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep);
 
 class EntryField : public QLineEdit {
     Q_OBJECT

@@ -2,9 +2,12 @@
 
 #include "mainwindow/handlers.h"
 #include "mainwindow/listrows.h"
+#include "mainwindow/nvlist.h"
 #include "mainwindow/operations.h"
 #include "mainwindow/startup.h"
 #include "qt/entryfield.h"
+#include "qt/nvhe.h"
+#include "qt/nvlist.h"
 #include "qt/phonepicture.h"
 #include "qt/registerlist.h"
 #include "qt/textconversion.h"
@@ -240,6 +243,9 @@ void MainWindow::Draw() {
         action->setChecked(fields.*check);
     }
     SelectListRow();
+    if (list_ != nullptr) {
+        list_->Draw(program_.List);
+    }
     drawing_ = before;
 }
 
@@ -256,7 +262,7 @@ void MainWindow::DrawChoices() {
     widgets_.chkListFilter->setChecked(fields.chkListFilter);
 }
 
-void MainWindow::DrawCounts() {
+void MainWindow::DrawCounts() const {
     const RegisterState& state = program_.State;
     constexpr int RecordsPerPage = 10;
     widgets_.AnzGes->setNum(state.AnzGes);
@@ -268,7 +274,7 @@ void MainWindow::DrawCounts() {
     widgets_.Satzwahl->setValue(state.Satzwahl.Value);
 }
 
-void MainWindow::DrawSaveChange() {
+void MainWindow::DrawSaveChange() const {
     QPalette palette;
     if (program_.Fields.btnSaveChange != EditState::Neutral) {
         const bool pending = program_.Fields.btnSaveChange == EditState::Pending;
@@ -279,7 +285,7 @@ void MainWindow::DrawSaveChange() {
     widgets_.btnSaveChange->setPalette(palette);
 }
 
-void MainWindow::SelectListRow() {
+void MainWindow::SelectListRow() const {
     widgets_.TelRegListe->SelectRow(
         RowOfPosition(program_.Fields.TelRegListe, program_.State.AnzNr));
 }
@@ -303,7 +309,7 @@ void MainWindow::RebuildList() {
     drawing_ = before;
 }
 
-void MainWindow::DrawStatus(const QString& text) {
+void MainWindow::DrawStatus(const QString& text) const {
     widgets_.Status->setText(text);
     widgets_.Status->repaint();
 }
@@ -325,6 +331,47 @@ void MainWindow::CloseByMenu() {
     closingByMenu_ = false;
 }
 
+void MainWindow::RunMobileExport() {
+    NvheDialog dialog(NVHE_Load(program_.Set), this, [this] { desktop_.Beep(); });
+    connect(&dialog, &NvheDialog::exportWanted, this, [this, &dialog] {
+        Run([&] { btnExport_Click(dialog.Fields(), program_.State, program_.Set, desktop_); });
+    });
+    connect(&dialog, &NvheDialog::saveWanted, this, [this, &dialog] {
+        Run([&] {
+            btnSaveSettings_Click(dialog.Fields(), program_.Set, program_.Folder, desktop_);
+        });
+    });
+    dialog.exec();
+}
+
+void MainWindow::ShowRegisterList() {
+    if (list_ == nullptr) {
+        list_ = new NvListWindow(this);
+        connect(list_, &NvListWindow::boxesChanged, this, [this] {
+            Run([&] {
+                program_.List.chkFi = list_->Boxes();
+                chkFi_Click(program_, desktop_);
+            });
+        });
+        connect(list_, &NvListWindow::exitClicked, this,
+                [this] { Run([&] { NVList_btnExit_Click(program_, desktop_); }); });
+        connect(list_, &NvListWindow::cancelled, this,
+                [this] { Run([&] { NVList_btnCancel_Click(program_, desktop_); }); });
+    }
+    list_->Draw(program_.List);
+    list_->show();
+    list_->raise();
+    list_->activateWindow();
+}
+
+void MainWindow::CloseRegisterList() {
+    if (list_ != nullptr) {
+        list_->hide();
+        list_->deleteLater();  // it may be in the midst of telling of a click
+        list_ = nullptr;
+    }
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     // An operation that waits for an answer is not torn down under its own feet.
     if (running_ > 0 && !closingByMenu_) {
@@ -334,6 +381,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     bool mayClose = false;
     Run([&] { mayClose = MayClose(program_, desktop_); });
     event->setAccepted(mayClose);
+    if (mayClose) {
+        CloseRegisterList();
+    }
 }
 
 }  // namespace norvik

@@ -13,6 +13,7 @@
 
 namespace norvik {
 
+class NvListWindow;
 class RegisterListModel;
 
 class MainWindow : public QMainWindow {
@@ -29,10 +30,14 @@ class MainWindow : public QMainWindow {
     // What the desktop draws.
     void ShowCurrentEntry();
     void RebuildList();
-    void DrawStatus(const QString& text);
+    void DrawStatus(const QString& text) const;
     void DrawCurrentFile();
     void FocusField(int field);
     void CloseByMenu();
+    /// Shows the dialog of the mobile export until it is closed.
+    void RunMobileExport();
+    void ShowRegisterList();
+    void CloseRegisterList();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -50,15 +55,16 @@ class MainWindow : public QMainWindow {
     void ReadFields();
     void Draw();
     void DrawChoices();
-    void DrawCounts();
-    void DrawSaveChange();
-    void SelectListRow();
+    void DrawCounts() const;
+    void DrawSaveChange() const;
+    void SelectListRow() const;
 
     Program program_;
     ScreenDesktop desktop_;
     std::function<void()> hardStop_;
     MainWindowWidgets widgets_;
     RegisterListModel* model_;
+    NvListWindow* list_ = nullptr;
     std::vector<QAction*> saveActions_;
     std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
     /// The program changes widgets; what they signal is no doing of the user.

@@ -92,33 +92,33 @@ std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::Acc
 }
 
 /// Lets an input box refuse characters that no text of the system can hold.
-void LimitToRepertoire(QInputDialog& dialog, Desktop& desktop) {
+void LimitInput(QInputDialog& dialog, Desktop& desktop) {
     dialog.sizeHint();  // makes the dialog create its line edit
-    auto* input = dialog.findChild<QLineEdit*>();
-    if (input == nullptr) {
-        return;
+    if (auto* input = dialog.findChild<QLineEdit*>()) {
+        LimitToRepertoire(input, [&desktop] { desktop.Beep(); });
     }
-    auto* validator = new FieldValidator(FieldRule(), input);
-    QObject::connect(validator, &FieldValidator::beeped, &dialog, [&desktop] { desktop.Beep(); });
-    input->setValidator(validator);
-    validator->Show(dialog.textValue());
 }
 
 }  // namespace
 
+QWidget* ScreenDesktop::Front() {
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog != nullptr ? dialog : &window_;
+}
+
 Button ScreenDesktop::Ask(const MessageBox& box) {
     const NormalPointer whileAsking(hourglass_);
-    return ShowMessageBox(box, &window_);
+    return ShowMessageBox(box, Front());
 }
 
 std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
     const NormalPointer whileAsking(hourglass_);
-    QInputDialog dialog(&window_);
+    QInputDialog dialog(Front());
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(ToQString(box.title));
     dialog.setLabelText(ToLines(box.prompt));
     dialog.setTextValue(ToQString(box.preset));
-    LimitToRepertoire(dialog, *this);
+    LimitInput(dialog, *this);
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;
     }
@@ -127,12 +127,12 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
 
 std::optional<FilePath> ScreenDesktop::AskForFileToOpen(const FileDialog& dialog) {
     const NormalPointer whileAsking(hourglass_);
-    return RunFileDialog(dialog, QFileDialog::AcceptOpen, &window_);
+    return RunFileDialog(dialog, QFileDialog::AcceptOpen, Front());
 }
 
 std::optional<FilePath> ScreenDesktop::AskForFileToSave(const FileDialog& dialog) {
     const NormalPointer whileAsking(hourglass_);
-    return RunFileDialog(dialog, QFileDialog::AcceptSave, &window_);
+    return RunFileDialog(dialog, QFileDialog::AcceptSave, Front());
 }
 
 void ScreenDesktop::SetStatus(TextView text) {
@@ -173,6 +173,18 @@ void ScreenDesktop::FocusField(int field) {
 
 void ScreenDesktop::CloseMainWindow() {
     window_.CloseByMenu();
+}
+
+void ScreenDesktop::ShowMobileExport() {
+    window_.RunMobileExport();
+}
+
+void ScreenDesktop::ShowRegisterList() {
+    window_.ShowRegisterList();
+}
+
+void ScreenDesktop::CloseRegisterList() {
+    window_.CloseRegisterList();
 }
 
 }  // namespace norvik

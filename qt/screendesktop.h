@@ -3,6 +3,12 @@
 
 #include "base/desktop.h"
 
+#include <QtGlobal>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
 namespace norvik {
 
 class MainWindow;
@@ -24,8 +30,14 @@ class ScreenDesktop : public Desktop {
     void ShowCurrentFile() override;
     void FocusField(int field) override;
     void CloseMainWindow() override;
+    void ShowMobileExport() override;
+    void ShowRegisterList() override;
+    void CloseRegisterList() override;
 
   private:
+    /// What a new dialog stands above: the dialog that is open, or the main window.
+    QWidget* Front();
+
     MainWindow& window_;
     bool hourglass_ = false;
 };

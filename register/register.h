@@ -43,6 +43,8 @@ struct RegisterState {
     Text ReadTrace;   ///< the last 15 bytes read from a register file, as hexadecimal digits
     /// The register may hold zeros for the outside line.
     bool WarnLineAccessZero = false;
+    /// Changes whenever the register is emptied: what was taken from it before is stale then.
+    unsigned Generation = 0;
 };
 
 /// The entry at a position; raises error 9 for a position outside 1 to 2000.

@@ -35,10 +35,10 @@ Text NameOf(TextView field) {
 }
 
 /// The filter's code: its first letter's place in "AVC", 0 for any other.
-int FilterCode(TextView field) {
+long long FilterCode(TextView field) {
     constexpr TextView Letters = u"AVC";
     const std::size_t place = field.empty() ? TextView::npos : Letters.find(UpperCase(field[0]));
-    return place == TextView::npos ? 0 : static_cast<int>(place) + 1;
+    return place == TextView::npos ? 0 : static_cast<long long>(place) + 1;
 }
 
 /// The MSN's value minus one goes into the flag word as it is; what is below 1 is none.

@@ -40,42 +40,66 @@ class InfoText {
 };
 
 /// Flows a text, of which every part ends with a line mark, into lines. Positions count from 1.
-Text Flow(TextView text) {
-    InfoText info;
-    std::size_t lineStart = 1;
-    std::size_t lineLength = 0;
-    std::size_t lastBlank = 0;
-    for (std::size_t k = 1; k <= text.size(); ++k) {
-        bool breaks = false;
-        ++lineLength;
-        if (text[k - 1] == u' ') {
-            lastBlank = k;
-        }
-        if (text[k - 1] == LineMark) {
-            if (lineLength > 1) {
-                breaks = true;
-            } else {  // the mark opens a line: none is made, it begins behind the mark
-                lineLength = 0;
-                lineStart = k + 1;
+class InfoFlow {
+  public:
+    explicit InfoFlow(TextView text) : text_(text) {}
+
+    Text Result() {
+        for (position_ = 1; position_ <= text_.size(); ++position_) {
+            ++lineLength_;
+            if (LineEndsHere()) {
+                TakeLine();
             }
         }
-        if (lineLength > InfoLineWidth) {
-            if (lastBlank > lineStart) {
-                k = lastBlank;
-                lineLength = k - lineStart + 1;
-            }
-            breaks = true;
+        return info_.Result();
+    }
+
+  private:
+    [[nodiscard]] bool AtMark() const { return text_[position_ - 1] == LineMark; }
+
+    /// Whether the line ends at this character; a line that grew too long takes the position back
+    /// to its last blank.
+    bool LineEndsHere() {
+        if (text_[position_ - 1] == u' ') {
+            lastBlank_ = position_;
         }
-        if (breaks) {
-            // A line cut at a blank keeps it as the first character of the next line.
-            info.AddLine(text.substr(lineStart - 1, lineLength - 1));
-            const bool atMark = text[k - 1] == LineMark;
-            lineStart = atMark ? k + 1 : k;
-            lineLength = atMark ? 0 : 1;
+        if (AtMark() && lineLength_ == 1) {  // the mark opens a line: none is made
+            StartBehindMark();
+            return false;
+        }
+        if (lineLength_ <= InfoLineWidth) {
+            return AtMark();
+        }
+        if (lastBlank_ > lineStart_) {
+            position_ = lastBlank_;
+            lineLength_ = position_ - lineStart_ + 1;
+        }
+        return true;
+    }
+
+    /// A line cut at a blank keeps it as the first character of the next line.
+    void TakeLine() {
+        info_.AddLine(text_.substr(lineStart_ - 1, lineLength_ - 1));
+        if (AtMark()) {
+            StartBehindMark();
+        } else {
+            lineStart_ = position_;
+            lineLength_ = 1;
         }
     }
-    return info.Result();
-}
+
+    void StartBehindMark() {
+        lineStart_ = position_ + 1;
+        lineLength_ = 0;
+    }
+
+    TextView text_;
+    InfoText info_;
+    std::size_t position_ = 0;
+    std::size_t lineStart_ = 1;
+    std::size_t lineLength_ = 0;
+    std::size_t lastBlank_ = 0;
+};
 
 }  // namespace
 
@@ -98,7 +122,7 @@ Text AssembleInfo(std::span<const TextView> fields) {
     for (const TextView field : fields) {
         joined.append(field).push_back(LineMark);
     }
-    return Flow(joined);
+    return InfoFlow(joined).Result();
 }
 
 }  // namespace norvik

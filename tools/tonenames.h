@@ -27,4 +27,8 @@ std::vector<Text> ToneNamesFrom(ByteView file);
 /// The names from "rt.lng" in the program's folder, the default names where it cannot be read.
 std::vector<Text> ReadToneNames(const FilePath& folder);
 
+/// Writes the names behind "kein", a line each, to "rt.lng" in the program's folder, replacing the
+/// old file only when the new one is complete.
+void WriteToneNames(const FilePath& folder, const std::vector<Text>& names);
+
 }  // namespace norvik

@@ -24,6 +24,9 @@ class IdleDesktop : public Desktop {
     void ShowCurrentFile() override {}
     void FocusField(int /*field*/) override {}
     void CloseMainWindow() override {}
+    void ShowMobileExport() override {}
+    void ShowRegisterList() override {}
+    void CloseRegisterList() override {}
 };
 
 }  // namespace norvik::test

@@ -201,4 +201,16 @@ void ScriptedDesktop::CloseMainWindow() {
     Transcript.emplace_back("close");
 }
 
+void ScriptedDesktop::ShowMobileExport() {
+    Transcript.emplace_back("show NVHE");
+}
+
+void ScriptedDesktop::ShowRegisterList() {
+    Transcript.emplace_back("show NVList");
+}
+
+void ScriptedDesktop::CloseRegisterList() {
+    Transcript.emplace_back("close NVList");
+}
+
 }  // namespace norvik::test

@@ -29,6 +29,7 @@ class ScriptedDesktop : public Desktop {
     ///   save "filter" ending .t9t -> /path
     ///   status "text" | beep | pointer Hourglass | pointer Normal
     ///   entry | list | file | focus 0 | close
+    ///   show NVHE | show NVList | close NVList
     /// CR LF inside a text stands as \r\n.
     std::vector<std::string> Transcript;
 
@@ -54,6 +55,9 @@ class ScriptedDesktop : public Desktop {
     void ShowCurrentFile() override;
     void FocusField(int field) override;
     void CloseMainWindow() override;
+    void ShowMobileExport() override;
+    void ShowRegisterList() override;
+    void CloseRegisterList() override;
 
   private:
     using Answer = std::variant<Button, std::optional<Text>, std::optional<FilePath>>;

@@ -1,0 +1,78 @@
+#include "dialogs/nvhe.h"
+
+#include "textformats/exportmobile.h"
+
+namespace norvik {
+
+namespace {
+
+constexpr std::string_view Ending = ".pbb";
+constexpr TextView Yes = u"yes";
+constexpr TextView No = u"no";
+constexpr TextView UsualSeparator = u";";
+
+/// The settings of the boxes, by their index.
+constexpr std::array<Setting, HandyBoxes> BoxSettings = {
+    Setting::AddRegionCode,     Setting::GlobalizeNumber,    Setting::Change00toPlus,
+    Setting::UseReductionFlags, Setting::DeleteCommaInNames, Setting::WriteMemNumber,
+    Setting::UseQuotesForData};
+
+MobileExportOptions OptionsOf(const NvheFields& fields) {
+    return {.AddRegionCode = fields.chkHE[AddRegionCodeBox],
+            .GlobalizeNumber = fields.chkHE[GlobalizeNumberBox],
+            .Change00toPlus = fields.chkHE[Change00toPlusBox],
+            .UseReductionFlags = fields.chkHE[UseReductionFlagsBox],
+            .DeleteCommaInNames = fields.chkHE[DeleteCommaInNamesBox],
+            .WriteMemNumber = fields.chkHE[WriteMemNumberBox],
+            .UseQuotesForData = fields.chkHE[UseQuotesForDataBox],
+            .DataSeparator = fields.InpSeparator};
+}
+
+}  // namespace
+
+NvheFields NVHE_Load(const Settings& settings) {
+    const SettingsTable& table = settings.Table;
+    NvheFields fields;
+    fields.AnzVorwahl = u"0" + table.Value(Setting::RegionCode);
+    fields.AnzLand = u"00" + table.Value(Setting::CountryCode);
+    fields.InpSeparator = table.Value(Setting::DataSeparator);
+    if (fields.InpSeparator.empty()) {
+        fields.InpSeparator = UsualSeparator;
+    }
+    for (std::size_t box = 0; box < HandyBoxes; ++box) {
+        if (table.Value(BoxSettings.at(box)) == Yes) {
+            fields.chkHE.at(box) = true;
+            chkHE_Click(fields, box);
+        }
+    }
+    return fields;
+}
+
+void chkHE_Click(NvheFields& fields, std::size_t box) {
+    if (box == GlobalizeNumberBox && fields.chkHE[GlobalizeNumberBox]) {
+        fields.chkHE[AddRegionCodeBox] = true;
+    }
+}
+
+void btnExport_Click(const NvheFields& fields, const RegisterState& state, const Settings& settings,
+                     Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = u"SIM-Surf|*.pbb|Alle Dateien|*.*", .ending = std::string(Ending)});
+    if (!chosen) {
+        return;
+    }
+    ExportMobile(state, OptionsOf(fields), settings, WithEnding(*chosen, Ending), desktop);
+    desktop.ShowEntry();
+}
+
+void btnSaveSettings_Click(const NvheFields& fields, Settings& settings, const FilePath& folder,
+                           Desktop& desktop) {
+    for (std::size_t box = GlobalizeNumberBox; box < HandyBoxes; ++box) {
+        settings.Table.SetValue(BoxSettings.at(box), fields.chkHE.at(box) ? Yes : No);
+    }
+    settings.Table.SetValue(Setting::DataSeparator, fields.InpSeparator);
+    WriteSettingsFile(folder, settings.Table);
+    desktop.SetStatus(u"Einstellungen gespeichert");
+}
+
+}  // namespace norvik
