@@ -14,6 +14,8 @@
 #include "textformats/mnudateisaveip286.h"
 #include "textformats/mnugebauszug.h"
 
+#include <exception>
+
 namespace norvik {
 
 namespace {
@@ -27,11 +29,18 @@ void OnState(Program& program, Desktop& desktop) {
 /// Adapts a load: an open register list must not go on showing the register that was before.
 template <void (*Load)(Program&, Desktop&)>
 void Loading(Program& program, Desktop& desktop) {
-    const unsigned before = program.State.Generation;
-    Load(program, desktop);
-    if (program.State.Generation != before) {
-        RenewRegisterList(program, desktop);
+    const auto renew = [&program, &desktop, before = program.State.Generation] {
+        if (program.State.Generation != before) {
+            RenewRegisterList(program, desktop);
+        }
+    };
+    try {
+        Load(program, desktop);
+    } catch (const std::exception&) {  // memory ran out in the midst of it
+        renew();
+        throw;
     }
+    renew();
 }
 
 void LoadCSVWithOption(Program& program, Desktop& desktop) {

@@ -26,7 +26,7 @@ EDITOR_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-translations-l10n fonts-
 # To show it where there is no display.
 SCREEN_PACKAGES=(xvfb xdotool imagemagick)
 # To build and run the tests.
-TEST_PACKAGES=(libgtest-dev libgmock-dev python3)
+TEST_PACKAGES=(libgtest-dev libgmock-dev python3 python3-phonenumbers)
 # For the linters, the benchmarks and the fuzzers.
 LINT_PACKAGES=(clang-format clang-tidy)
 BENCHMARK_PACKAGES=(libbenchmark-dev)

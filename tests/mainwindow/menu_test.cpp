@@ -80,12 +80,13 @@ TEST(MenuTable, EveryRowHasTheAgreedNameMenuAndCaptionInTheAgreedOrder) {
     }
 }
 
-TEST(MenuTable, HoldsTheFileTheEditAndTheOptionItems) {
+TEST(MenuTable, HoldsTheItemsOfTheFileEditListChargeAndOptionMenus) {
     for (const std::string_view name :
          {"mnuDateiLoadNV", "mnuDateiLoad175", "mnuDateiLoadCSV", "mnuDateiSaveNV",
           "MNUDateiSave193", "mnuDateiSave175", "mnuDateiSaveCSV", "mnuDateiSaveIP286",
-          "mnuDateiBeenden", "mnuBearbeitenNullHinzu", "mnuBearbeitenNullEntf",
-          "mnuBearbeitenKillMSN", "mnuExtraDoubles"}) {
+          "mnuDateiHandyexp", "mnuDateiConvCallListCSV", "mnuDateiBeenden",
+          "mnuBearbeitenNullHinzu", "mnuBearbeitenNullEntf", "mnuBearbeitenKillMSN",
+          "mnuNameRingtones", "mnuListView", "mnuGebAuszug", "mnuGebDelete", "mnuExtraDoubles"}) {
         EXPECT_NO_THROW(RowNamed(name));
     }
 }
