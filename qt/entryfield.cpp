@@ -132,7 +132,9 @@ void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     const bool returned =
         event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
-    if (rule_.Padded && !returned) {
+    // The Tab key and a mnemonic select the whole text of the others.
+    const bool byProgram = event->reason() == Qt::OtherFocusReason;
+    if (byProgram || (rule_.Padded && !returned)) {
         deselect();
         setCursorPosition(EndOfText());
     }
