@@ -153,7 +153,7 @@ void mnuBearbeitenKillMSN_Click(Program& program, Desktop& desktop) {
 
 void mnuGebDelete_Click(Program& program, Desktop& desktop) {
     if (mnuGebDelete(program.State, desktop)) {
-        // Else the next storing would write the old amount back.
+        // What is stored is shown at once; the other fields keep what the user typed.
         program.Fields.AnzGeb = FormatAmount(0);
     }
 }

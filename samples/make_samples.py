@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the sample registers telefonbuch.t9t (195), telefonbuch193.t9t (193) and telefonbuch.csv.
+"""Writes the sample registers telefonbuch.t9t (195), telefonbuch193.t9t (193) and telefonbuch.csv,
+and the sample call list anrufliste.t9a.
 
     python3 make_samples.py [folder]        default: the folder of this script
 
@@ -327,8 +328,67 @@ def csv_file() -> bytes:
     return "".join(line + CSV_LINE_END for line in lines).encode(CSV_ENCODING)
 
 
+# The call list: twelve calls at the telephone of the Brandt family, newest first. Its header is made
+# up; the program only wants 20 bytes. The numbers are given as a telephone counts them, from 1; two
+# stand far behind, since calls between them were deleted.
+
+CALL_LIST_HEADER = b"\x06\x12Anrufliste 195/193"
+CALL_LIST_END = b"\x00"
+
+
+@dataclass(frozen=True)
+class Call:
+    """One call: its number in the list, YYMMDDhhmm, who called, and the bytes that end it."""
+
+    number: int
+    stamp: str
+    tel: str
+    trailing: bytes = b"\x01"
+
+    def __post_init__(self) -> None:
+        if len(self.stamp) != 10 or not self.stamp.isdigit():
+            raise ValueError(f"no date and time: {self.stamp!r}")
+
+
+CALLS = [
+    Call(1, "2512241830", "03023125117"),
+    Call(2, "2512241745", "04066969118"),
+    Call(3, "2512231201", "**61"),
+    Call(4, "2511302359", ""),  # the caller's number was withheld
+    Call(5, "2503091405", "00496990009120", b""),
+    Call(6, "2502280700", "i12", b"\x00\x00\x00\x00"),
+    Call(7, "2501010000", "08999998112"),
+    Call(8, "0512312359", "01713920013"),
+    Call(9, "0512241830", "02214710110", b"\x00"),
+    Call(10, "0508020915", "02214710110"),
+    Call(101, "0502281200", "06990009113"),
+    Call(300, "0501010000", "03023125133"),
+]
+
+
+def sized(data: bytes) -> bytes:
+    """An element behind a length byte that counts itself."""
+    if len(data) > 254:
+        raise ValueError(f"element too long: {data!r}")
+    return bytes([1 + len(data)]) + data
+
+
+def call_record(call: Call) -> bytes:
+    """The number has as many bytes as it needs, the least significant first."""
+    return b"".join([
+        sized(call.number.to_bytes((call.number.bit_length() + 7) // 8, "little")),
+        encode_string(call.stamp.encode("ascii")),
+        encode_string(call.tel.encode("ascii")),
+        sized(call.trailing),
+    ])
+
+
+def call_list() -> bytes:
+    return CALL_LIST_HEADER + b"".join(call_record(call) for call in CALLS) + CALL_LIST_END
+
+
 def main() -> None:
-    parser = argparse.ArgumentParser(description="Writes the sample registers.")
+    parser = argparse.ArgumentParser(description="Writes the sample files.")
     parser.add_argument("folder", nargs="?", type=Path, default=Path(__file__).resolve().parent)
     folder = parser.parse_args().folder
 
@@ -344,6 +404,10 @@ def main() -> None:
     data = csv_file()
     (folder / "telefonbuch.csv").write_bytes(data)
     print(f"telefonbuch.csv: {len(CSV_LINES)} lines, {len(data)} bytes")
+
+    data = call_list()
+    (folder / "anrufliste.t9a").write_bytes(data)
+    print(f"anrufliste.t9a: {len(CALLS)} calls, {len(data)} bytes")
 
 
 if __name__ == "__main__":

@@ -34,6 +34,7 @@ sources_of() {
         phonebookfile) echo devicefiles/phonebookfilereader.cpp base/lines.cpp ;;
         globalize) echo textformats/globalize.cpp ;;
         infoflow) echo textformats/infoflow.cpp ;;
+        calllist) echo textformats/convertcalllist.cpp ;;
         *) echo "sources_of: which sources does $1 read?" >&2; return 1 ;;
     esac
 }

@@ -98,8 +98,10 @@ bool AreSameFile(const FilePath& a, const FilePath& b) {
 }  // namespace
 
 FilePath CallListOutput(const FilePath& file) {
-    const std::string& path = file.native();
-    return path.substr(0, path.find('.')) + ".csv";
+    const FilePath::string_type& path = file.native();
+    FilePath output = path.substr(0, path.find('.'));
+    output += ".csv";
+    return output;
 }
 
 void ConvertCallList(const FilePath& file, Desktop& desktop) {

@@ -1,0 +1,94 @@
+// Points in time with their seconds.
+#include "base/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+namespace norvik::test {
+namespace {
+
+#ifndef _WIN32
+/// The time zone of the process while the object lives.
+class TimeZone {
+  public:
+    explicit TimeZone(const char* zone) {
+        if (const char* old = std::getenv("TZ")) {
+            old_ = old;
+            hadOne_ = true;
+        }
+        setenv("TZ", zone, 1);
+        tzset();
+    }
+    TimeZone(const TimeZone&) = delete;
+    TimeZone& operator=(const TimeZone&) = delete;
+    TimeZone(TimeZone&&) = delete;
+    TimeZone& operator=(TimeZone&&) = delete;
+    ~TimeZone() {
+        if (hadOne_) {
+            setenv("TZ", old_.c_str(), 1);
+        } else {
+            unsetenv("TZ");
+        }
+        tzset();
+    }
+
+  private:
+    std::string old_;
+    bool hadOne_ = false;
+};
+
+constexpr const char* Berlin = "CET-1CEST,M3.5.0,M10.5.0/3";
+
+/// A point in time by its seconds since 1 January 1970, 0:00 in Greenwich.
+FileTime At(long long seconds) {
+    return FileTime(std::chrono::seconds(seconds));
+}
+
+TEST(FormatDateTimeSeconds, WritesDayAndSecondInGermanOrder) {
+    const TimeZone zone("UTC0");
+    EXPECT_EQ(FormatDateTimeSeconds(At(1'135'449'007)), u"24.12.2005 18:30:07");
+}
+
+TEST(FormatDateTimeSeconds, FillsUpWithZeros) {
+    const TimeZone zone("UTC0");
+    EXPECT_EQ(FormatDateTimeSeconds(At(0)), u"01.01.1970 00:00:00");
+    EXPECT_EQ(FormatDateTimeSeconds(At(981'173'106)), u"03.02.2001 04:05:06");
+}
+
+TEST(FormatDateTimeSeconds, IsTheLocalTimeInWinterAndInSummer) {
+    const TimeZone zone(Berlin);
+    EXPECT_EQ(FormatDateTimeSeconds(At(1'135'449'007)), u"24.12.2005 19:30:07");
+    EXPECT_EQ(FormatDateTimeSeconds(At(1'119'637'807)), u"24.06.2005 20:30:07");
+}
+
+TEST(FormatDateTimeSeconds, DoesNotRoundPartsOfASecondUp) {
+    const TimeZone zone("UTC0");
+    EXPECT_EQ(FormatDateTimeSeconds(At(59) + std::chrono::milliseconds(999)),
+              u"01.01.1970 00:00:59");
+}
+
+TEST(FormatDateTimeSeconds, IsFormatDateTimeAndTheSeconds) {
+    const TimeZone zone("UTC0");
+    for (const long long seconds : {0LL, 59LL, 60LL, 86'399LL, 951'782'399LL, 4'102'444'799LL}) {
+        const Text text = FormatDateTimeSeconds(At(seconds));
+        ASSERT_EQ(text.size(), 19U);
+        EXPECT_EQ(text.substr(0, 16), FormatDateTime(At(seconds)));
+        EXPECT_EQ(text[16], u':');
+        const long long second = seconds % 60;
+        EXPECT_EQ(text.substr(17), Text(second < 10 ? u"0" : u"") + Decimal(second));
+    }
+}
+
+TEST(FormatDateTimeSeconds, KnowsTheLeapDayAndTheEndOfACentury) {
+    const TimeZone zone("UTC0");
+    EXPECT_EQ(FormatDateTimeSeconds(At(951'782'399)), u"28.02.2000 23:59:59");
+    EXPECT_EQ(FormatDateTimeSeconds(At(951'782'400)), u"29.02.2000 00:00:00");
+    EXPECT_EQ(FormatDateTimeSeconds(At(4'102'444'799)), u"31.12.2099 23:59:59");
+}
+#endif
+
+}  // namespace
+}  // namespace norvik::test
