@@ -359,6 +359,7 @@ void MainWindow::ShowRegisterList() {
                 [this] { Run([&] { NVList_btnCancel_Click(program_, desktop_); }); });
     }
     list_->Draw(program_.List);
+    list_->setWindowState(list_->windowState() & ~Qt::WindowMinimized);
     list_->show();
     list_->raise();
     list_->activateWindow();

@@ -125,7 +125,9 @@ void NvheDialog::Draw() {
     for (std::size_t box = 0; box < chkHE_.size(); ++box) {
         chkHE_.at(box)->setChecked(fields_.chkHE.at(box));
     }
-    InpSeparator_->setText(ToQString(fields_.InpSeparator));
+    if (InpSeparator_->text() != ToQString(fields_.InpSeparator)) {  // keeps cursor and undo
+        InpSeparator_->setText(ToQString(fields_.InpSeparator));
+    }
     drawing_ = before;
 }
 

@@ -105,7 +105,7 @@ QString DescribeAny(const QDialog& dialog) {
     if (const auto* view = dialog.findChild<QPlainTextEdit*>()) {
         return DescribeScrolling(dialog, *view);
     }
-    return "unknown dialog";
+    return "dialog " + dialog.objectName() + " title " + Quoted(dialog.windowTitle());
 }
 
 void ClickButton(QDialog& dialog, QMessageBox::StandardButton button) {
@@ -184,6 +184,17 @@ DialogAnswers& DialogAnswers::Cancel() {
     return Click(QMessageBox::Cancel);
 }
 
+DialogAnswers& DialogAnswers::Drive(std::function<void(QDialog&)> act) {
+    return Add([act = std::move(act)](QDialog& dialog) {
+        ASSERT_TRUE(BecomesActive(dialog));
+        act(dialog);
+        EXPECT_TRUE(dialog.isVisible()) << "the dialog did not stay open";
+        auto* cancel = dialog.findChild<QPushButton*>("btnCancel");
+        ASSERT_NE(cancel, nullptr);
+        QTest::mouseClick(cancel, Qt::LeftButton);
+    });
+}
+
 DialogAnswers& DialogAnswers::Look(std::function<void(QDialog&)> look) {
     nextLook_ = std::move(look);
     return *this;
@@ -205,6 +216,11 @@ bool DialogAnswers::eventFilter(QObject* object, QEvent* event) {
 void DialogAnswers::AnswerDialog(QDialog& dialog) {
     const std::string question = DescribeAny(dialog).toStdString();
     Transcript.push_back(question);
+    if (!open_.empty()) {
+        EXPECT_EQ(dialog.parentWidget(), open_.back())
+            << "not shown above its dialog: " << question;
+    }
+    open_.push_back(&dialog);
     if (answers_.empty()) {
         ADD_FAILURE() << "no answer is prepared for: " << question;
     } else {
@@ -216,6 +232,7 @@ void DialogAnswers::AnswerDialog(QDialog& dialog) {
         answer.act(dialog);
         EXPECT_FALSE(dialog.isVisible()) << "the answer did not close: " << question;
     }
+    open_.pop_back();
     if (dialog.isVisible()) {
         dialog.done(QDialog::Rejected);
     }
@@ -226,6 +243,10 @@ void DialogAnswers::CloseForgotten() {
         ADD_FAILURE() << "nobody answered " << modal->windowTitle().toStdString();
         modal->close();
     }
+}
+
+bool BecomesActive(const QWidget& window) {
+    return QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; });
 }
 
 void TypeText(QWidget* widget, const QString& text) {

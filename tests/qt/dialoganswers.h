@@ -1,6 +1,8 @@
 // Plays prepared answers to the dialogs of the window and keeps a transcript of what they showed. A
 // dialog without a prepared answer, an answer that the dialog cannot take and an answer left over
-// fail the test; every dialog is closed, so that no test waits for ever.
+// fail the test, and so does a dialog that is not shown above the one that it was opened from;
+// every dialog is closed, so that no test waits for ever. Windows that leave the others usable are
+// left alone.
 #pragma once
 
 #include <QDialog>
@@ -40,6 +42,9 @@ class DialogAnswers : public QObject {
     DialogAnswers& ChooseFileAndKeep(const QString& name);
     /// Clicks the button "Abbrechen" of an input box or a file dialog.
     DialogAnswers& Cancel();
+    /// Lets `act` work in a dialog of several controls; the answers that follow are for the dialogs
+    /// that it opens. The dialog must still be open then and is closed by its "btnCancel".
+    DialogAnswers& Drive(std::function<void(QDialog&)> act);
     /// Looks at the dialog that the next answer is for, before it is answered.
     DialogAnswers& Look(std::function<void(QDialog&)> look);
 
@@ -49,6 +54,7 @@ class DialogAnswers : public QObject {
     ///   input "prompt" title "title" preset ""
     ///   open "NV-195-Datei (*.t9t)|Alle Dateien (*)" name ""
     ///   save "norvik-195-Datei (*.t9t)|Alle Dateien (*)" name ""
+    ///   dialog NVHE title "Handyexport"                               (any other, its object name)
     std::vector<std::string> Transcript;
 
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -65,8 +71,13 @@ class DialogAnswers : public QObject {
 
     std::deque<Answer> answers_;
     std::function<void(QDialog&)> nextLook_;
+    /// The dialogs that are being answered, each above the one before.
+    std::vector<QDialog*> open_;
     QTimer watchdog_;
 };
+
+/// Waits until the window is the active one itself, not only one of those that belong together.
+bool BecomesActive(const QWidget& window);
 
 /// Types characters, those without a key on a plain keyboard included.
 void TypeText(QWidget* widget, const QString& text);

@@ -68,6 +68,11 @@ std::string Line(const std::string& text) {
     return QString::fromStdString(text).leftJustified(21).toStdString();
 }
 
+std::string RuntimeErrorBox(int number, const QString& description) {
+    return OkBox(QString("Laufzeitfehler '%1':\n\n").arg(number) + description, "NORVIK",
+                 "Critical");
+}
+
 PaintedTexts::PaintedTexts(QLabel* label) : label_(label) {
     label->installEventFilter(this);
 }
@@ -115,11 +120,16 @@ void WindowTest::Load(const std::vector<FileRecord>& records) {
 
 void WindowTest::Activate() {
     Window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
+    ASSERT_TRUE(BecomesActive(*Window));
 }
 
 QString WindowTest::PathIn(const char* name) const {
     return QString::fromStdString((Folder / name).string());
+}
+
+std::string WindowTest::FileText(const char* name) const {
+    const Bytes bytes = ReadFile(Folder / name);
+    return {bytes.begin(), bytes.end()};
 }
 
 QLineEdit* WindowTest::Field(int number) const {
@@ -160,13 +170,25 @@ QColor WindowTest::NeutralColour() const {
     return QApplication::palette("QPushButton").color(QPalette::Button);
 }
 
-std::vector<std::string> WindowTest::Rows() const {
-    const QAbstractItemModel* model = List()->model();
+std::vector<std::string> WindowTest::RowsOf(const QAbstractItemView& list) {
+    const QAbstractItemModel* model = list.model();
     std::vector<std::string> rows;
     for (int row = 0; row < model->rowCount(); ++row) {
         rows.push_back(model->index(row, 0).data().toString().toStdString());
     }
     return rows;
+}
+
+std::vector<std::string> WindowTest::TabOrder(QWidget& window) {
+    const QWidget* first = window.focusWidget();
+    std::vector<std::string> names;
+    constexpr std::size_t Most = 100;
+    while (window.focusWidget() != nullptr && names.size() < Most &&
+           (names.empty() || window.focusWidget() != first)) {
+        names.push_back(window.focusWidget()->objectName().toStdString());
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    }
+    return names;
 }
 
 std::string WindowTest::SelectedRow() const {

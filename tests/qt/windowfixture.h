@@ -48,6 +48,9 @@ Bytes NumberedRegisterFile(int count);
 /// Text filled up with blanks to the 21 characters of an info line.
 std::string Line(const std::string& text);
 
+/// The box of a run-time error that no operation handles, as the transcript shows it.
+std::string RuntimeErrorBox(int number, const QString& description);
+
 inline const QColor Pending(255, 128, 128);
 inline const QColor Stored(192, 255, 192);
 
@@ -79,6 +82,8 @@ class WindowTest : public testing::Test {
     void Activate();
 
     QString PathIn(const char* name) const;
+    /// The bytes of a file in the test's folder.
+    std::string FileText(const char* name) const;
 
     template <typename Widget>
     Widget* Find(const QString& name) const {
@@ -98,7 +103,10 @@ class WindowTest : public testing::Test {
     QColor ButtonColour() const;
     QColor NeutralColour() const;
     /// All rows of the list.
-    std::vector<std::string> Rows() const;
+    std::vector<std::string> Rows() const { return RowsOf(*List()); }
+    static std::vector<std::string> RowsOf(const QAbstractItemView& list);
+    /// The input widgets that the tab key enters, from the focused one through the whole cycle.
+    static std::vector<std::string> TabOrder(QWidget& window);
     std::string SelectedRow() const;
     /// The names of the entries 1 to count, each shown in turn.
     std::vector<std::string> ShownNames();

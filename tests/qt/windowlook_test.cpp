@@ -166,12 +166,17 @@ TEST_F(WindowLook, TheMenusHaveTheirItemsAndNoOthers) {
                     "mnuDateiLoad175: norvik 175 laden...", "mnuDateiLoadCSV: CSV laden...",
                     "mnuDateiSaveNV: norvik 195 speichern", "MNUDateiSave193: norvik 193 speichern",
                     "mnuDateiSave175: norvik 175 speichern", "mnuDateiSaveCSV: Als CSV speichern",
-                    "mnuDateiSaveIP286: CSV für IP 286 exportieren...", "mnuDateiBeenden: Beenden",
-                    "mnuBearbeiten: Bearbeiten",
+                    "mnuDateiSaveIP286: CSV für IP 286 exportieren...",
+                    "mnuDateiHandyexp: Handyexport...",
+                    "mnuDateiConvCallListCSV: Anrufliste in CSV konvertieren...",
+                    "mnuDateiBeenden: Beenden", "mnuBearbeiten: Bearbeiten",
                     "mnuBearbeitenNullHinzu: Null zur Amtholung hinzufügen...",
                     "mnuBearbeitenNullEntf: Null zur Amtholung entfernen...",
-                    "mnuBearbeitenKillMSN: Abgehende MSN löschen...", "mnuExtra: Extras",
-                    "mnuExtraDoubles: Beim CSV-Einlesen Doubletten vermeiden"));
+                    "mnuBearbeitenKillMSN: Abgehende MSN löschen...",
+                    "mnuNameRingtones: Klingeltonnamen erneuern...", "mnuList: Liste",
+                    "mnuListView: Registerliste...", "mnuGeb: Gebühren",
+                    "mnuGebAuszug: Gebührenauszug...", "mnuGebDelete: Zähler löschen...",
+                    "mnuExtra: Extras", "mnuExtraDoubles: Beim CSV-Einlesen Doubletten vermeiden"));
 }
 
 TEST_F(WindowLook, EachMenuItemIsFoundInTheWindowByItsNameAlone) {
@@ -179,11 +184,12 @@ TEST_F(WindowLook, EachMenuItemIsFoundInTheWindowByItsNameAlone) {
     for (const char* name :
          {"mnuDateiLoadNV", "mnuDateiLoad175", "mnuDateiLoadCSV", "mnuDateiSaveNV",
           "MNUDateiSave193", "mnuDateiSave175", "mnuDateiSaveCSV", "mnuDateiSaveIP286",
-          "mnuDateiBeenden", "mnuBearbeitenNullHinzu", "mnuBearbeitenNullEntf",
-          "mnuBearbeitenKillMSN", "mnuExtraDoubles"}) {
+          "mnuDateiHandyexp", "mnuDateiConvCallListCSV", "mnuDateiBeenden",
+          "mnuBearbeitenNullHinzu", "mnuBearbeitenNullEntf", "mnuBearbeitenKillMSN",
+          "mnuNameRingtones", "mnuListView", "mnuGebAuszug", "mnuGebDelete", "mnuExtraDoubles"}) {
         EXPECT_EQ(Window->findChildren<QAction*>(name).size(), 1) << name;
     }
-    for (const char* name : {"mnuDatei", "mnuBearbeiten", "mnuExtra"}) {
+    for (const char* name : {"mnuDatei", "mnuBearbeiten", "mnuList", "mnuGeb", "mnuExtra"}) {
         EXPECT_NE(Window->findChild<QMenu*>(name), nullptr) << name;
     }
 }
