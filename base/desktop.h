@@ -15,7 +15,7 @@ namespace norvik {
 inline constexpr TextView ProgramName = u"NORVIK";
 
 enum class Icon { None, Information, Question, Exclamation, Critical };
-enum class Button { Ok, Cancel, Yes, No };
+enum class Button { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
 
 struct MessageBox {
     Text text;
@@ -52,7 +52,7 @@ class Desktop {
 
     // Ask. Each waits for the user's answer; a cancelled one is nullopt.
 
-    /// The button that the user chose; closing the box is its Cancel or No, if it has one.
+    /// The button that the user chose; closing the box is its Cancel, Abort or No, if it has one.
     virtual Button Ask(const MessageBox& box) = 0;
     virtual std::optional<Text> AskForText(const InputBox& box) = 0;
     /// A name to open; the file need not exist.
@@ -85,6 +85,16 @@ class Desktop {
     /// Shows the register list beside the main window, or brings it to the front.
     virtual void ShowRegisterList() = 0;
     virtual void CloseRegisterList() = 0;
+    /// Shows the settings dialog and returns when it is closed.
+    virtual void ShowSettings() = 0;
+
+    // Hand over.
+
+    /// Opens a document with the program that the desktop has for it. Gives 33 when it was handed
+    /// over, 2 when there is no such document, 31 when no program opens it.
+    virtual int OpenDocument(const FilePath& document) = 0;
+    /// Opens a text in the desktop's text editor, whether it exists or not.
+    virtual void OpenInTextEditor(const FilePath& document) = 0;
 };
 
 }  // namespace norvik

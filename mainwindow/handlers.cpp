@@ -4,6 +4,7 @@
 #include "devicefiles/sortregister.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/showentry.h"
+#include "sync/searchsyncaddress.h"
 #include "textformats/globalize.h"
 #include "textformats/mnugebdelete.h"
 #include "tools/mnubearbeitenkillmsn.h"
@@ -168,6 +169,24 @@ void mnuNameRingtones_Click(Program& program, Desktop& desktop) {
     desktop.ShowEntry();  // its tone stays selected, also when the names cannot be written
     WriteToneNames(program.Folder, *names);
     program.Fields.btnSaveChange = EditState::Neutral;
+}
+
+void mnuDateiLoadSync_Click(Program& program, Desktop& desktop) {
+    LoadSyncDatabase(program.Set.Table, program.Sync, desktop);
+}
+
+void mnuSyncAdd_Click(Program& program, Desktop& desktop) {
+    SearchSyncAddress(program.State, program.Sync, program.Set, desktop);
+}
+
+void StoreSettings(Program& program, const NvsetFields& fields, Desktop& desktop) {
+    const int units = EntryAt(program.State, program.State.AnzNr).GebEinh;
+    // An amount that the user cleared and did not store yet stays cleared.
+    const bool shown = program.Fields.AnzGeb == FormatAmount(units * program.Set.UnitPrice);
+    btnMakeChanges_Click(fields, program.Set, program.Folder, desktop);
+    if (shown) {
+        program.Fields.AnzGeb = FormatAmount(units * program.Set.UnitPrice);
+    }
 }
 
 void mnuExtraDoubles_Click(Program& program) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "dialogs/nvset.h"
 #include "mainwindow/program.h"
 
 namespace norvik {
@@ -52,6 +53,13 @@ void mnuGebDelete_Click(Program& program, Desktop& desktop);
 /// Renews the names of the tone list from the tone folder, stores them and shows the entry again.
 /// Raises what writing "rt.lng" raises; the list then shows the new names all the same.
 void mnuNameRingtones_Click(Program& program, Desktop& desktop);
+/// Loads the address database.
+void mnuDateiLoadSync_Click(Program& program, Desktop& desktop);
+/// Looks for the shown entry's address.
+void mnuSyncAdd_Click(Program& program, Desktop& desktop);
+/// Stores what the settings dialog holds; the shown amount follows a new price. Raises what writing
+/// "norvik.ini" raises.
+void StoreSettings(Program& program, const NvsetFields& fields, Desktop& desktop);
 /// Reverses the check mark.
 void mnuExtraDoubles_Click(Program& program);
 

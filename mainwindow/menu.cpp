@@ -6,6 +6,7 @@
 #include "devicefiles/mnudateisave175.h"
 #include "devicefiles/mnudateisave193.h"
 #include "devicefiles/mnudateisavenv.h"
+#include "dialogs/help.h"
 #include "mainwindow/handlers.h"
 #include "mainwindow/nvlist.h"
 #include "textformats/mnudateiconvcalllistcsv.h"
@@ -59,6 +60,20 @@ void StatementWithUnitPrice(Program& program, Desktop& desktop) {
     mnuGebAuszug(program.State, program.Set.UnitPrice, desktop);
 }
 
+void mnuSettingsBasic(Program& /*program*/, Desktop& desktop) {
+    desktop.ShowSettings();
+}
+
+/// Adapts an item that opens a document.
+template <void (*Open)(const HelpFolders&, Desktop&)>
+void OpenHelp(Program& program, Desktop& desktop) {
+    Open({program.Folder, program.DocumentFolder}, desktop);
+}
+
+void About(Program& /*program*/, Desktop& desktop) {
+    mnuHilfeAbout(desktop);
+}
+
 void mnuDateiBeenden(Program& /*program*/, Desktop& desktop) {
     desktop.CloseMainWindow();
 }
@@ -79,7 +94,8 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren...",      "",       3, false, OnState<mnuDateiSaveIP286>},
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp",  u"&Handyexport...", "", 3, false, mnuDateiHandyexp},
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren...", "", 3, false, ConvertCallListOfMenu},
-    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       4, false, mnuDateiBeenden},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadSync",  u"SyncDatei laden",                    "",       4, false, mnuDateiLoadSync_Click},
+    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       5, false, mnuDateiBeenden},
 
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, OnState<mnuBearbeitenNullHinzu>},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, OnState<mnuBearbeitenNullEntf>},
@@ -91,7 +107,15 @@ constexpr MenuRow Rows[] = {
     {"mnuGeb", u"&Gebühren", "mnuGebAuszug", u"Gebühren&auszug...",  "", 1, false, StatementWithUnitPrice},
     {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen...", "", 1, false, mnuGebDelete_Click},
 
+    {"mnuSync", u"&Synchronisation", "mnuSyncAdd", u"&Adresse suchen...", "", 1, false, mnuSyncAdd_Click},
+
     {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"Beim CSV-Einlesen Doubletten vermeiden", "", 1, false, ToggleDoubles, &MainWindowFields::mnuExtraDoubles},
+    {"mnuExtra", u"E&xtras", "mnuSettingsBasic", u"&Einstellungen...", "", 2, false, mnuSettingsBasic},
+
+    {"mnuHilfe", u"&Hilfe", "mnuHelpManual",    u"&Handbuch",            "", 1, false, OpenHelp<mnuHelpManual>},
+    {"mnuHilfe", u"&Hilfe", "mnuHilfeReadme",   u"&README",              "", 1, false, OpenHelp<mnuHilfeReadme>},
+    {"mnuHilfe", u"&Hilfe", "mnuHilfeWhatsNew", u"&Was ist neu?",        "", 1, false, OpenHelp<mnuHilfeWhatsNew>},
+    {"mnuHilfe", u"&Hilfe", "mnuHilfeAbout",    u"Ü&ber das Programm",   "", 2, false, About},
 };
 // clang-format on
 

@@ -6,6 +6,7 @@
 #include "mainwindow/fields.h"
 #include "register/register.h"
 #include "register/settings.h"
+#include "sync/loadsyncdatabase.h"
 #include "tools/fillregisterlist.h"
 
 namespace norvik {
@@ -18,6 +19,9 @@ struct Program {
     MainWindowFields Fields;
     Text SearchTerm;    ///< survives from one search to the next
     NvListFields List;  ///< of the register list's window
+    SyncState Sync;
+    /// Where the help documents are installed; those in Folder come first.
+    FilePath DocumentFolder;
 };
 
 }  // namespace norvik

@@ -103,6 +103,9 @@ void StartUp(Program& program, TextView commandLine, Desktop& desktop) {
     if (std::exchange(program.Set.AutoloadFlag, false)) {
         LoadStartFile(program, desktop);
     }
+    if (program.Set.Table.Value(Setting::LoadSyncOnStart) == u"yes") {
+        LoadSyncDatabase(program.Set.Table, program.Sync, desktop);
+    }
     desktop.SetStatus(u"OK");
     program.State.WarnLineAccessZero = true;
 }

@@ -8,6 +8,7 @@
 #include "qt/entryfield.h"
 #include "qt/nvhe.h"
 #include "qt/nvlist.h"
+#include "qt/nvset.h"
 #include "qt/phonepicture.h"
 #include "qt/registerlist.h"
 #include "qt/textconversion.h"
@@ -57,13 +58,15 @@ void DrawItems(QComboBox* list, const std::vector<Text>& items, int selected) {
 
 }  // namespace
 
-MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop)
+MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
+                       const FilePath& documentFolder)
     : desktop_(*this),
       hardStop_(std::move(hardStop)),
       widgets_(MakeMainWindowWidgets(*this)),
       model_(new RegisterListModel(this)) {
     setObjectName(QStringLiteral("MW"));
     program_.Folder = folder;
+    program_.DocumentFolder = documentFolder;
     widgets_.TelRegListe->setModel(model_);
     MakeMenus();
     MakeShortcuts();
@@ -242,6 +245,7 @@ void MainWindow::Draw() {
     for (const auto& [action, check] : checkActions_) {
         action->setChecked(fields.*check);
     }
+    findChild<QMenu*>(QStringLiteral("mnuSync"))->setEnabled(program_.Sync.SyncLoaded);
     SelectListRow();
     if (list_ != nullptr) {
         list_->Draw(program_.List);
@@ -371,6 +375,23 @@ void MainWindow::CloseRegisterList() {
         list_->deleteLater();  // it may be in the midst of telling of a click
         list_ = nullptr;
     }
+}
+
+void MainWindow::RunSettings() {
+    NvsetDialog dialog(
+        NVSET_Load(program_.Set), desktop_,
+        [this](const NvsetDialog::Operation& operation) { Run(operation); }, this);
+    connect(&dialog, &NvsetDialog::storeWanted, this, [this, &dialog] {
+        bool stored = false;
+        Run([&] {
+            StoreSettings(program_, dialog.Fields(), desktop_);
+            stored = true;
+        });
+        if (stored) {
+            dialog.CloseStored();
+        }
+    });
+    dialog.exec();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

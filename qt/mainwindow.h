@@ -20,8 +20,10 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
     /// `folder` is the program's folder. `hardStop` ends the process; it must not return to the
-    /// operation (tests throw the window away instead).
-    MainWindow(const FilePath& folder, std::function<void()> hardStop);
+    /// operation (tests throw the window away instead). `documentFolder` is where the help
+    /// documents are installed.
+    MainWindow(const FilePath& folder, std::function<void()> hardStop,
+               const FilePath& documentFolder = {});
 
     /// Runs the start-up with the program's arguments joined by blanks; to be called once, when the
     /// window is shown.
@@ -38,6 +40,8 @@ class MainWindow : public QMainWindow {
     void RunMobileExport();
     void ShowRegisterList();
     void CloseRegisterList();
+    /// Shows the settings dialog until it is closed.
+    void RunSettings();
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -27,6 +27,12 @@ QMessageBox::StandardButton StandardButtonOf(Button button) {
         return QMessageBox::Yes;
     case Button::No:
         return QMessageBox::No;
+    case Button::Abort:
+        return QMessageBox::Abort;
+    case Button::Retry:
+        return QMessageBox::Retry;
+    case Button::Ignore:
+        return QMessageBox::Ignore;
     }
     return QMessageBox::NoButton;
 }
@@ -64,7 +70,7 @@ QStyle::StandardPixmap PixmapOf(Icon icon) {
 
 /// The button that closing the box stands for.
 Button ClosingButton(const MessageBox& box) {
-    for (const Button button : {Button::Cancel, Button::No}) {
+    for (const Button button : {Button::Cancel, Button::Abort, Button::No}) {
         if (std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end()) {
             return button;
         }

@@ -6,10 +6,14 @@
 #include "qt/textconversion.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
 
 #include <utility>
 
@@ -185,6 +189,32 @@ void ScreenDesktop::ShowRegisterList() {
 
 void ScreenDesktop::CloseRegisterList() {
     window_.CloseRegisterList();
+}
+
+void ScreenDesktop::ShowSettings() {
+    window_.RunSettings();
+}
+
+int ScreenDesktop::OpenDocument(const FilePath& document) {
+    // The numbers of the shell that the status line has always shown.
+    constexpr int NotFound = 2;
+    constexpr int NoProgram = 31;
+    constexpr int HandedOver = 33;
+    const QString path = FromFilePath(document);
+    if (!QFileInfo::exists(path)) {
+        return NotFound;
+    }
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? HandedOver : NoProgram;
+}
+
+void ScreenDesktop::OpenInTextEditor(const FilePath& document) {
+    const QString path = FromFilePath(document);
+    const QString notepad = QStandardPaths::findExecutable(QStringLiteral("notepad.exe"));
+    if (notepad.isEmpty()) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    } else {
+        QProcess::startDetached(notepad, {path});
+    }
 }
 
 }  // namespace norvik

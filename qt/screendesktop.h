@@ -33,6 +33,9 @@ class ScreenDesktop : public Desktop {
     void ShowMobileExport() override;
     void ShowRegisterList() override;
     void CloseRegisterList() override;
+    void ShowSettings() override;
+    int OpenDocument(const FilePath& document) override;
+    void OpenInTextEditor(const FilePath& document) override;
 
   private:
     /// What a new dialog stands above: the dialog that is open, or the main window.

@@ -21,4 +21,8 @@ FilePath ToFilePath(const QString& path) {
     return {QFile::encodeName(path).toStdString()};
 }
 
+QString FromFilePath(const FilePath& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path.string()));
+}
+
 }  // namespace norvik

@@ -15,5 +15,6 @@ QString ToLines(TextView text);
 Text ToText(const QString& text);
 
 FilePath ToFilePath(const QString& path);
+QString FromFilePath(const FilePath& path);
 
 }  // namespace norvik

@@ -32,6 +32,7 @@ sources_of() {
         tonenames) echo tools/tonenames.cpp ;;
         csv) echo textformats/csvreader.cpp textformats/csvsplit.cpp ;;
         phonebookfile) echo devicefiles/phonebookfilereader.cpp base/lines.cpp ;;
+        addressdatabase) echo sync/synctables.cpp sync/quotedfields.cpp ;;
         globalize) echo textformats/globalize.cpp ;;
         infoflow) echo textformats/infoflow.cpp ;;
         calllist) echo textformats/convertcalllist.cpp ;;

@@ -27,6 +27,9 @@ class IdleDesktop : public Desktop {
     void ShowMobileExport() override {}
     void ShowRegisterList() override {}
     void CloseRegisterList() override {}
+    void ShowSettings() override {}
+    int OpenDocument(const FilePath& /*document*/) override { return 0; }
+    void OpenInTextEditor(const FilePath& /*document*/) override {}
 };
 
 }  // namespace norvik::test

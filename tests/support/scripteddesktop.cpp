@@ -18,6 +18,12 @@ const char* NameOf(Button button) {
         return "Yes";
     case Button::No:
         return "No";
+    case Button::Abort:
+        return "Abort";
+    case Button::Retry:
+        return "Retry";
+    case Button::Ignore:
+        return "Ignore";
     }
     return "?";
 }
@@ -211,6 +217,19 @@ void ScriptedDesktop::ShowRegisterList() {
 
 void ScriptedDesktop::CloseRegisterList() {
     Transcript.emplace_back("close NVList");
+}
+
+void ScriptedDesktop::ShowSettings() {
+    Transcript.emplace_back("show NVSET");
+}
+
+int ScriptedDesktop::OpenDocument(const FilePath& document) {
+    Transcript.push_back("document " + document.string() + " -> " + std::to_string(ShellResult));
+    return ShellResult;
+}
+
+void ScriptedDesktop::OpenInTextEditor(const FilePath& document) {
+    Transcript.push_back("editor " + document.string());
 }
 
 }  // namespace norvik::test

@@ -29,7 +29,8 @@ class ScriptedDesktop : public Desktop {
     ///   save "filter" ending .t9t -> /path
     ///   status "text" | beep | pointer Hourglass | pointer Normal
     ///   entry | list | file | focus 0 | close
-    ///   show NVHE | show NVList | close NVList
+    ///   show NVHE | show NVList | close NVList | show NVSET
+    ///   document /path -> 33 | editor /path
     /// CR LF inside a text stands as \r\n.
     std::vector<std::string> Transcript;
 
@@ -37,6 +38,9 @@ class ScriptedDesktop : public Desktop {
     [[nodiscard]] std::vector<std::string> Questions() const;
     /// The texts of the status lines alone.
     [[nodiscard]] std::vector<std::string> Statuses() const;
+
+    /// What opening a document returns.
+    int ShellResult = 33;
 
     /// What happens when the entry is to be shown or the list to be built; nothing by default.
     /// Tests of the main window's handlers let these compute the fields.
@@ -58,6 +62,9 @@ class ScriptedDesktop : public Desktop {
     void ShowMobileExport() override;
     void ShowRegisterList() override;
     void CloseRegisterList() override;
+    void ShowSettings() override;
+    int OpenDocument(const FilePath& document) override;
+    void OpenInTextEditor(const FilePath& document) override;
 
   private:
     using Answer = std::variant<Button, std::optional<Text>, std::optional<FilePath>>;

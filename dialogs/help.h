@@ -1,0 +1,18 @@
+// The help menu.
+#pragma once
+
+#include "base/desktop.h"
+
+#include <vector>
+
+namespace norvik {
+
+/// The documents lie in the first of the folders that holds them.
+using HelpFolders = std::vector<FilePath>;
+
+void mnuHelpManual(const HelpFolders& folders, Desktop& desktop);
+void mnuHilfeReadme(const HelpFolders& folders, Desktop& desktop);
+void mnuHilfeWhatsNew(const HelpFolders& folders, Desktop& desktop);
+void mnuHilfeAbout(Desktop& desktop);
+
+}  // namespace norvik

@@ -1,0 +1,40 @@
+#include "dialogs/syncsample.h"
+
+#include "base/lines.h"
+#include "base/runtimeerror.h"
+#include "sync/synctables.h"
+
+#include <algorithm>
+
+namespace norvik {
+
+std::optional<Text> SyncSample::Line(TextView file, int record) {
+    try {
+        const FilePath path = FindIgnoringCase(PathFromText(file));
+        const FileTime modified = LastModified(path);
+        if (path != path_ || modified != modified_) {
+            Read(path);
+            modified_ = modified;
+        }
+    } catch (const RuntimeError&) {
+        modified_.reset();
+        lines_.clear();
+        return std::nullopt;
+    }
+    if (lines_.empty()) {
+        return Text();
+    }
+    return lines_[std::min(static_cast<std::size_t>(std::max(record, 1)), lines_.size()) - 1];
+}
+
+void SyncSample::Read(const FilePath& path) {
+    const Bytes bytes = ReadWholeFile(path);
+    path_ = path;
+    lines_.clear();
+    LineReader lines(bytes);
+    while (!lines.AtEnd() && lines_.size() < SyncRecords) {
+        lines_.push_back(lines.Next());
+    }
+}
+
+}  // namespace norvik

@@ -1,0 +1,26 @@
+// The records of an address file as samples for the settings dialog.
+#pragma once
+
+#include "base/files.h"
+
+#include <optional>
+#include <vector>
+
+namespace norvik {
+
+/// Keeps the beginning of a file so that going through its records does not read it each time.
+class SyncSample {
+  public:
+    /// Line `record`, counted from 1, of the file, or its last line when it has fewer; an empty
+    /// line for an empty file. Nothing when the file cannot be read.
+    std::optional<Text> Line(TextView file, int record);
+
+  private:
+    void Read(const FilePath& path);
+
+    FilePath path_;
+    std::optional<FileTime> modified_;
+    std::vector<Text> lines_;
+};
+
+}  // namespace norvik

@@ -1,0 +1,19 @@
+// Loading the address database: a text export of an address book whose records are looked up by
+// telephone number.
+#pragma once
+
+#include "base/desktop.h"
+#include "sync/synctables.h"
+
+namespace norvik {
+
+struct SyncState {
+    SyncTables Tables;
+    bool SyncLoaded = false;  ///< a load was completed; the address menu is enabled with it
+};
+
+/// Replaces the tables by the records of the database that the settings name. A missing file is
+/// reported; the tables are empty then. Any other failure ends the reading without a message.
+void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop);
+
+}  // namespace norvik
