@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Writes the sample registers telefonbuch.t9t (195), telefonbuch193.t9t (193) and telefonbuch.csv,
-and the sample call list anrufliste.t9a.
+"""Writes the sample registers telefonbuch.t9t (195), telefonbuch193.t9t (193), telefonbuch.csv,
+the sample call list anrufliste.t9a, and the address file adressen.csv with the settings norvik.ini
+that read it.
 
     python3 make_samples.py [folder]        default: the folder of this script
 
@@ -387,6 +388,202 @@ def call_list() -> bytes:
     return CALL_LIST_HEADER + b"".join(call_record(call) for call in CALLS) + CALL_LIST_END
 
 
+# The address file: the text export of somebody's address book, every field in double quotes. The
+# first records are the people of the register, their numbers written as people write them; the
+# others are filled up from the tables below. Three fields belong to no item of the settings.
+
+ADDRESS_RECORDS = 150
+ADDRESS_NOTE_EVERY = 7
+ADDRESS_NO_PLACE_EVERY = 19
+ADDRESS_NO_NUMBER_EVERY = 31
+
+
+@dataclass(frozen=True)
+class Address:
+    """One record; the fields in the order of the file."""
+
+    surname: str
+    given: str = ""
+    company: str = ""
+    position: str = ""
+    street: str = ""
+    postcode: str = ""
+    town: str = ""
+    country: str = ""
+    business: str = ""
+    private: str = ""
+    fax: str = ""
+    other: str = ""
+    mail: str = ""
+    note: str = ""  # may hold one line break
+
+    def __post_init__(self) -> None:
+        *single, note = self.fields
+        if any('"' in field for field in self.fields) or any("\n" in field for field in single):
+            raise ValueError(f"no record holds {self.fields!r}")
+        if note.count("\n") > 1 or note.endswith("\n"):
+            raise ValueError(f"a record has one continuation line: {note!r}")
+
+    @property
+    def fields(self) -> tuple[str, ...]:
+        return tuple(getattr(self, name) for name in self.__dataclass_fields__)
+
+
+# The fields of the ten items, in the settings' order.
+ADDRESS_ITEMS = {
+    "SyncName": "surname",
+    "SyncGiven": "given",
+    "SyncCompany": "company",
+    "SyncAdd": "street",
+    "SyncZip": "postcode",
+    "SyncCity": "town",
+    "SyncBusiness": "business",
+    "SyncPrivate": "private",
+    "SyncFax": "fax",
+    "SyncOther": "other",
+}
+
+KNOWN_ADDRESSES = [
+    Address("Müller", "Hans", "Ingenieurbüro Querbalken", "Statiker", "Lindenallee 12", "12345",
+            "Musterstadt", "D", business="(069) 90009-101", private="030 / 23125-101",
+            other="+49 171 3920011", mail="hans@example.com", note="Geburtstag 2. Februar"),
+    Address("Brandt", "Grete", street="Am Großen Torfmoorweg 118b", postcode="23456",
+            town="Nebelhafen", country="D", private="+49 40 66969-102",
+            note="Schlüssel hängt beim Nachbarn,\ndritte Tür links"),
+    Address("Brandt", "Jonas", street="Kaistraße 3", postcode="23456", town="Nebelhafen",
+            country="D", private="040/66969118", other="0171 392 00 13", mail="jonas@example.org"),
+    Address("Öztürk", "Aylin", "Musikzimmer Öztürk", "Geigenlehrerin", "Bogengasse 4", "34567",
+            "Apfelbach", "D", business="0221 4710-103", private="0221 4710-103"),
+    Address("Sänger", "Ilse", "Holzhandel Brenner", "Verkauf", "Sägewerkstraße 20", "45678",
+            "Rübenfeld", "D", business="+49 (69) 90009-106", fax="069 90009-906",
+            mail="verkauf@example.net", note="Apparat 21"),
+    Address("Lefèvre", "Hélène", private="0221 / 4710 110", note="Adresse in Frankreich erfragen"),
+    Address("Côté", "André", "Château-Möbel", "Inhaber", "Bahnhofsplatz 1", "56789",
+            "Bad Lindental", "D", business="089-99998-112"),
+    Address("Groß", "Leonore", "Kanzlei Groß & Söhne", "Rechtsanwältin", "Richterstieg 9", "45678",
+            "Rübenfeld", "D", business="0049 69 90009 113", fax="069 90009-913",
+            mail="kanzlei@example.com", note="Termine nur mit Voranmeldung,\nZimmer im 2. Stock"),
+    Address("Zöllner", "Ruprecht", "Zahnarztpraxis", "Dr.", "Marktplatz 7", "12345", "Musterstadt",
+            "D", business="030 23 125 119"),
+    Address("de Vries", "Jan", "Vries & Dochter", "", "Deichlaan 31", "1234 AB", "Zandkerk", "NL",
+            business="+49 69 90009-120", mail="jan@example.nl"),
+    Address("Hoffmann-Lang", "Ulrike", "Steuerbüro", "Steuerberaterin", "Zahlenweg 100", "34567",
+            "Apfelbach", "D", business="0221/4710124", mail="ulrike@example.com"),
+    Address("Schmidt", "Karl-Heinz", "", "", "Skatgasse 18", "45678", "Rübenfeld", "D",
+            private="069 90009-127", other="+49171 3920015"),
+    Address("Schmidt", "Petra", "", "", "Notenufer 5", "45678", "Rübenfeld", "D",
+            private="(069) 90009 128"),
+    Address("Köhler", "Fritz", "Tischlerei Brandt", "Geselle", "Hobelbank 6", "23456", "Nebelhafen",
+            "D", private="040 66969 130", other="0171/3920017"),
+    Address("Yilmaz", "Deniz", "Tischlerei Brandt", "Lehrling", "Schulring 40", "23456",
+            "Nebelhafen", "D", other="+49-171-3920018"),
+    Address("van Laak", "Mieke", "Antiek aan de Gracht", "", "Herenkade 77", "4321 ZY",
+            "Zandkerk", "NL", business="0049 69 90009-131"),
+    Address("Löwe", "Kunigunde", "Tierarztpraxis", "Dr.", "Katzensteig 8", "34567", "Apfelbach",
+            "D", business="0221 4710 - 135", note="Kater Max, Impfpass mitbringen"),
+    Address("", "", "Pizzeria da Nino", "", "Ofenstraße 14", "23456", "Nebelhafen", "D",
+            business="+49 40 66969140"),
+]
+
+ADDRESS_SURNAMES = [
+    "Ackerlaub", "Bärwinkel", "Dachslager", "Eschenhag", "Fröschle", "Grünspecht", "Hügelsang",
+    "Immenkorb", "Jägerhut", "Kräuterer", "Löffelholm", "Mühlsteg", "Nüsslein-Korb", "Öhmdorf",
+    "Pfühlmann", "Quittenau", "Rübenach", "Süßkirsch", "Türmerle", "Überacker", "Vogelweid",
+    "Wüstenrieth", "Zwölfbaum",
+]
+ADDRESS_GIVEN_NAMES = [
+    "Adelgunde", "Björn", "Cäcilie", "Dörte", "Eberhard", "Friederike", "Günter", "Hedwig",
+    "Irmgard", "Jörg", "Käthe", "Lütje", "Margarethe", "Notburga", "Ottokar", "Philippa",
+    "Quirin", "Rüdiger", "Sönke",
+]
+ADDRESS_STREETS = [
+    "Amselgrund", "Birkenweg", "Dorfanger", "Erlenstraße", "Fliederbogen", "Gänsemarkt",
+    "Heideweg", "Im Winkel", "Jahnstraße", "Kirchsteig", "Mühlgasse", "Straße am Alten Güterbahnhof",
+    "Wiesengrund",
+]
+# Town, postcode, and how its numbers are written; {} is the last three digits.
+ADDRESS_TOWNS = [
+    ("Musterstadt", "12345", ("030 23125-{}", "030/23125{}", "+49 30 23125 {}")),
+    ("Nebelhafen", "23456", ("040 66969-{}", "(040) 66969{}", "0049 40 66969-{}")),
+    ("Apfelbach", "34567", ("0221 4710-{}", "0221/4710{}", "+49 221 4710{}")),
+    ("Rübenfeld", "45678", ("069 90009-{}", "(069) 90009 {}", "+49-69-90009{}")),
+    ("Bad Lindental", "56789", ("089 99998-{}", "089/99998 {}", "+49 89 99998-{}")),
+]
+ADDRESS_MOBILE_NUMBERS = ("0171 39200{}", "0171/39 200 {}", "+49 171 39200{}")
+ADDRESS_COMPANIES = [
+    "", "Gärtnerei Immergrün", "", "", "Buchbinderei Goldschnitt", "", "Fährbetrieb Überfahrt", "",
+]
+
+
+def further_address(number: int) -> Address:
+    """The record with the running number `number` among those that the tables give, from 1."""
+    town, postcode, forms = ADDRESS_TOWNS[number % len(ADDRESS_TOWNS)]
+    company = ADDRESS_COMPANIES[number % len(ADDRESS_COMPANIES)]
+    given = ADDRESS_GIVEN_NAMES[number * 5 % len(ADDRESS_GIVEN_NAMES)]
+    note = "Weihnachtskarte" if number % ADDRESS_NOTE_EVERY == 0 else ""
+    if number % (ADDRESS_NOTE_EVERY * 5) == 0:
+        note += ",\nlieber anrufen"
+    place = {}
+    if number % ADDRESS_NO_PLACE_EVERY:
+        street = ADDRESS_STREETS[number * 3 % len(ADDRESS_STREETS)]
+        place = {"street": f"{street} {number % 60 + 1}", "postcode": postcode, "town": town,
+                 "country": "D"}
+    numbers = {}
+    if number % ADDRESS_NO_NUMBER_EVERY:
+        numbers["private"] = forms[number % len(forms)].format(300 + number)
+        if company:
+            numbers["business"] = forms[(number + 1) % len(forms)].format(500 + number)
+            numbers["fax"] = forms[0].format(700 + number)
+        if number % 3 == 0:
+            mobile = ADDRESS_MOBILE_NUMBERS[number % 2 + number % 5 // 4]
+            numbers["other"] = mobile.format(f"{30 + number // 3}")
+    mail = f"post{number}@example.org" if number % 4 == 0 else ""
+    return Address(ADDRESS_SURNAMES[number * 7 % len(ADDRESS_SURNAMES)], given, company,
+                   mail=mail, note=note, **place, **numbers)
+
+
+def address_records() -> list[Address]:
+    further = range(1, ADDRESS_RECORDS - len(KNOWN_ADDRESSES) + 1)
+    records = KNOWN_ADDRESSES + [further_address(number) for number in further]
+    return sorted(records, key=lambda record: (record.surname or record.company, record.given))
+
+
+def address_file(records: list[Address]) -> bytes:
+    lines = (",".join(f'"{field}"' for field in record.fields) for record in records)
+    text = "".join(line + "\n" for line in lines)
+    return text.replace("\n", CSV_LINE_END).encode(CSV_ENCODING)
+
+
+def settings_file() -> bytes:
+    """The settings that go with the register and the address file, as the program writes them."""
+    places = {name: str(place) for place, name in enumerate(Address.__dataclass_fields__, start=1)}
+    sections = {
+        "common": {"Unit": "0,12"},
+        "location": {"CountryCode": "49", "RegionCode": "30"},
+        "export flags": {},
+        "sync settings": {"SyncDatabase": "adressen.csv"}
+        | {key: places[field] for key, field in ADDRESS_ITEMS.items()}
+        | {"LoadSyncOnStart": "yes"},
+        "end": {},
+    }
+    lines = [";NORVIK.EXE Konfigurationsdatei", ";NORVIK.EXE configuration file",
+             ";changing this file is allowed, but", ";it will be regenerated",
+             ";if settings are changed by the program"]
+    for section, values in sections.items():
+        lines += ["", f"[{section}]", *(f"{key}={value}" for key, value in values.items())]
+    return "".join(line + CSV_LINE_END for line in lines).encode(CSV_ENCODING)
+
+
+def write_address_samples(folder: Path) -> None:
+    records = address_records()
+    data = address_file(records)
+    (folder / "adressen.csv").write_bytes(data)
+    print(f"adressen.csv: {len(records)} records, {len(data)} bytes")
+    data = settings_file()
+    (folder / "norvik.ini").write_bytes(data)
+    print(f"norvik.ini: {len(data)} bytes")
+
+
 def main() -> None:
     parser = argparse.ArgumentParser(description="Writes the sample files.")
     parser.add_argument("folder", nargs="?", type=Path, default=Path(__file__).resolve().parent)
@@ -408,6 +605,9 @@ def main() -> None:
     data = call_list()
     (folder / "anrufliste.t9a").write_bytes(data)
     print(f"anrufliste.t9a: {len(CALLS)} calls, {len(data)} bytes")
+
+
+    write_address_samples(folder)
 
 
 if __name__ == "__main__":

@@ -25,6 +25,8 @@ install_missing() {
 EDITOR_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
 # To show it where there is no display.
 SCREEN_PACKAGES=(xvfb xdotool imagemagick)
+# To make the pictures of the user's guide.
+SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick)
 # To build and run the tests.
 TEST_PACKAGES=(libgtest-dev libgmock-dev python3 python3-phonenumbers)
 # For the linters, the benchmarks and the fuzzers.
