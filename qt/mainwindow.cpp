@@ -268,13 +268,11 @@ void MainWindow::DrawChoices() {
 
 void MainWindow::DrawCounts() const {
     const RegisterState& state = program_.State;
-    constexpr int RecordsPerPage = 10;
     widgets_.AnzGes->setNum(state.AnzGes);
     widgets_.AnzNr->setNum(state.AnzNr);
     widgets_.AnzMarkiert->setNum(state.AnzMarkiert);
     widgets_.Index->setNum(program_.Fields.Index);
     widgets_.Satzwahl->setRange(1, state.Satzwahl.Maximum);
-    widgets_.Satzwahl->setPageStep(RecordsPerPage);
     widgets_.Satzwahl->setValue(state.Satzwahl.Value);
 }
 

@@ -3,6 +3,7 @@
 #include "qt/entryfield.h"
 #include "qt/entrygroups.h"
 #include "qt/phonepicture.h"
+#include "qt/recordscrollbar.h"
 #include "qt/registerlist.h"
 #include "qt/widgetmakers.h"
 
@@ -11,7 +12,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -61,32 +61,11 @@ QLayout* MakeCountLine(MainWindowWidgets& widgets, QWidget* parent) {
     return line;
 }
 
-/// Left and Right move the scroll box the way they point.
-class RecordScrollBar : public QScrollBar {
-  public:
-    using QScrollBar::QScrollBar;
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        switch (event->key()) {
-        case Qt::Key_Left:
-            triggerAction(SliderSingleStepSub);
-            return;
-        case Qt::Key_Right:
-            triggerAction(SliderSingleStepAdd);
-            return;
-        default:
-            QScrollBar::keyPressEvent(event);
-        }
-    }
-};
-
 QLayout* MakeHead(MainWindowWidgets& widgets, QWidget* parent) {
     widgets.Bild1 = new PhonePicture(parent);
     Name(widgets.Bild1, "Bild1", QStringLiteral("Rufnummer umwandeln (Test)"));
-    widgets.Satzwahl = new RecordScrollBar(Qt::Horizontal, parent);
+    widgets.Satzwahl = new RecordScrollBar(parent);
     Name(widgets.Satzwahl, "Satzwahl", QStringLiteral("Satzwahl"));
-    widgets.Satzwahl->setFocusPolicy(Qt::StrongFocus);
     widgets.Satzwahl->setRange(1, 1);
     // While the scroll box is dragged only the number follows.
     widgets.Satzwahl->setTracking(false);

@@ -72,6 +72,7 @@ QLayout* NvListWindow::MakeList() {
     ListResult_ = new QListView(this);
     Name(ListResult_, "ListResult", QStringLiteral("Liste der gefundenen Treffer"));
     ListResult_->setUniformItemSizes(true);
+    ListResult_->setItemDelegate(new RowDelegate(ListResult_));
     ListResult_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ListResult_->setModel(model_);
     AnzTreffer_ = MakeDisplay("AnzTreffer", QStringLiteral("Anzahl der Treffer"), this);

@@ -1,6 +1,8 @@
 #include "qt/nvset.h"
 
 #include "qt/entryfield.h"
+#include "qt/recordscrollbar.h"
+#include "qt/registerlist.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
 
@@ -15,7 +17,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -127,6 +128,7 @@ QWidget* NvsetDialog::MakeSync() {
     layout->addLayout(MakeSampleChoice(group), 1, 0, 1, 2);
     ListSyncFileItems_ = new QListWidget(group);
     Name(ListSyncFileItems_, "ListSyncFileItems", QStringLiteral("Felder des Datensatzes"));
+    ListSyncFileItems_->setItemDelegate(new RowDelegate(ListSyncFileItems_));
     layout->addWidget(MakeLabel(QStringLiteral("&1. Element wählen"), ListSyncFileItems_, group), 2,
                       0);
     layout->addWidget(
@@ -159,11 +161,9 @@ QLayout* NvsetDialog::MakeSyncFile(QWidget* parent) {
 }
 
 QLayout* NvsetDialog::MakeSampleChoice(QWidget* parent) {
-    ScrollSyncFile_ = new QScrollBar(Qt::Horizontal, parent);
+    ScrollSyncFile_ = new RecordScrollBar(parent);
     Name(ScrollSyncFile_, "ScrollSyncFile", QStringLiteral("Beispieldatensatz"));
     ScrollSyncFile_->setRange(FirstSampleRecord, LastSampleRecord);
-    ScrollSyncFile_->setPageStep(10);
-    ScrollSyncFile_->setFocusPolicy(Qt::StrongFocus);
     record_ = new QLabel(parent);
     record_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1000")));
     auto* line = new QHBoxLayout;

@@ -36,7 +36,13 @@ QVariant RegisterListModel::data(const QModelIndex& index, int role) const {
                : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(row.toHtmlEscaped());
 }
 
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    constexpr int RoomAbove = 2;
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, RoomAbove);
+}
+
 RegisterListView::RegisterListView(QWidget* parent) : QListView(parent) {
+    setItemDelegate(new RowDelegate(this));
     setUniformItemSizes(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

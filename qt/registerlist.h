@@ -6,6 +6,7 @@
 
 #include <QAbstractListModel>
 #include <QListView>
+#include <QStyledItemDelegate>
 
 #include <optional>
 #include <vector>
@@ -25,6 +26,15 @@ class RegisterListModel : public QAbstractListModel {
 
   private:
     std::vector<Text> rows_;
+};
+
+/// Rows with room for the dots of an "Ä": the toolkit makes them as low as the font's capitals.
+class RowDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
 };
 
 class RegisterListView : public QListView {

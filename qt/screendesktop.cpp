@@ -1,13 +1,13 @@
 #include "qt/screendesktop.h"
 
 #include "qt/entryfield.h"
+#include "qt/filedialog.h"
 #include "qt/mainwindow.h"
 #include "qt/messagedialog.h"
 #include "qt/textconversion.h"
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -42,58 +42,6 @@ class NormalPointer {
   private:
     bool hourglass_;
 };
-
-/// "CSV-Datei|*.csv|Alle Dateien|*.*" in the toolkit's notation.
-QStringList NameFilters(TextView filter) {
-    const QStringList parts = ToQString(filter).split(u'|');
-    QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        // "*.*" means every file, also one without a "." in its name.
-        const QString pattern =
-            parts[i + 1] == QStringLiteral("*.*") ? QStringLiteral("*") : parts[i + 1];
-        filters << parts[i] + QStringLiteral(" (") + pattern + u')';
-    }
-    return filters;
-}
-
-/// The toolkit's dialog with its overwrite question in plain text: a file's name is no markup. The
-/// question is asked for the name with its ending.
-class PlainFileDialog : public QFileDialog {
-  public:
-    explicit PlainFileDialog(QWidget* parent) : QFileDialog(parent) {
-        setOption(QFileDialog::DontConfirmOverwrite);
-    }
-
-    void accept() override {
-        const QStringList files = selectedFiles();
-        const QFileInfo file(files.isEmpty() ? QString() : files.constFirst());
-        if (acceptMode() == AcceptSave && file.exists() && !file.isDir()) {
-            QMessageBox question(QMessageBox::Warning, windowTitle(),
-                                 QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
-                                     .arg(file.fileName()),
-                                 QMessageBox::Yes | QMessageBox::No, this);
-            question.setTextFormat(Qt::PlainText);
-            question.setDefaultButton(QMessageBox::No);
-            if (question.exec() != QMessageBox::Yes) {
-                return;
-            }
-        }
-        QFileDialog::accept();
-    }
-};
-
-std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
-                                      QWidget* parent) {
-    PlainFileDialog fileDialog(parent);
-    fileDialog.setAcceptMode(mode);
-    fileDialog.setFileMode(QFileDialog::AnyFile);
-    fileDialog.setNameFilters(NameFilters(dialog.filter));
-    fileDialog.setDefaultSuffix(QString::fromStdString(dialog.ending).mid(1));
-    if (fileDialog.exec() != QDialog::Accepted || fileDialog.selectedFiles().isEmpty()) {
-        return std::nullopt;
-    }
-    return ToFilePath(fileDialog.selectedFiles().constFirst());
-}
 
 /// Lets an input box refuse characters that no text of the system can hold.
 void LimitInput(QInputDialog& dialog, Desktop& desktop) {

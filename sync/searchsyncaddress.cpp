@@ -106,6 +106,7 @@ bool TakeAddresses(RegisterState& state, const SyncTables& tables, const Text& k
                 Text& info = EntryAt(state, state.AnzNr).Info;
                 info.insert(0, hit.StreetColumn() + hit.PlaceColumn());
                 desktop.ShowEntry();
+                RefreshStatus(state, desktop);  // the entry's row in the list shows the text, too
                 taken = true;
             }
         }

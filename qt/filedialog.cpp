@@ -1,0 +1,93 @@
+#include "qt/filedialog.h"
+
+#include "qt/textconversion.h"
+
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QIdentityProxyModel>
+#include <QLocale>
+#include <QMessageBox>
+
+namespace norvik {
+
+namespace {
+
+/// "CSV-Datei|*.csv|Alle Dateien|*.*" in the toolkit's notation.
+QStringList NameFilters(TextView filter) {
+    const QStringList parts = ToQString(filter).split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        // "*.*" means every file, also one without a "." in its name.
+        const QString pattern =
+            parts[i + 1] == QStringLiteral("*.*") ? QStringLiteral("*") : parts[i + 1];
+        filters << parts[i] + QStringLiteral(" (") + pattern + u')';
+    }
+    return filters;
+}
+
+/// The toolkit's dialog with its overwrite question in plain text: a file's name is no markup. The
+/// question is asked for the name with its ending.
+class PlainFileDialog : public QFileDialog {
+  public:
+    explicit PlainFileDialog(QWidget* parent) : QFileDialog(parent) {
+        setOption(QFileDialog::DontConfirmOverwrite);
+    }
+
+    void accept() override {
+        const QStringList files = selectedFiles();
+        const QFileInfo file(files.isEmpty() ? QString() : files.constFirst());
+        if (acceptMode() == AcceptSave && file.exists() && !file.isDir()) {
+            QMessageBox question(QMessageBox::Warning, windowTitle(),
+                                 QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
+                                     .arg(file.fileName()),
+                                 QMessageBox::Yes | QMessageBox::No, this);
+            question.setTextFormat(Qt::PlainText);
+            question.setDefaultButton(QMessageBox::No);
+            if (question.exec() != QMessageBox::Yes) {
+                return;
+            }
+        }
+        QFileDialog::accept();
+    }
+};
+
+/// Shows sizes and dates as the program's language has them; the toolkit's own model takes them
+/// from the system's.
+class GermanDetails : public QIdentityProxyModel {
+  public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        constexpr int SizeColumn = 1;
+        constexpr int DateColumn = 3;
+        const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
+        if (role == Qt::DisplayRole && files != nullptr) {
+            const QModelIndex source = mapToSource(index);
+            if (index.column() == SizeColumn && !files->isDir(source)) {
+                return QLocale().formattedDataSize(files->size(source));
+            }
+            if (index.column() == DateColumn) {
+                return QLocale().toString(files->lastModified(source), QLocale::ShortFormat);
+            }
+        }
+        return QIdentityProxyModel::data(index, role);
+    }
+};
+
+}  // namespace
+
+std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
+                                      QWidget* parent) {
+    PlainFileDialog fileDialog(parent);
+    fileDialog.setAcceptMode(mode);
+    fileDialog.setFileMode(QFileDialog::AnyFile);
+    fileDialog.setNameFilters(NameFilters(dialog.filter));
+    fileDialog.setProxyModel(new GermanDetails(&fileDialog));
+    fileDialog.setDefaultSuffix(QString::fromStdString(dialog.ending).mid(1));
+    if (fileDialog.exec() != QDialog::Accepted || fileDialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return ToFilePath(fileDialog.selectedFiles().constFirst());
+}
+
+}  // namespace norvik

@@ -1,0 +1,15 @@
+// The toolkit's file dialogs as the operations ask for them.
+#pragma once
+
+#include "base/desktop.h"
+
+#include <QFileDialog>
+
+namespace norvik {
+
+/// Shows a file dialog above `parent` and gives the chosen name, or nothing when it was cancelled.
+/// Before a file is replaced the user is asked for the name with its ending.
+std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
+                                      QWidget* parent);
+
+}  // namespace norvik
