@@ -51,6 +51,13 @@ void LimitInput(QInputDialog& dialog, Desktop& desktop) {
     }
 }
 
+/// Makes room for the title beside the buttons of the window's frame.
+void ShowWholeTitle(QWidget& dialog) {
+    constexpr int FrameButtons = 120;
+    dialog.setMinimumWidth(QApplication::fontMetrics().horizontalAdvance(dialog.windowTitle()) +
+                           FrameButtons);
+}
+
 }  // namespace
 
 QWidget* ScreenDesktop::Front() {
@@ -71,6 +78,7 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
     dialog.setLabelText(ToLines(box.prompt));
     dialog.setTextValue(ToQString(box.preset));
     LimitInput(dialog, *this);
+    ShowWholeTitle(dialog);
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;
     }
