@@ -5,41 +5,59 @@
 
 namespace {
 
-norvik::SettingsTable Mapping() {
-    norvik::SettingsTable table;
-    int field = 1;
-    for (int item = 0; item < static_cast<int>(norvik::SyncItems); ++item) {
-        const auto setting =
-            static_cast<norvik::Setting>(static_cast<int>(norvik::Setting::SyncName) + item);
-        table.SetValue(setting, item == 8 ? norvik::Text(u"41") : norvik::Decimal(field++));
-    }
-    table.SetValue(norvik::Setting::SyncCompany, u"x");
+using namespace norvik;
+
+/// Fields 1 to 8 for the items, but an impossible one for the company and one too large for the
+/// fax.
+SettingsTable Mapping() {
+    SettingsTable table;
+    table.SetValue(Setting::SyncName, u"1");
+    table.SetValue(Setting::SyncGiven, u"2");
+    table.SetValue(Setting::SyncCompany, u"x");
+    table.SetValue(Setting::SyncAdd, u"3");
+    table.SetValue(Setting::SyncZip, u"4");
+    table.SetValue(Setting::SyncCity, u"5");
+    table.SetValue(Setting::SyncBusiness, u"6");
+    table.SetValue(Setting::SyncPrivate, u"7");
+    table.SetValue(Setting::SyncFax, u"41");
+    table.SetValue(Setting::SyncOther, u"40");
     return table;
+}
+
+void Require(bool condition) {
+    if (!condition) {
+        std::abort();
+    }
+}
+
+/// The number of characters in a row's cells, none of which holds a quote.
+template <typename Row>
+std::size_t Characters(const Row& row) {
+    std::size_t characters = 0;
+    for (const TextView cell : row) {
+        Require(cell.find(u'"') == TextView::npos);
+        characters += cell.size();
+    }
+    return characters;
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const norvik::SettingsTable settings = Mapping();
-    norvik::SyncTables tables;
-    const std::size_t records =
-        norvik::ReadSyncRecords(norvik::ByteView(data, size), settings, tables);
-    std::size_t characters = 0;
-    for (std::size_t record = 0; record <= norvik::SyncRecords; ++record) {
-        for (const norvik::TextView cell : tables.SyncNameTable.at(record)) {
-            characters += cell.size();
-            if (cell.find(u'"') != norvik::TextView::npos) {
-                std::abort();
-            }
-        }
-        const bool filled = !tables.SyncPhoneTable.at(record)[norvik::SyncTables::Private].empty();
-        if ((filled && (record == 0 || record > records)) ||
-            !tables.SyncPhoneTable.at(record)[norvik::SyncTables::Fax].empty()) {
-            std::abort();
-        }
+    static const SettingsTable settings = Mapping();
+    SyncTables tables;
+    const std::size_t records = ReadSyncRecords(ByteView(data, size), settings, tables);
+    Require(records <= SyncRecords && (records > 0) == (size > 0));
+    std::size_t all = 0;
+    for (std::size_t record = 0; record <= SyncRecords; ++record) {
+        const auto& names = tables.SyncNameTable.at(record);
+        const auto& phones = tables.SyncPhoneTable.at(record);
+        Require(names[SyncTables::Company].empty() && phones[SyncTables::Fax].empty());
+        const std::size_t characters =
+            Characters(names) + Characters(phones) + Characters(tables.SyncAddressTable.at(record));
+        Require(characters == 0 || (record > 0 && record <= records));
+        all += characters;
     }
-    if (characters > size) {
-        std::abort();
-    }
+    Require(all <= size);
     return 0;
 }

@@ -45,7 +45,8 @@ QString NameOf(QMessageBox::Icon icon) {
 QString Buttons(const std::function<QAbstractButton*(QMessageBox::StandardButton)>& find) {
     QStringList captions;
     for (const auto button :
-         {QMessageBox::Ok, QMessageBox::Cancel, QMessageBox::Yes, QMessageBox::No}) {
+         {QMessageBox::Ok, QMessageBox::Abort, QMessageBox::Retry, QMessageBox::Ignore,
+          QMessageBox::Cancel, QMessageBox::Yes, QMessageBox::No}) {
         if (const QAbstractButton* found = find(button)) {
             captions << WithoutMnemonic(found->text());
         }
@@ -184,9 +185,15 @@ DialogAnswers& DialogAnswers::Cancel() {
     return Click(QMessageBox::Cancel);
 }
 
-DialogAnswers& DialogAnswers::Drive(std::function<void(QDialog&)> act) {
+DialogAnswers& DialogAnswers::DriveToItsEnd(std::function<void(QDialog&)> act) {
     return Add([act = std::move(act)](QDialog& dialog) {
         ASSERT_TRUE(BecomesActive(dialog));
+        act(dialog);
+    });
+}
+
+DialogAnswers& DialogAnswers::Drive(std::function<void(QDialog&)> act) {
+    return DriveToItsEnd([act = std::move(act)](QDialog& dialog) {
         act(dialog);
         EXPECT_TRUE(dialog.isVisible()) << "the dialog did not stay open";
         auto* cancel = dialog.findChild<QPushButton*>("btnCancel");

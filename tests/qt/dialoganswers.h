@@ -45,6 +45,8 @@ class DialogAnswers : public QObject {
     /// Lets `act` work in a dialog of several controls; the answers that follow are for the dialogs
     /// that it opens. The dialog must still be open then and is closed by its "btnCancel".
     DialogAnswers& Drive(std::function<void(QDialog&)> act);
+    /// The same with an act that closes the dialog itself.
+    DialogAnswers& DriveToItsEnd(std::function<void(QDialog&)> act);
     /// Looks at the dialog that the next answer is for, before it is answered.
     DialogAnswers& Look(std::function<void(QDialog&)> look);
 

@@ -93,7 +93,8 @@ WindowTest::~WindowTest() {
 }
 
 void WindowTest::Make() {
-    Window = std::make_unique<MainWindow>(Folder.Path(), [this] { ++HardStops; });
+    Window = std::make_unique<MainWindow>(
+        ProgramFolder, [this] { ++HardStops; }, DocumentFolder);
     Window->show();
     Activate();
 }

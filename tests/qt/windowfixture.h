@@ -128,6 +128,9 @@ class WindowTest : public testing::Test {
     void Choose(const QString& list, int item);
 
     TestFolder Folder;
+    /// The program's folder, and where the help documents are installed.
+    FilePath ProgramFolder = Folder.Path();
+    FilePath DocumentFolder = Folder / "installiert";
     DialogAnswers Dialogs;
     std::unique_ptr<MainWindow> Window;
     int HardStops = 0;

@@ -150,6 +150,7 @@ TEST_F(WindowLook, TheMenusHaveTheirItemsAndNoOthers) {
     for (const QAction* menu : Window->menuBar()->actions()) {
         found.push_back(menu->menu()->objectName().toStdString() + ": " +
                         WithoutMnemonic(menu->text()).toStdString());
+        EXPECT_EQ(menu->isEnabled(), menu->menu()->objectName() != "mnuSync");
         for (const QAction* item : menu->menu()->actions()) {
             if (!item->isSeparator()) {
                 EXPECT_TRUE(item->isEnabled());
@@ -162,35 +163,82 @@ TEST_F(WindowLook, TheMenusHaveTheirItemsAndNoOthers) {
     }
     EXPECT_THAT(
         found,
-        ElementsAre("mnuDatei: Datei", "mnuDateiLoadNV: norvik 195/193 laden...",
-                    "mnuDateiLoad175: norvik 175 laden...", "mnuDateiLoadCSV: CSV laden...",
-                    "mnuDateiSaveNV: norvik 195 speichern", "MNUDateiSave193: norvik 193 speichern",
-                    "mnuDateiSave175: norvik 175 speichern", "mnuDateiSaveCSV: Als CSV speichern",
-                    "mnuDateiSaveIP286: CSV für IP 286 exportieren...",
-                    "mnuDateiHandyexp: Handyexport...",
-                    "mnuDateiConvCallListCSV: Anrufliste in CSV konvertieren...",
-                    "mnuDateiBeenden: Beenden", "mnuBearbeiten: Bearbeiten",
-                    "mnuBearbeitenNullHinzu: Null zur Amtholung hinzufügen...",
-                    "mnuBearbeitenNullEntf: Null zur Amtholung entfernen...",
-                    "mnuBearbeitenKillMSN: Abgehende MSN löschen...",
-                    "mnuNameRingtones: Klingeltonnamen erneuern...", "mnuList: Liste",
-                    "mnuListView: Registerliste...", "mnuGeb: Gebühren",
-                    "mnuGebAuszug: Gebührenauszug...", "mnuGebDelete: Zähler löschen...",
-                    "mnuExtra: Extras", "mnuExtraDoubles: Beim CSV-Einlesen Doubletten vermeiden"));
+        ElementsAre(
+            "mnuDatei: Datei", "mnuDateiLoadNV: norvik 195/193 laden...",
+            "mnuDateiLoad175: norvik 175 laden...", "mnuDateiLoadCSV: CSV laden...",
+            "mnuDateiSaveNV: norvik 195 speichern", "MNUDateiSave193: norvik 193 speichern",
+            "mnuDateiSave175: norvik 175 speichern", "mnuDateiSaveCSV: Als CSV speichern",
+            "mnuDateiSaveIP286: CSV für IP 286 exportieren...", "mnuDateiHandyexp: Handyexport...",
+            "mnuDateiConvCallListCSV: Anrufliste in CSV konvertieren...",
+            "mnuDateiLoadSync: SyncDatei laden", "mnuDateiBeenden: Beenden",
+            "mnuBearbeiten: Bearbeiten", "mnuBearbeitenNullHinzu: Null zur Amtholung hinzufügen...",
+            "mnuBearbeitenNullEntf: Null zur Amtholung entfernen...",
+            "mnuBearbeitenKillMSN: Abgehende MSN löschen...",
+            "mnuNameRingtones: Klingeltonnamen erneuern...", "mnuList: Liste",
+            "mnuListView: Registerliste...", "mnuGeb: Gebühren", "mnuGebAuszug: Gebührenauszug...",
+            "mnuGebDelete: Zähler löschen...", "mnuSync: Synchronisation",
+            "mnuSyncAdd: Adresse suchen...", "mnuExtra: Extras",
+            "mnuExtraDoubles: Beim CSV-Einlesen Doubletten vermeiden",
+            "mnuSettingsBasic: Einstellungen...", "mnuHilfe: Hilfe", "mnuHelpManual: Handbuch",
+            "mnuHilfeReadme: README", "mnuHilfeWhatsNew: Was ist neu?",
+            "mnuHilfeAbout: Über das Programm"));
 }
 
 TEST_F(WindowLook, EachMenuItemIsFoundInTheWindowByItsNameAlone) {
     Open();
-    for (const char* name :
-         {"mnuDateiLoadNV", "mnuDateiLoad175", "mnuDateiLoadCSV", "mnuDateiSaveNV",
-          "MNUDateiSave193", "mnuDateiSave175", "mnuDateiSaveCSV", "mnuDateiSaveIP286",
-          "mnuDateiHandyexp", "mnuDateiConvCallListCSV", "mnuDateiBeenden",
-          "mnuBearbeitenNullHinzu", "mnuBearbeitenNullEntf", "mnuBearbeitenKillMSN",
-          "mnuNameRingtones", "mnuListView", "mnuGebAuszug", "mnuGebDelete", "mnuExtraDoubles"}) {
+    for (const char* name : {"mnuDateiLoadNV",
+                             "mnuDateiLoad175",
+                             "mnuDateiLoadCSV",
+                             "mnuDateiSaveNV",
+                             "MNUDateiSave193",
+                             "mnuDateiSave175",
+                             "mnuDateiSaveCSV",
+                             "mnuDateiSaveIP286",
+                             "mnuDateiHandyexp",
+                             "mnuDateiConvCallListCSV",
+                             "mnuDateiBeenden",
+                             "mnuBearbeitenNullHinzu",
+                             "mnuBearbeitenNullEntf",
+                             "mnuBearbeitenKillMSN",
+                             "mnuNameRingtones",
+                             "mnuListView",
+                             "mnuGebAuszug",
+                             "mnuGebDelete",
+                             "mnuExtraDoubles",
+                             "mnuDateiLoadSync",
+                             "mnuSyncAdd",
+                             "mnuSettingsBasic",
+                             "mnuHelpManual",
+                             "mnuHilfeReadme",
+                             "mnuHilfeWhatsNew",
+                             "mnuHilfeAbout"}) {
         EXPECT_EQ(Window->findChildren<QAction*>(name).size(), 1) << name;
     }
-    for (const char* name : {"mnuDatei", "mnuBearbeiten", "mnuList", "mnuGeb", "mnuExtra"}) {
+    for (const char* name :
+         {"mnuDatei", "mnuBearbeiten", "mnuList", "mnuGeb", "mnuSync", "mnuExtra", "mnuHilfe"}) {
         EXPECT_NE(Window->findChild<QMenu*>(name), nullptr) << name;
+    }
+}
+
+TEST_F(WindowLook, NoTwoMenusAndNoTwoItemsOfAMenuHaveTheSameMnemonic) {
+    Open();
+    std::vector<std::pair<std::string, QList<QAction*>>> levels = {
+        {"the menu bar", Window->menuBar()->actions()}};
+    for (const QAction* menu : Window->menuBar()->actions()) {
+        levels.emplace_back(menu->text().toStdString(), menu->menu()->actions());
+    }
+    for (const auto& level : levels) {
+        std::vector<QChar> mnemonics;
+        for (const QAction* action : level.second) {
+            const qsizetype mark = action->text().indexOf(u'&');
+            if (mark >= 0) {
+                mnemonics.push_back(action->text().at(mark + 1).toLower());
+            }
+        }
+        EXPECT_FALSE(mnemonics.empty()) << level.first;
+        std::sort(mnemonics.begin(), mnemonics.end());
+        EXPECT_EQ(std::adjacent_find(mnemonics.begin(), mnemonics.end()), mnemonics.end())
+            << level.first;
     }
 }
 

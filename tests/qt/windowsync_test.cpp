@@ -1,0 +1,130 @@
+// The load of the address database from the menu and at start-up.
+#include "tests/qt/windowsync.h"
+
+#include <filesystem>
+
+namespace norvik::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST_F(WindowSync, WithoutALoadThereIsNoAddressMenu) {
+    WriteSettings();
+    WriteAddresses("\"Otto\"\r\n");
+    Make();
+    EXPECT_FALSE(CanSearch());
+    Window->Start({});
+    EXPECT_FALSE(CanSearch());
+    QTest::keyClick(Window->focusWidget(), Qt::Key_S, Qt::AltModifier);
+    EXPECT_FALSE(Find<QMenu>("mnuSync")->isVisible());
+    EXPECT_EQ(Status(), "OK");
+    EXPECT_THAT(Dialogs.Transcript, IsEmpty());
+}
+
+TEST_F(WindowSync, LoadingTellsTheNumberOfRecordsAndEnablesTheAddressMenu) {
+    WriteSettings();
+    WriteAddresses("\"Otto\"\r\n\r\n\"Anna\"\r\n\"Zoe\"");
+    Open();
+    const PaintedTexts status(Find<QLabel>("Status"));
+    Trigger("mnuDateiLoadSync");
+    EXPECT_THAT(status.Texts, ElementsAre("Lade Adress-Synchronisationsdaten...",
+                                          "3 Adress-Einträge importiert"));
+    EXPECT_EQ(Status(), "3 Adress-Einträge importiert") << "the empty line takes the one behind it";
+    EXPECT_TRUE(CanSearch());
+    EXPECT_THAT(Dialogs.Transcript, IsEmpty());
+}
+
+TEST_F(WindowSync, AFileOf1200LinesReports1000) {
+    WriteSettings();
+    std::string file;
+    for (int record = 0; record < 1200; ++record) {
+        file += "\"Otto\"\r\n";
+    }
+    WriteAddresses(file);
+    Open();
+    Trigger("mnuDateiLoadSync");
+    EXPECT_EQ(Status(), "1000 Adress-Einträge importiert");
+}
+
+TEST_F(WindowSync, AMissingFileIsReportedAndLeavesTheAddressMenuDisabled) {
+    WriteSettings();
+    Open();
+    Dialogs.Click(QMessageBox::Ok);
+    Trigger("mnuDateiLoadSync");
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(NoFile));
+    EXPECT_EQ(Status(), "Lade Adress-Synchronisationsdaten...");
+    EXPECT_FALSE(CanSearch());
+}
+
+TEST_F(WindowSync, WithoutAPathInTheSettingsTheFileIsMissing) {
+    Open();
+    Dialogs.Press(Qt::Key_Escape);
+    Trigger("mnuDateiLoadSync");
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(NoFile));
+    EXPECT_FALSE(CanSearch());
+}
+
+TEST_F(WindowSync, TheStartUpLoadsTheAddressesWhenTheSettingIsOn) {
+    WriteSettings("LoadSyncOnStart=YES\r\n");
+    WriteAddresses("\"Otto\"\r\n");
+    Make();
+    const PaintedTexts status(Find<QLabel>("Status"));
+    Window->Start({});
+    EXPECT_THAT(status.Texts,
+                ElementsAre("Lade Konstanten...", "Lade Ini-Datei...", "Lade Oberfläche...",
+                            "Lade Klingeltöne...", "Lade Startdatei...",
+                            "Lade Adress-Synchronisationsdaten...", "1 Adress-Einträge importiert",
+                            "OK"));
+    EXPECT_TRUE(CanSearch());
+    EXPECT_THAT(Dialogs.Transcript, IsEmpty());
+}
+
+TEST_F(WindowSync, AMissingFileAtTheStartIsReportedAndTheStartGoesOn) {
+    WriteSettings("LoadSyncOnStart=yes\r\n");
+    Dialogs.Click(QMessageBox::Ok);
+    Open();
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(NoFile));
+    EXPECT_EQ(Status(), "OK");
+    EXPECT_FALSE(CanSearch());
+}
+
+TEST_F(WindowSync, AMissingFileAfterALoadLeavesTheMenuEnabledButNothingToFind) {
+    WriteSettings();
+    WriteAddresses("\"Otto\",\"\",\"\",\"Weg 1\",\"\",\"\",\"123\"\r\n");
+    Load({{.name = "Anna", .tel = "123"}});
+    Trigger("mnuDateiLoadSync");
+    std::filesystem::remove(Folder / "adressen.csv");
+    Dialogs.Click(QMessageBox::Ok).Click(QMessageBox::Ignore);
+    Trigger("mnuDateiLoadSync");
+    EXPECT_TRUE(CanSearch());
+    Trigger("mnuSyncAdd");
+    EXPECT_EQ(Status(), "Keine passenden Daten gefunden");
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(NoFile, Warning));
+}
+
+TEST_F(WindowSync, TheSettingsDialogNamesTheFileForTheNextLoad) {
+    Folder.Write("Neu.CSV", "\"Weg 7\";\"Berlin\";\"+49 30 123\"\r\n");
+    Load({{.name = "Anna", .tel = "123"}});
+    Dialogs.DriveToItsEnd([this](QDialog&) {
+        TypeText(Find<QLineEdit>("InpSyncFile"), PathIn("Neu.CSV"));
+        TypeText(Find<QLineEdit>("SetValue(0)"), "49");
+        TypeText(Find<QLineEdit>("SetValue(1)"), "30");
+        TypeText(Find<QLineEdit>("SetValue(6)"), "1");
+        TypeText(Find<QLineEdit>("SetValue(8)"), "2");
+        TypeText(Find<QLineEdit>("SetValue(12)"), "3");
+        Click("btnMakeChanges");
+    });
+    Trigger("mnuSettingsBasic");
+    Trigger("mnuDateiLoadSync");
+    EXPECT_EQ(Status(), "1 Adress-Einträge importiert");
+    Dialogs.Click(QMessageBox::Ignore).Click(QMessageBox::Yes);
+    Trigger("mnuSyncAdd");
+    EXPECT_EQ(TextOfField(8), Line("Weg 7"));
+    EXPECT_EQ(TextOfField(9), Line(" Berlin"));
+}
+
+}  // namespace
+
+}  // namespace norvik::test
