@@ -20,15 +20,11 @@ Setting ItemSetting(std::size_t item) {
 
 /// A number as people write it: no blanks, no needless zeros, a decimal point.
 Text PlainNumber(double number) {
-    constexpr int SignificantDigits = 15;
-    std::array<char, 512> buffer{};
-    const bool whole =
-        number ==
-        static_cast<double>(static_cast<long long>(std::min(std::max(number, -1e15), 1e15)));
-    const auto written = whole ? std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                               static_cast<long long>(number))
-                               : std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
-                                               std::chars_format::general, SignificantDigits);
+    std::array<char, 512> buffer{};  // the largest double has 309 digits
+    const auto written =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                      number == 0 ? 0.0 : number,  // no minus before a zero
+                      std::chars_format::fixed);
     return FromAscii(
         std::string_view(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data())));
 }
@@ -50,12 +46,14 @@ void ShowMappedFields(NvsetFields& fields, const std::vector<TextView>& sample) 
     }
 }
 
-void ChooseFile(Text& field, TextView filter, std::string_view ending, Desktop& desktop) {
+/// Returns whether a file was chosen.
+bool ChooseFile(Text& field, TextView filter, std::string_view ending, Desktop& desktop) {
     const std::optional<FilePath> chosen =
         desktop.AskForFileToOpen({.filter = Text(filter), .ending = std::string(ending)});
     if (chosen) {
         field = TextFromPath(WithEnding(*chosen, ending));
     }
+    return chosen.has_value();
 }
 
 }  // namespace
@@ -111,9 +109,10 @@ void btnChangeLoadfile_Click(NvsetFields& fields, Desktop& desktop) {
 }
 
 void btnChangeSyncfile_Click(NvsetFields& fields, Desktop& desktop) {
-    ChooseFile(fields.InpSyncFile, u"CSV-Datei|*.csv|Textdatei|*.txt|Alle Dateien|*.*", ".csv",
-               desktop);
-    ShowSampleRecord(fields);
+    if (ChooseFile(fields.InpSyncFile, u"CSV-Datei|*.csv|Textdatei|*.txt|Alle Dateien|*.*", ".csv",
+                   desktop)) {
+        ShowSampleRecord(fields);
+    }
 }
 
 void itemexpl_Click(NvsetFields& fields, int label) {

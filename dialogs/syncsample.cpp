@@ -12,9 +12,12 @@ std::optional<Text> SyncSample::Line(TextView file, int record) {
     try {
         const FilePath path = FindIgnoringCase(PathFromText(file));
         const FileTime modified = LastModified(path);
-        if (path != path_ || modified != modified_) {
+        std::error_code unknown;  // what is no file is refused by Read()
+        const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+        if (path != path_ || modified != modified_ || size != size_) {
             Read(path);
             modified_ = modified;
+            size_ = size;
         }
     } catch (const RuntimeError&) {
         modified_.reset();

@@ -20,6 +20,7 @@ class SyncSample {
 
     FilePath path_;
     std::optional<FileTime> modified_;
+    std::uintmax_t size_ = 0;
     std::vector<Text> lines_;
 };
 

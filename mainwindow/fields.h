@@ -50,6 +50,7 @@ struct MainWindowFields {
     bool chkCharge = false;
     int OptFilter = 0;  ///< the option button that is on
     Text AnzGeb;
+    bool ChargeErased = false;  ///< AnzGeb was cleared and not stored yet
     bool chkExport = false;
     int Index = 0;  ///< table index of the shown entry
     bool chkListFilter = false;

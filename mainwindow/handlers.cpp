@@ -72,6 +72,7 @@ void btnErase_Click(Program& program, Desktop& desktop) {
 
 void btnEraseCharge_Click(Program& program) {
     program.Fields.AnzGeb = FormatAmount(0);
+    program.Fields.ChargeErased = true;
     program.Fields.btnSaveChange = EditState::Pending;
 }
 
@@ -180,11 +181,11 @@ void mnuSyncAdd_Click(Program& program, Desktop& desktop) {
 }
 
 void StoreSettings(Program& program, const NvsetFields& fields, Desktop& desktop) {
-    const int units = EntryAt(program.State, program.State.AnzNr).GebEinh;
-    // An amount that the user cleared and did not store yet stays cleared.
-    const bool shown = program.Fields.AnzGeb == FormatAmount(units * program.Set.UnitPrice);
-    btnMakeChanges_Click(fields, program.Set, program.Folder, desktop);
-    if (shown) {
+    Settings changed = program.Set;
+    btnMakeChanges_Click(fields, changed, program.Folder, desktop);
+    program.Set = std::move(changed);
+    if (!program.Fields.ChargeErased) {
+        const int units = EntryAt(program.State, program.State.AnzNr).GebEinh;
         program.Fields.AnzGeb = FormatAmount(units * program.Set.UnitPrice);
     }
 }

@@ -57,8 +57,8 @@ void mnuNameRingtones_Click(Program& program, Desktop& desktop);
 void mnuDateiLoadSync_Click(Program& program, Desktop& desktop);
 /// Looks for the shown entry's address.
 void mnuSyncAdd_Click(Program& program, Desktop& desktop);
-/// Stores what the settings dialog holds; the shown amount follows a new price. Raises what writing
-/// "norvik.ini" raises.
+/// Stores what the settings dialog holds; the shown amount follows a new price unless the user
+/// cleared it. Raises what writing "norvik.ini" raises; the settings then stay as they were.
 void StoreSettings(Program& program, const NvsetFields& fields, Desktop& desktop);
 /// Reverses the check mark.
 void mnuExtraDoubles_Click(Program& program);

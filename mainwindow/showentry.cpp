@@ -39,6 +39,7 @@ void ShowChoices(const RegisterEntry& entry, double unitPrice, MainWindowFields&
         fields.DDTon = ItemOrNone((entry.Ton & ToneMask) + ItemsBeforeFirst, fields.DDTonItems);
     }
     fields.AnzGeb = FormatAmount(entry.GebEinh * unitPrice);
+    fields.ChargeErased = false;
     fields.DDAB = ItemOrNone(entry.AB, fields.DDABItems);
     fields.chkCharge = HasChargeCounter(entry);
     fields.OptFilter = FilterOf(entry);

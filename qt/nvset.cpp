@@ -248,7 +248,9 @@ void NvsetDialog::Read() {
         fields_.SetValue.at(number) = ToText(SetValue_.at(number)->text());
     }
     fields_.ScrollSyncFile = ScrollSyncFile_->value();
-    fields_.SelectedItem = ListSyncFileItems_->currentRow();
+    // The current row alone is not selected yet, such as after Tab into the list.
+    const QModelIndexList selected = ListSyncFileItems_->selectionModel()->selectedRows();
+    fields_.SelectedItem = selected.isEmpty() ? -1 : selected.front().row();
 }
 
 void NvsetDialog::Draw() {
@@ -283,7 +285,12 @@ void NvsetDialog::DrawSample() {
             ListSyncFileItems_->addItem(Shown(item));
         }
     }
-    ListSyncFileItems_->setCurrentRow(fields_.SelectedItem);
+    if (fields_.SelectedItem < 0) {
+        ListSyncFileItems_->clearSelection();
+        ListSyncFileItems_->setCurrentItem(nullptr);
+    } else {
+        ListSyncFileItems_->setCurrentRow(fields_.SelectedItem);
+    }
     for (std::size_t item = 0; item < Testausgabe_.size(); ++item) {
         Testausgabe_.at(item)->setText(Shown(fields_.Testausgabe.at(item)));
     }

@@ -54,7 +54,7 @@ void LimitInput(QInputDialog& dialog, Desktop& desktop) {
 /// Makes room for the title beside the buttons of the window's frame.
 void ShowWholeTitle(QWidget& dialog) {
     constexpr int FrameButtons = 120;
-    dialog.setMinimumWidth(QApplication::fontMetrics().horizontalAdvance(dialog.windowTitle()) +
+    dialog.setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) +
                            FrameButtons);
 }
 

@@ -32,7 +32,7 @@ QPushButton* MakeButton(const char* objectName, const QString& caption,
                         const QString& accessibleName, QWidget* parent) {
     auto* button = new QPushButton(caption, parent);
     Name(button, objectName, accessibleName);
-    button->setAutoDefault(false);
+    button->setAutoDefault(true);  // Return works on the button that has the focus
     return button;
 }
 

@@ -8,14 +8,12 @@ namespace {
 
 /// The file's bytes, or nothing when it does not exist. One that cannot be read counts as empty.
 std::optional<Bytes> ReadDatabase(TextView path) {
-    if (path.empty()) {
-        return std::nullopt;
-    }
     try {
         return ReadWholeFile(FindIgnoringCase(PathFromText(path)));
     } catch (const RuntimeError& error) {
         if (error.Number() == ErrorNumber::FileNotFound ||
-            error.Number() == ErrorNumber::PathNotFound) {
+            error.Number() == ErrorNumber::PathNotFound ||
+            error.Number() == ErrorNumber::BadFileName) {
             return std::nullopt;
         }
         return Bytes();
