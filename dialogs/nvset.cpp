@@ -21,10 +21,9 @@ Setting ItemSetting(std::size_t item) {
 /// A number as people write it: no blanks, no needless zeros, a decimal point.
 Text PlainNumber(double number) {
     std::array<char, 512> buffer{};  // the largest double has 309 digits
-    const auto written =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                      number == 0 ? 0.0 : number,  // no minus before a zero
-                      std::chars_format::fixed);
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                       number == 0 ? 0.0 : number,  // no minus before a zero
+                                       std::chars_format::fixed);
     return FromAscii(
         std::string_view(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data())));
 }
