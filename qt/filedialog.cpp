@@ -26,29 +26,40 @@ QStringList NameFilters(TextView filter) {
 }
 
 /// The toolkit's dialog with its overwrite question in plain text: a file's name is no markup. The
-/// question is asked for the name with its ending.
+/// question is asked for the name with its ending; the toolkit itself appends one to typed names
+/// alone, not to those of clicked rows.
 class PlainFileDialog : public QFileDialog {
   public:
-    explicit PlainFileDialog(QWidget* parent) : QFileDialog(parent) {
+    PlainFileDialog(std::string ending, QWidget* parent)
+        : QFileDialog(parent), ending_(std::move(ending)) {
         setOption(QFileDialog::DontConfirmOverwrite);
+        setDefaultSuffix(QString::fromStdString(ending_).mid(1));
     }
 
     void accept() override {
-        const QStringList files = selectedFiles();
-        const QFileInfo file(files.isEmpty() ? QString() : files.constFirst());
-        if (acceptMode() == AcceptSave && file.exists() && !file.isDir()) {
-            QMessageBox question(QMessageBox::Warning, windowTitle(),
-                                 QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
-                                     .arg(file.fileName()),
-                                 QMessageBox::Yes | QMessageBox::No, this);
-            question.setTextFormat(Qt::PlainText);
-            question.setDefaultButton(QMessageBox::No);
-            if (question.exec() != QMessageBox::Yes) {
-                return;
-            }
+        if (acceptMode() == AcceptOpen || MayReplace()) {
+            QFileDialog::accept();
         }
-        QFileDialog::accept();
     }
+
+  private:
+    bool MayReplace() {
+        const QStringList files = selectedFiles();
+        const QFileInfo chosen(files.isEmpty() ? QString() : files.constFirst());
+        const QFileInfo file(FromFilePath(WithEnding(ToFilePath(chosen.filePath()), ending_)));
+        if (chosen.isDir() || !file.exists() || file.isDir()) {
+            return true;
+        }
+        QMessageBox question(
+            QMessageBox::Warning, windowTitle(),
+            QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
+            QMessageBox::Yes | QMessageBox::No, this);
+        question.setTextFormat(Qt::PlainText);
+        question.setDefaultButton(QMessageBox::No);
+        return question.exec() == QMessageBox::Yes;
+    }
+
+    std::string ending_;
 };
 
 /// Shows sizes and dates as the program's language has them; the toolkit's own model takes them
@@ -78,12 +89,11 @@ class GermanDetails : public QIdentityProxyModel {
 
 std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
                                       QWidget* parent) {
-    PlainFileDialog fileDialog(parent);
+    PlainFileDialog fileDialog(dialog.ending, parent);
     fileDialog.setAcceptMode(mode);
     fileDialog.setFileMode(QFileDialog::AnyFile);
     fileDialog.setNameFilters(NameFilters(dialog.filter));
     fileDialog.setProxyModel(new GermanDetails(&fileDialog));
-    fileDialog.setDefaultSuffix(QString::fromStdString(dialog.ending).mid(1));
     if (fileDialog.exec() != QDialog::Accepted || fileDialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

@@ -1,6 +1,7 @@
 #include "tests/qt/windowfixture.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 
 #include <filesystem>
@@ -18,6 +19,22 @@ const std::string OnlyMarked = "box \"Nur markierte Datensätze abspeichern?\" t
                                "\"Datensatzreduktion\" icon Question buttons Ja+Nein default Nein";
 const std::string Quit = "box \"Beenden ohne zu sichern?\" title \"Sicherheitsabfrage\" icon "
                          "Question buttons OK+Abbrechen default Abbrechen";
+
+/// Where a file dialog shows a file, as soon as it has read the folder.
+QPoint CentreOfRow(const QListView& list, const QString& name) {
+    QModelIndex row;
+    const auto isThere = [&list, &name, &row] {
+        for (int i = 0; i < list.model()->rowCount(list.rootIndex()); ++i) {
+            row = list.model()->index(i, 0, list.rootIndex());
+            if (row.data().toString() == name) {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isThere)) << name.toStdString();
+    return list.visualRect(row).center();
+}
 
 class WindowSave : public WindowTest {
   protected:
@@ -111,6 +128,28 @@ TEST_F(WindowSave, TheOverwriteQuestionNamesTheFileWithItsEnding) {
     EXPECT_THAT(Dialogs.Transcript[1], testing::HasSubstr("neu.t9t"));
     EXPECT_THAT(Dialogs.Transcript[1], testing::HasSubstr("buttons Ja+Nein default Nein"));
     EXPECT_EQ(ReadFile(Folder / "neu.t9t"), Expected195());
+}
+
+TEST_F(WindowSave, AClickedFileWithoutAnEndingStandsForTheOneWithIt) {
+    Folder.Write("alt/neu", "ohne Endung");
+    Folder.Write("alt/neu.t9t", "mit Endung");
+    Dialogs
+        .DriveToItsEnd([this](QDialog& dialog) {
+            auto& files = dynamic_cast<QFileDialog&>(dialog);
+            files.setDirectory(PathIn("alt"));
+            files.selectNameFilter(files.nameFilters().constLast());
+            auto* list = files.findChild<QListView*>("listView");
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, CentreOfRow(*list, "neu"));
+            const auto* buttons = files.findChild<QDialogButtonBox*>();
+            QTest::mouseClick(buttons->button(QDialogButtonBox::Save), Qt::LeftButton);
+            QTest::mouseClick(buttons->button(QDialogButtonBox::Cancel), Qt::LeftButton);
+        })
+        .Click(QMessageBox::No);
+    Trigger("mnuDateiSaveNV");
+    ASSERT_EQ(Dialogs.Transcript.size(), 2U);
+    EXPECT_THAT(Dialogs.Transcript[1], testing::HasSubstr("neu.t9t"));
+    EXPECT_EQ(ReadFile(Folder / "alt/neu"), Raw("'ohne Endung'"));
+    EXPECT_EQ(ReadFile(Folder / "alt/neu.t9t"), Raw("'mit Endung'"));
 }
 
 TEST_F(WindowSave, AFileIsKeptWhenTheOverwriteQuestionIsAnsweredNo) {
