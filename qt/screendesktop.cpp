@@ -10,8 +10,10 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -51,6 +53,37 @@ void LimitInput(QInputDialog& dialog, Desktop& desktop) {
     }
 }
 
+/// The text with its lines broken so that none is wider than most of the screen: a file may bring a
+/// number of 255 characters into a question, and the buttons stay on the screen.
+QString Folded(const QString& text, const QWidget& widget) {
+    const int room = widget.screen()->availableSize().width() * 3 / 4;
+    QString folded;
+    int width = 0;
+    for (const QChar character : text) {
+        const int advance = widget.fontMetrics().horizontalAdvance(character);
+        if (width + advance > room) {
+            folded += u'\n';
+            width = 0;
+        }
+        width = character == u'\n' ? 0 : width + advance;
+        folded += character;
+    }
+    return folded;
+}
+
+/// Shows the question as it is: what comes from a file is neither markup nor a keyboard shortcut.
+void ShowPlainPrompt(QInputDialog& dialog, const QString& prompt) {
+    dialog.setLabelText(Folded(prompt, dialog));
+    dialog.sizeHint();  // makes the dialog create its label
+    if (auto* label = dialog.findChild<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText);
+        label->setBuddy(nullptr);
+    }
+    if (auto* input = dialog.findChild<QLineEdit*>()) {
+        input->setAccessibleName(prompt);
+    }
+}
+
 /// Makes room for the title beside the buttons of the window's frame.
 void ShowWholeTitle(QWidget& dialog) {
     constexpr int FrameButtons = 120;
@@ -75,7 +108,7 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
     QInputDialog dialog(Front());
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(ToQString(box.title));
-    dialog.setLabelText(ToLines(box.prompt));
+    ShowPlainPrompt(dialog, ToLines(box.prompt));
     dialog.setTextValue(ToQString(box.preset));
     LimitInput(dialog, *this);
     ShowWholeTitle(dialog);

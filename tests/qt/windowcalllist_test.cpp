@@ -103,6 +103,39 @@ TEST_F(WindowCallList, TheMsnRefusesCharactersOutsideWindows1252WithABeep) {
                                       "11;01.01.1999 00:00;0;B\xE4r\r\n");
 }
 
+TEST_F(WindowCallList, ACallersNumberIsNeitherMarkupNorAShortcut) {
+    Folder.Write("anrufe.t9a", Raw("'12345678901234567890'"
+                                   "02 01 06 0A '0512241830' 06 0B 'A&B<b>0</b>' 01"));
+    Dialogs.ChooseFile(PathIn("anrufe.t9a"))
+        .Look([](QDialog& dialog) {
+            auto* label = dialog.findChild<QLabel*>();
+            EXPECT_EQ(label->text().toStdString(), "MSN zu 24.12.2005 18:30 A&B<b>0</b>");
+            EXPECT_EQ(label->textFormat(), Qt::PlainText);
+            EXPECT_EQ(label->buddy(), nullptr);
+            EXPECT_EQ(dialog.findChild<QLineEdit*>()->accessibleName().toStdString(),
+                      "MSN zu 24.12.2005 18:30 A&B<b>0</b>");
+        })
+        .Press(Qt::Key_Return)
+        .Click(QMessageBox::Ok);
+    Trigger("mnuDateiConvCallListCSV");
+}
+
+TEST_F(WindowCallList, ALongNumberLeavesTheButtonsOnTheScreen) {
+    Bytes call = Raw("'12345678901234567890' 02 01 06 0A '0512241830' 06 FF");
+    call.insert(call.end(), 255, '7');
+    call.push_back(1);
+    Folder.Write("anrufe.t9a", call);
+    Dialogs.ChooseFile(PathIn("anrufe.t9a"))
+        .Look([](QDialog& dialog) {
+            EXPECT_EQ(dialog.findChild<QLabel*>()->text().remove('\n').toStdString(),
+                      "MSN zu 24.12.2005 18:30 " + std::string(255, '7'));
+            EXPECT_LE(dialog.frameGeometry().width(), dialog.screen()->availableGeometry().width());
+        })
+        .Press(Qt::Key_Return)
+        .Click(QMessageBox::Ok);
+    Trigger("mnuDateiConvCallListCSV");
+}
+
 TEST_F(WindowCallList, ANameWithoutAnEndingGetsIt) {
     Dialogs.ChooseFile(PathIn("anrufe")).Cancel().Cancel().Click(QMessageBox::Ok);
     Trigger("mnuDateiConvCallListCSV");
