@@ -13,6 +13,7 @@
 #include <vector>
 
 #ifndef _WIN32
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -120,12 +121,28 @@ std::FILE* OpenForWriting(const FilePath& path) {
 }
 
 #ifndef _WIN32
+/// Renaming onto a file would pass over its write protection.
+void EnsureNotProtected(const FilePath& path) {
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 &&
+        (errno == EACCES || errno == EROFS)) {
+        throw RuntimeError(ErrorNumber::AccessDenied);
+    }
+}
+
 /// Waits until the system has put the stream's data on the disk. A device that knows no waiting is
 /// content.
 bool Synchronised(std::FILE* file) {
     return std::fflush(file) == 0 && (fsync(fileno(file)) == 0 || errno == EINVAL);
 }
 #else
+void EnsureNotProtected(const FilePath& path) {
+    std::error_code error;
+    const fs::perms permissions = fs::status(path, error).permissions();
+    if (!error && (permissions & fs::perms::owner_write) == fs::perms::none) {
+        throw RuntimeError(ErrorNumber::AccessDenied);
+    }
+}
+
 bool Synchronised(std::FILE* file) {
     return std::fflush(file) == 0;
 }
@@ -192,15 +209,17 @@ std::u32string LoweredName(const FilePath& name) {
     return points;
 }
 
-/// The entries of `folder` whose names equal `name` but for the case, in the order of their codes.
+/// The entries of `folder` whose names differ from `name` in nothing but the case, in the order of
+/// their codes.
 std::vector<FilePath> EntriesIgnoringCase(const FilePath& folder, const FilePath& name) {
     const std::u32string wanted = LoweredName(name);
     std::vector<FilePath> found;
     std::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? FilePath(".") : folder, error), end;
          !error && entry != end; entry.increment(error)) {
-        if (LoweredName(entry->path().filename()) == wanted) {
-            found.push_back(folder / entry->path().filename());
+        const FilePath candidate = entry->path().filename();
+        if (candidate != name && LoweredName(candidate) == wanted) {
+            found.push_back(folder / candidate);
         }
     }
     std::sort(found.begin(), found.end());
@@ -233,7 +252,7 @@ std::optional<FilePath> FindBelow(const FilePath& folder, FilePath::iterator nex
 }  // namespace
 
 void EnsureReadable(const FilePath& path) {
-    OpenForReading(path);
+    static_cast<void>(ReadWholeFile(path));  // some disks fail only in the midst of a file
 }
 
 Bytes ReadWholeFile(const FilePath& path) {
@@ -300,15 +319,24 @@ void OutputFile::Close() {
 
 void ReplaceFile(const FilePath& path, ByteView bytes) {
     EnsurePossibleName(path);
-    FilePath beside = path;
-    beside += ".neu";
     std::error_code error;
-    fs::create_directories(path.parent_path(), error);  // where it fails, opening tells why
+    // A link stays one: the file that it leads to is replaced.
+    const FilePath existing = fs::canonical(path, error);
+    const FilePath target = error ? path : existing;
+    const fs::perms permissions =
+        error ? fs::perms::unknown : fs::status(target, error).permissions();
+    EnsureNotProtected(target);
+    FilePath beside = target;
+    beside += ".neu";
+    fs::create_directories(target.parent_path(), error);  // where it fails, opening tells why
     OutputFile file(beside);
     try {
         file.Write(bytes);
         file.Close();
-        fs::rename(beside, path, error);
+        if (permissions != fs::perms::unknown) {
+            fs::permissions(beside, permissions, error);
+        }
+        fs::rename(beside, target, error);
         if (error) {
             RaiseSystemError(error.value(), path);
         }

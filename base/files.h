@@ -19,7 +19,7 @@ using FilePath = std::filesystem::path;
 /// Files larger than this are not read (run-time error 7).
 inline constexpr std::uintmax_t MaximumFileSize = std::uintmax_t{64} * 1024 * 1024;
 
-/// Raises what ReadWholeFile would raise for a file that cannot be opened; else does nothing.
+/// Raises what ReadWholeFile would raise; else does nothing.
 void EnsureReadable(const FilePath& path);
 
 /// The bytes of a regular file of at most MaximumFileSize.
@@ -52,7 +52,8 @@ class OutputFile {
 
 /// Puts `bytes` into the file so that there is always a whole one, the old or the new: they are
 /// written beside it and the result is renamed. On an error the old file is untouched. A missing
-/// folder is made.
+/// folder is made. A link to a file stays one, and the file keeps its permissions; one that is write
+/// protected raises error 70.
 void ReplaceFile(const FilePath& path, ByteView bytes);
 
 /// `path` itself where it exists, else the existing path that equals it but for upper and lower

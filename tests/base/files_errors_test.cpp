@@ -305,6 +305,18 @@ TEST(ReplaceFile, WithoutPermissionRaises70AndLeavesTheOldFile) {
     fs::permissions(folder.Path(), fs::perms::owner_all);
 }
 
+TEST(ReplaceFile, AWriteProtectedFileRaises70AndStays) {
+    const TestFolder folder;
+    fs::permissions(folder.Path(), fs::perms(0777));
+    const FilePath path = folder.Write("a.ini", "old");
+    fs::permissions(path, fs::perms(0444));
+    {
+        const AsAnyUser anyUser;
+        EXPECT_EQ(ErrorOf([&] { ReplaceFile(path, Raw("'new'")); }), 70);
+    }
+    EXPECT_EQ(ReadFile(path), Raw("'old'"));
+}
+
 TEST(ReplaceFile, AFolderThatCannotBeMadeRaises76) {
     const TestFolder folder;
     folder.Write("datei", "x");

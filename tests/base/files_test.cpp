@@ -134,6 +134,35 @@ TEST(ReplaceFile, ANameWithoutAFolderIsOneInTheWorkingFolder) {
     EXPECT_EQ(ReadFile(folder / "a.ini"), Raw("'x'"));
 }
 
+#ifndef _WIN32
+TEST(ReplaceFile, ALinkStaysOneAndItsFileIsReplaced) {
+    const TestFolder folder;
+    const FilePath file = folder.Write("there/a.ini", "old");
+    fs::create_symlink(file, folder / "a.ini");
+    ReplaceFile(folder / "a.ini", Raw("'new'"));
+    EXPECT_TRUE(fs::is_symlink(folder / "a.ini"));
+    EXPECT_EQ(ReadFile(file), Raw("'new'"));
+}
+
+TEST(ReplaceFile, TheFileKeepsItsPermissions) {
+    const TestFolder folder;
+    const FilePath file = folder.Write("a.ini", "old");
+    fs::permissions(file, fs::perms(0600));
+    ReplaceFile(file, Raw("'new'"));
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600));
+}
+#endif
+
+TEST(FindIgnoringCase, AMissingFileFarBelowIsLookedForOnceInEachFolder) {
+    const TestFolder folder;
+    FilePath path = folder.Path();
+    for (int i = 0; i < 40; ++i) {
+        path /= "ordner";
+    }
+    fs::create_directories(path);
+    EXPECT_EQ(FindIgnoringCase(path / "fehlt.lng"), path / "fehlt.lng");
+}
+
 TEST(FindIgnoringCase, APathThatExistsAsWrittenIsItself) {
     const TestFolder folder;
     const FilePath lower = folder.Write("reg.t9t", "1");
