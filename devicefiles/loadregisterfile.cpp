@@ -3,6 +3,13 @@
 
 namespace norvik {
 
+void ShowFindings(RegisterState& state, Desktop& desktop) {
+    if (!state.LoadReport.empty()) {
+        desktop.Ask({.text = state.LoadReport, .title = u"Debugs beim Einlesen"});
+        state.LoadReport.clear();
+    }
+}
+
 void LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
     ResetRegister(state);
     state.LoadReport.clear();
@@ -17,10 +24,7 @@ void LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& deskt
         return;
     }
     desktop.SetPointer(Pointer::Normal);
-    if (!state.LoadReport.empty()) {
-        desktop.Ask({.text = state.LoadReport, .title = u"Debugs beim Einlesen"});
-        state.LoadReport.clear();
-    }
+    ShowFindings(state, desktop);
     SetCount(state, count);
     RefreshStatus(state, desktop);
     CheckRegister(state, desktop);

@@ -6,9 +6,7 @@
 
 namespace norvik {
 
-namespace {
-
-void ReportError(const RuntimeError& error, Desktop& desktop) {
+void ReportLoadNVError(const RuntimeError& error, Desktop& desktop) {
     switch (error.Number()) {
     case ErrorNumber::FileNotFound:
     case ErrorNumber::FileAlreadyOpen:
@@ -23,8 +21,6 @@ void ReportError(const RuntimeError& error, Desktop& desktop) {
     }
 }
 
-}  // namespace
-
 void mnuDateiLoadNV(RegisterState& state, Desktop& desktop) {
     const std::optional<FilePath> chosen =
         desktop.AskForFileToOpen({.filter = u"NV-195-Datei|*.t9t|Alle Dateien|*.*",
@@ -38,7 +34,7 @@ void mnuDateiLoadNV(RegisterState& state, Desktop& desktop) {
         LoadRegisterFile(state, path, desktop);
         FollowLoad(state, desktop);
     } catch (const RuntimeError& error) {
-        ReportError(error, desktop);
+        ReportLoadNVError(error, desktop);
     }
 }
 

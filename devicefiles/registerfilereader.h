@@ -42,4 +42,7 @@ int ReadRegisterRecords(RegisterState& state, RegisterFileBytes& file);
 /// the records. Sets LoadedModel and ReadTrace; gives and raises what ReadRegisterRecords does.
 int ReadRegisterFile(RegisterState& state, ByteView bytes, Desktop& desktop);
 
+/// Shows the findings of LoadReport, if there are any, in a box of their own and empties it.
+void ShowFindings(RegisterState& state, Desktop& desktop);
+
 }  // namespace norvik

@@ -1,5 +1,6 @@
 // LoadRegisterFile as a whole: its messages, what it leaves behind, its failures.
 #include "devicefiles/registerfile.h"
+#include "devicefiles/registerfilereader.h"
 
 #include "tests/devicefiles/registerfilebytes.h"
 #include "tests/support/builders.h"
@@ -78,9 +79,34 @@ TEST(LoadRegisterFile, RemembersModelPathAndDateOfTheFile) {
     LoadRegisterFile(state, path, desktop);
 
     EXPECT_EQ(state.LoadedModel, u"195");
-    EXPECT_EQ(state.File.Type, u"195");
-    EXPECT_EQ(state.File.Path, path);
     EXPECT_EQ(state.File.Modified, std::optional<FileTime>(time));
+}
+
+TEST(LoadRegisterFile, ShowsTheNewFileAndNotTheOldOne) {
+    const TestFolder folder;
+    const FilePath path = folder.Write("a.t9t", FileOf({Record("a")}));
+    RegisterState state = Loaded();
+    ScriptedDesktop desktop;
+    int shown = 0;
+    desktop.OnShowCurrentFile = [&] {
+        ++shown;
+        EXPECT_EQ(state.File.Type, u"195");
+        EXPECT_EQ(state.File.Path, path);
+        EXPECT_EQ(state.File.Modified, LastModified(path));
+    };
+    LoadRegisterFile(state, path, desktop);
+    EXPECT_EQ(shown, 1);
+}
+
+TEST(ShowFindings, AreShownOnceInABoxOfTheirOwn) {
+    RegisterState state;
+    state.LoadReport = u"erstens\r\nzweitens\r\n";
+    ScriptedDesktop desktop;
+    ShowFindings(state, desktop);
+    ShowFindings(state, desktop);
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(OkBox(u"erstens\r\nzweitens\r\n", u"Debugs beim Einlesen")));
+    EXPECT_EQ(state.LoadReport, u"");
 }
 
 TEST(LoadRegisterFile, A193FileIsShownAs193) {
@@ -269,6 +295,8 @@ TEST(LoadRegisterFile, AValueTooLargeLeavesTheEntriesReadSoFarAndTheOldCount) {
                      desktop);
 
     EXPECT_THAT(desktop.Transcript, ElementsAre("pointer Hourglass", ReaderError(u"6Überlauf")));
+    EXPECT_EQ(state.File.Path, folder / "a.t9t") << "remembered before the records are read";
+    EXPECT_EQ(state.File.Modified, LastModified(folder / "a.t9t"));
     EXPECT_EQ(state.AnzGes, 3);
     EXPECT_EQ(state.Satzwahl.Maximum, 3);
     EXPECT_EQ(state.Register(1).Name, u"a");

@@ -56,6 +56,47 @@ TEST(MnuDateiLoadNV, LoadsSortsAndShowsEntry1) {
     EXPECT_EQ(state.LoadedModel, u"195");
 }
 
+TEST(MnuDateiLoadNV, AFileThatFailsWhileReadingLeavesTheRegister) {
+    const FilePath unreadable = "/proc/self/mem";
+    if (!std::filesystem::is_regular_file(unreadable)) {
+        GTEST_SKIP() << "needs " << unreadable;
+    }
+    const TestFolder folder;
+    std::filesystem::create_symlink(unreadable, folder / "a.t9t");
+    RegisterState state = Old();
+    const Contents before = ContentsOf(state);
+    ScriptedDesktop desktop;
+    desktop.AnswerFile(folder / "a.t9t");
+
+    mnuDateiLoadNV(state, desktop);
+
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(Dialog + (folder / "a.t9t").string(), AccessFailed));
+    EXPECT_TRUE(ContentsOf(state) == before);
+    EXPECT_EQ(state.AnzGes, 3);
+    EXPECT_EQ(state.AnzNr, 3);
+}
+
+TEST(ReportLoadNVError, FourErrorsAreFailedAccesses) {
+    for (const ErrorNumber number : {ErrorNumber::FileNotFound, ErrorNumber::FileAlreadyOpen,
+                                     ErrorNumber::DeviceError, ErrorNumber::BadFileName}) {
+        ScriptedDesktop desktop;
+        ReportLoadNVError(RuntimeError(number), desktop);
+        EXPECT_THAT(desktop.Transcript, ElementsAre(AccessFailed)) << static_cast<int>(number);
+    }
+}
+
+TEST(ReportLoadNVError, AnyOtherIsUndefined) {
+    ScriptedDesktop desktop;
+    ReportLoadNVError(RuntimeError(ErrorNumber::Overflow), desktop);
+    ReportLoadNVError(RuntimeError(ErrorNumber::AccessDenied), desktop);
+    ReportLoadNVError(RuntimeError(ErrorNumber::PathNotFound), desktop);
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(OkBox(u"Undef'd Error: mnuDateiLoadNV:6Überlauf"),
+                            OkBox(u"Undef'd Error: mnuDateiLoadNV:70Zugriff verweigert"),
+                            OkBox(u"Undef'd Error: mnuDateiLoadNV:76Pfad nicht gefunden")));
+}
+
 TEST(MnuDateiLoadNV, ACancelledDialogDoesNothing) {
     RegisterState state = Old();
     const Contents before = ContentsOf(state);

@@ -171,6 +171,9 @@ std::optional<FilePath> ScriptedDesktop::AskForFileToSave(const FileDialog& dial
 
 void ScriptedDesktop::SetStatus(TextView text) {
     Transcript.push_back("status " + Quoted(text));
+    if (OnStatus) {
+        OnStatus(text);
+    }
 }
 
 void ScriptedDesktop::Beep() {
@@ -197,6 +200,9 @@ void ScriptedDesktop::RebuildList() {
 
 void ScriptedDesktop::ShowCurrentFile() {
     Transcript.emplace_back("file");
+    if (OnShowCurrentFile) {
+        OnShowCurrentFile();
+    }
 }
 
 void ScriptedDesktop::FocusField(int field) {

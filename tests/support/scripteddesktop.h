@@ -42,10 +42,12 @@ class ScriptedDesktop : public Desktop {
     /// What opening a document returns.
     int ShellResult = 33;
 
-    /// What happens when the entry is to be shown or the list to be built; nothing by default.
-    /// Tests of the main window's handlers let these compute the fields.
+    /// What happens when something is to be shown; nothing by default. Tests of the main window's
+    /// handlers let the first two compute the fields.
     std::function<void()> OnShowEntry;
     std::function<void()> OnRebuildList;
+    std::function<void()> OnShowCurrentFile;
+    std::function<void(TextView)> OnStatus;
 
     Button Ask(const MessageBox& box) override;
     std::optional<Text> AskForText(const InputBox& box) override;
