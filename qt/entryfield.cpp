@@ -45,6 +45,10 @@ void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep) {
     validator->Show(input->text());
 }
 
+void ShowLimited(QLineEdit* input, const QString& text) {
+    input->findChild<FieldValidator*>()->Show(text);
+}
+
 EntryField::EntryField(const FieldRule& rule, QWidget* parent)
     : QLineEdit(parent), rule_(rule), validator_(new FieldValidator(rule, this)) {
     setValidator(validator_);
@@ -69,6 +73,16 @@ void EntryField::Show(TextView text) {
 
 void EntryField::ForgetUndo() {
     undo_.clear();
+    const int cursor = cursorPosition();
+    const int start = selectionStart();
+    const int length = selectionLength();
+    validator_->Show(text());  // the toolkit forgets its own history
+    if (start < 0) {
+        setCursorPosition(cursor);
+    } else {
+        // A negative length leaves the cursor at the selection's beginning.
+        setSelection(cursor == start ? start + length : start, cursor == start ? -length : length);
+    }
 }
 
 void EntryField::keyPressEvent(QKeyEvent* event) {

@@ -79,11 +79,16 @@ Button ClosingButton(const MessageBox& box) {
 }
 
 /// The text with the toolkit's line ends. A text longer than any report of a whole register, as a
-/// file of another kind may bring it about, is cut: the toolkit would lay it out for minutes.
+/// file of another kind may bring it about, loses its middle: the toolkit would lay it out for
+/// minutes. Its end stays, where the question stands.
 QString ShownText(TextView text) {
     constexpr std::size_t LongestText = 2'000'000;
-    const QString shown = ToLines(Slice(text, 0, LongestText));
-    return text.size() > LongestText ? shown + QStringLiteral("\n…") : shown;
+    constexpr std::size_t LongestEnd = 2'000;
+    if (text.size() <= LongestText) {
+        return ToLines(text);
+    }
+    return ToLines(Slice(text, 0, LongestText - LongestEnd)) + QStringLiteral("\n…\n") +
+           ToLines(Slice(text, text.size() - LongestEnd));
 }
 
 bool FitsScreen(const QString& text, const QWidget& widget) {

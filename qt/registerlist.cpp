@@ -67,6 +67,17 @@ void RegisterListView::currentChanged(const QModelIndex& current, const QModelIn
     }
 }
 
+void RegisterListView::focusInEvent(QFocusEvent* event) {
+    // A list without a current row makes its first one current by itself; nobody chose that.
+    const bool none = !currentIndex().isValid();
+    const bool before = std::exchange(selecting_, true);
+    QListView::focusInEvent(event);
+    if (none) {
+        selectionModel()->clear();
+    }
+    selecting_ = before;
+}
+
 void RegisterListView::keyPressEvent(QKeyEvent* event) {
     const QPersistentModelIndex before = currentIndex();
     deferred_ = true;
@@ -78,8 +89,8 @@ void RegisterListView::keyPressEvent(QKeyEvent* event) {
 }
 
 void RegisterListView::mousePressEvent(QMouseEvent* event) {
-    if (!indexAt(event->position().toPoint()).isValid()) {
-        return;  // below the rows there is nothing to choose
+    if (event->button() != Qt::LeftButton || !indexAt(event->position().toPoint()).isValid()) {
+        return;  // nothing is chosen by other buttons, nor below the rows
     }
     deferred_ = true;
     QListView::mousePressEvent(event);
