@@ -48,9 +48,10 @@ void ReadCommandLine(TextView commandLine, Settings& settings, Desktop& desktop)
         } else if (option == UnitPriceSwitch) {
             settings.UnitPrice = ParseDecimal(rest);
         } else {
-            desktop.Ask({.text = u"Kommandozeilenparameter unbekannt: " + word,
-                         .title = u"NORVIK Programmstart",
-                         .icon = Icon::Exclamation});
+            desktop.Ask(
+                {.text = u"Kommandozeilenparameter unbekannt: " + TextFromPath(PathFromText(word)),
+                 .title = u"NORVIK Programmstart",
+                 .icon = Icon::Exclamation});
         }
     }
 }

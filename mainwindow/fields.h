@@ -32,6 +32,7 @@ inline constexpr int NoItem = -1;
 inline constexpr int NameField = 0;
 inline constexpr int TelField = 1;
 inline constexpr int FirstDiagnosticField = 2;
+inline constexpr int ChargeUnitsField = 3;
 inline constexpr int LastDiagnosticField = 7;
 inline constexpr int FirstInfoField = 8;
 inline constexpr int TextFields = FirstInfoField + InfoLines;

@@ -11,6 +11,8 @@
 #include "tools/renameringtones.h"
 #include "tools/tonenames.h"
 
+#include <utility>
+
 namespace norvik {
 
 namespace {
@@ -26,6 +28,13 @@ std::size_t PlaceInCycle(int field) {
         ++place;
     }
     return place;
+}
+
+/// A start file may hold no entry at all; what the user stores then becomes the first one.
+void EnsureAnEntry(RegisterState& state) {
+    if (state.AnzGes == 0) {
+        SetCount(state, 1);
+    }
 }
 
 bool ConfirmsDiscarding(Desktop& desktop) {
@@ -47,6 +56,7 @@ void RebuildRows(Program& program) {
 
 void btnSaveChange_Click(Program& program, Desktop& desktop) {
     RegisterState& state = program.State;
+    EnsureAnEntry(state);
     StoreEntry(program.Fields, state);
     int place = state.AnzNr;
     SortRegister(state, place, desktop);
@@ -79,6 +89,7 @@ void btnEraseCharge_Click(Program& program) {
 void chkExport_Click(Program& program, Desktop& desktop) {
     RegisterState& state = program.State;
     const bool on = program.Fields.chkExport;
+    EnsureAnEntry(state);
     StoreEntry(program.Fields, state);
     SetExportMark(state, state.RegisterOrder(state.AnzNr), on);
     desktop.ShowEntry();
@@ -157,6 +168,7 @@ void mnuGebDelete_Click(Program& program, Desktop& desktop) {
     if (mnuGebDelete(program.State, desktop)) {
         // What is stored is shown at once; the other fields keep what the user typed.
         program.Fields.AnzGeb = FormatAmount(0);
+        program.Fields.Anzeigefeld[ChargeUnitsField] = Decimal(0);
     }
 }
 

@@ -57,9 +57,10 @@ bool LoadByEnding(Program& program, TextView startFile, Desktop& desktop) {
         const bool likeOption = path.native().starts_with('#');
         return LoadCSVOrReport(state, program.Set, likeOption ? "." / path : path, desktop);
     }
-    desktop.Ask({.text = Text(startFile).append(u" kann nicht automatisch geladen werden"),
-                 .title = u"Autoload",
-                 .icon = Icon::Critical});
+    desktop.Ask(
+        {.text = TextFromPath(PathFromText(startFile)) + u" kann nicht automatisch geladen werden",
+         .title = u"Autoload",
+         .icon = Icon::Critical});
     return false;
 }
 

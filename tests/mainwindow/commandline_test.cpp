@@ -38,6 +38,17 @@ TEST(CommandLineWords, EmptyWordsAreLeftOut) {
     EXPECT_EQ(CommandLineWords(u""), Words());
 }
 
+TEST(ReadCommandLine, AnUnknownWordIsShownInTheRepertoire) {
+    Settings settings;
+    ScriptedDesktop desktop;
+    ReadCommandLine(u"\u0436x \U0001F600", settings, desktop);
+    EXPECT_EQ(desktop.Transcript,
+              (std::vector<std::string>{OkBox(u"Kommandozeilenparameter unbekannt: ?x",
+                                              u"NORVIK Programmstart", "Exclamation"),
+                                        OkBox(u"Kommandozeilenparameter unbekannt: ?",
+                                              u"NORVIK Programmstart", "Exclamation")}));
+}
+
 TEST(CommandLineWords, AreInLowerCase) {
     EXPECT_EQ(CommandLineWords(u"/LC:\\Büro\\ÄRGER.T9T"), (Words{u"/lc:\\büro\\ärger.t9t"}));
 }

@@ -53,6 +53,7 @@ TEST_F(Charges, TheResetShowsAnAmountOf0AtOnceAndNothingElseAnew) {
 
     EXPECT_EQ(desktop.Transcript, (Lines{ResetQuestion + "Ok", ResetDone}));
     EXPECT_EQ(program.Fields.AnzGeb, u"0,00");
+    EXPECT_EQ(Field(3), u"0");
     EXPECT_EQ(Field(0), u"being typed");
     EXPECT_TRUE(program.Fields.chkCharge);
     EXPECT_EQ(program.Fields.btnSaveChange, EditState::Pending);

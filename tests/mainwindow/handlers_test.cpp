@@ -111,14 +111,20 @@ TEST_F(SaveChange, RecountsTheMarkedEntries) {
     EXPECT_TRUE(program.Fields.chkExport);
 }
 
-TEST_F(SaveChange, WithoutAnyEntryTakesTheHardStop) {
+TEST_F(SaveChange, WithoutAnyEntryMakesTheFirstOne) {
     RegisterState empty = RegisterOf({});
     SetCount(empty, 0);
     Given(empty);
+    Field(0) = u"Anna";
 
-    EXPECT_THROW(btnSaveChange_Click(program, desktop), HardStop);
+    btnSaveChange_Click(program, desktop);
 
-    EXPECT_EQ(desktop.Questions(), Lines{OkBox(u"Sortierfehler", u"")});
+    EXPECT_EQ(desktop.Questions(), (Lines{"list", "entry"}));
+    EXPECT_EQ(program.State.AnzGes, 1);
+    EXPECT_EQ(program.State.AnzNr, 1);
+    EXPECT_EQ(program.State.Register(1).Name, u"Anna");
+    EXPECT_EQ(program.Fields.btnSaveChange, EditState::Stored);
+    EXPECT_FALSE(program.State.RegisterSaved);
 }
 
 TEST_F(EraseCharge, ClearsTheAmountOnScreenAlone) {

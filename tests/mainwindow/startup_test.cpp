@@ -84,6 +84,27 @@ TEST(StartUp, WithASettingsFileShowsNoBox) {
     EXPECT_EQ(started.Prog.Set.Table.Value(Setting::CountryCode), u"49");
 }
 
+TEST(StartUp, EachStepIsDoneWhileItsStatusIsShown) {
+    StartedProgram started;
+    started.WriteSettings("Unit=0,15\r\n");
+    started.Prog.State.Register(1).Name = u"left over";
+    std::vector<std::string> seen;
+    started.Screen.OnStatus = [&](TextView status) {
+        const MainWindowFields& fields = started.Prog.Fields;
+        seen.push_back(Utf8(status) + " " + std::to_string(fields.DDABItems.size()) + " " +
+                       std::to_string(fields.DDTonItems.size()) + " " +
+                       std::to_string(fields.DDMSNItems.size()) + " " +
+                       std::to_string(started.Prog.State.AnzGes) +
+                       (started.Prog.State.WarnLineAccessZero ? " warned" : ""));
+    };
+    started.Start();
+    EXPECT_EQ(seen, (Transcript{"Lade Konstanten... 0 0 0 1", "Lade Ini-Datei... 0 0 0 1",
+                                "Lade Oberfläche... 0 0 0 1", "Lade Klingeltöne... 8 0 0 1",
+                                "Lade Startdatei... 8 81 7 1", "OK 8 81 7 1"}));
+    EXPECT_EQ(started.Prog.State.Register(1).Name, u"");
+    EXPECT_TRUE(started.Prog.State.WarnLineAccessZero);
+}
+
 TEST(StartUp, FindsTheSettingsFileWhateverItsCase) {
     StartedProgram started;
     started.Folder().Write("NORVIK.Ini", "Unit=0,15\r\n");
