@@ -2,6 +2,8 @@
 
 #include "textformats/exportmobile.h"
 
+#include <utility>
+
 namespace norvik {
 
 namespace {
@@ -67,11 +69,13 @@ void btnExport_Click(const NvheFields& fields, const RegisterState& state, const
 
 void btnSaveSettings_Click(const NvheFields& fields, Settings& settings, const FilePath& folder,
                            Desktop& desktop) {
+    SettingsTable table = settings.Table;
     for (std::size_t box = GlobalizeNumberBox; box < HandyBoxes; ++box) {
-        settings.Table.SetValue(BoxSettings.at(box), fields.chkHE.at(box) ? Yes : No);
+        table.SetValue(BoxSettings.at(box), fields.chkHE.at(box) ? Yes : No);
     }
-    settings.Table.SetValue(Setting::DataSeparator, fields.InpSeparator);
-    WriteSettingsFile(folder, settings.Table);
+    table.SetValue(Setting::DataSeparator, fields.InpSeparator);
+    WriteSettingsFile(folder, table);
+    settings.Table = std::move(table);
     desktop.SetStatus(u"Einstellungen gespeichert");
 }
 

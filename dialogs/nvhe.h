@@ -41,7 +41,7 @@ void btnExport_Click(const NvheFields& fields, const RegisterState& state, const
                      Desktop& desktop);
 
 /// Stores the boxes but the first one, and the separator, in the settings and writes their file in
-/// the program's folder. Raises what writing it raises.
+/// the program's folder. Raises what writing it raises; the settings then stay as they were.
 void btnSaveSettings_Click(const NvheFields& fields, Settings& settings, const FilePath& folder,
                            Desktop& desktop);
 

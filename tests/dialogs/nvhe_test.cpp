@@ -274,15 +274,19 @@ TEST(NvheSaveSettings, AReadOnlyFolderRaises70AndKeepsTheOldFile) {
     const FilePath path = folder.Write("norvik.ini", "old");
     fs::permissions(folder.Path(), fs::perms(0555));
     Settings settings;
+    NvheFields fields;
+    fields.chkHE[Change00toPlusBox] = true;
+    fields.InpSeparator = u"x";
     ScriptedDesktop desktop;
     {
         const AsAnyUser anyUser;
-        EXPECT_EQ(
-            ErrorOf([&] { btnSaveSettings_Click(NvheFields(), settings, folder.Path(), desktop); }),
-            70);
+        EXPECT_EQ(ErrorOf([&] { btnSaveSettings_Click(fields, settings, folder.Path(), desktop); }),
+                  70);
     }
     fs::permissions(folder.Path(), fs::perms(0755));
     EXPECT_THAT(desktop.Transcript, IsEmpty());
+    EXPECT_EQ(settings.Table.Value(Setting::Change00toPlus), u"");
+    EXPECT_EQ(settings.Table.Value(Setting::DataSeparator), u"");
     EXPECT_EQ(ReadFile(path), Raw("'old'"));
 }
 
