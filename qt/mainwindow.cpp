@@ -148,12 +148,8 @@ void MainWindow::ConnectChoices() {
     for (QCheckBox* box : {widgets_.chkTon, widgets_.chkCharge}) {
         connect(box, &QCheckBox::toggled, this, changed);
     }
-    connect(widgets_.FilterGroup, &QButtonGroup::idToggled, this,
-            [changed](int /*filter*/, bool on) {
-                if (on) {
-                    changed();
-                }
-            });
+    // A click on the button that is on already counts, too.
+    connect(widgets_.FilterGroup, &QButtonGroup::idClicked, this, changed);
     connect(widgets_.chkExport, &QCheckBox::toggled, this, [this] {
         if (!drawing_) {
             Run([&] { chkExport_Click(program_, desktop_); });

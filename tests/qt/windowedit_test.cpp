@@ -101,8 +101,12 @@ TEST_F(WindowEdit, EveryChangeOfAChoiceControlIsAnEdit) {
     }
 }
 
-TEST_F(WindowEdit, ChoosingWhatIsChosenAlreadyIsNoEdit) {
+TEST_F(WindowEdit, AClickOnTheCallFilterThatIsOnAlreadyIsAnEdit) {
     Click("OptFilter(0)");
+    EXPECT_EQ(ButtonColour(), Pending);
+}
+
+TEST_F(WindowEdit, ChoosingTheToneThatIsChosenAlreadyIsNoEdit) {
     auto* tones = Find<QComboBox>("DDTon");
     QTest::keyClick(tones, Qt::Key_Home);
     EXPECT_EQ(ButtonColour(), NeutralColour());
