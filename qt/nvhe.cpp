@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <memory>
 #include <utility>
 
 namespace norvik {
@@ -33,8 +34,8 @@ QString BoxCaption(std::size_t box) {
 
 }  // namespace
 
-NvheDialog::NvheDialog(const NvheFields& fields, QWidget* parent, const std::function<void()>& beep)
-    : QDialog(parent), fields_(fields) {
+NvheDialog::NvheDialog(NvheFields fields, QWidget* parent, const std::function<void()>& beep)
+    : QDialog(parent), fields_(std::move(fields)) {
     setObjectName(QStringLiteral("NVHE"));
     setWindowTitle(QStringLiteral("Handyexport"));
     auto* layout = new QVBoxLayout(this);
@@ -66,7 +67,7 @@ NvheDialog::NvheDialog(const NvheFields& fields, QWidget* parent, const std::fun
 
 QWidget* NvheDialog::MakeBoxes(const QString& title, std::initializer_list<std::size_t> boxes) {
     auto* group = new QGroupBox(title, this);
-    auto* layout = new QVBoxLayout(group);
+    auto layout = std::make_unique<QVBoxLayout>();
     for (const std::size_t number : boxes) {
         const QString caption = BoxCaption(number);
         QString accessibleName = caption;
@@ -82,6 +83,7 @@ QWidget* NvheDialog::MakeBoxes(const QString& title, std::initializer_list<std::
         chkHE_.at(number) = box;
         layout->addWidget(box);
     }
+    group->setLayout(layout.release());
     return group;
 }
 

@@ -17,7 +17,7 @@ namespace norvik {
 class NvheDialog : public QDialog {
     Q_OBJECT
   public:
-    NvheDialog(const NvheFields& fields, QWidget* parent, const std::function<void()>& beep);
+    NvheDialog(NvheFields fields, QWidget* parent, const std::function<void()>& beep);
 
     [[nodiscard]] const NvheFields& Fields() const { return fields_; }
 

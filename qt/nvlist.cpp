@@ -122,6 +122,7 @@ void NvListWindow::PlaceBeside(const QWidget& window) {
         place.moveTop(frame.top() + fontMetrics().height() * 3);
     }
     place.moveBottom(std::min(place.bottom(), screen.bottom()));
+    place.moveTopLeft({std::max(place.left(), screen.left()), std::max(place.top(), screen.top())});
     move(place.topLeft());
 }
 

@@ -50,9 +50,9 @@ QString Shown(TextView text) {
 
 }  // namespace
 
-NvsetDialog::NvsetDialog(const NvsetFields& fields, Desktop& desktop,
+NvsetDialog::NvsetDialog(NvsetFields fields, Desktop& desktop,
                          std::function<void(const Operation&)> run, QWidget* parent)
-    : QDialog(parent), fields_(fields), desktop_(desktop), run_(std::move(run)) {
+    : QDialog(parent), fields_(std::move(fields)), desktop_(desktop), run_(std::move(run)) {
     setObjectName(QStringLiteral("NVSET"));
     setWindowTitle(QStringLiteral("Norvikkonverter - Einstellungen"));
     auto* layout = new QVBoxLayout(this);
@@ -257,7 +257,7 @@ void NvsetDialog::Draw() {
     const bool before = std::exchange(drawing_, true);
     const auto draw = [](QLineEdit* field, TextView text) {
         if (field->text() != ToQString(text)) {  // the cursor stays where the user types
-            field->setText(ToQString(text));
+            ShowLimited(field, ToQString(text));
         }
     };
     DDSprache_->setCurrentIndex(fields_.DDSprache);

@@ -24,8 +24,8 @@ class NvsetDialog : public QDialog {
     using Operation = std::function<void()>;
 
     /// `run` runs an operation as the main window does.
-    NvsetDialog(const NvsetFields& fields, Desktop& desktop,
-                std::function<void(const Operation&)> run, QWidget* parent);
+    NvsetDialog(NvsetFields fields, Desktop& desktop, std::function<void(const Operation&)> run,
+                QWidget* parent);
 
     [[nodiscard]] const NvsetFields& Fields() const { return fields_; }
 
