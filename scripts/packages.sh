@@ -32,4 +32,5 @@ TEST_PACKAGES=(libgtest-dev libgmock-dev python3 python3-phonenumbers)
 # For the linters, the benchmarks and the fuzzers.
 LINT_PACKAGES=(clang-format clang-tidy)
 BENCHMARK_PACKAGES=(libbenchmark-dev)
+COVERAGE_PACKAGES=(gcovr)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm-14)
