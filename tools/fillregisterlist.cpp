@@ -26,7 +26,7 @@ Text SignedDecimal(int value) {
 
 /// The name of the entry's tone; none for a number that the list does not have.
 Text ToneName(const RegisterEntry& entry, const std::vector<Text>& names) {
-    const auto item = static_cast<std::size_t>((entry.Ton & ToneMask) + 1);
+    const std::size_t item = static_cast<std::size_t>(entry.Ton & ToneMask) + 1;
     return item < names.size() ? names[item] : Text();
 }
 
