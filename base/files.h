@@ -52,8 +52,8 @@ class OutputFile {
 
 /// Puts `bytes` into the file so that there is always a whole one, the old or the new: they are
 /// written beside it and the result is renamed. On an error the old file is untouched. A missing
-/// folder is made. A link to a file stays one, and the file keeps its permissions; one that is write
-/// protected raises error 70.
+/// folder is made. A link to a file stays one, and the file keeps its permissions; one that is
+/// write protected raises error 70.
 void ReplaceFile(const FilePath& path, ByteView bytes);
 
 /// `path` itself where it exists, else the existing path that equals it but for upper and lower

@@ -29,6 +29,8 @@ class MainWindow : public QMainWindow {
     /// window is shown.
     void Start(const QString& commandLine);
 
+    [[nodiscard]] const RegisterState& State() const { return program_.State; }
+
     // What the desktop draws.
     void ShowCurrentEntry();
     void RebuildList();
