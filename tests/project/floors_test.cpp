@@ -28,7 +28,7 @@ const std::vector<std::string> Floors = {"base",        "register",    "tools",
 const std::string ToolkitFloor = "qt";
 
 /// Folders beside the floors, which are no part of the product.
-const std::set<std::string> OtherFolders = {"tests", "fuzz", "benchmarks"};
+const std::set<std::string> OtherFolders = {"tests", "fuzzers", "benchmarks"};
 
 /// The folder of the tests of the window may include the toolkit, too.
 const std::string ToolkitTests = "tests/qt";
@@ -323,9 +323,9 @@ TEST_F(PlantedTree, AnIncludeThatHidesItsFolderIsFound) {
 TEST_F(PlantedTree, TheToolkitOutsideItsFolderIsFound) {
     Plant("tools/view.h", "#include <QString>\n");
     Plant("tests/tools/view_test.cpp", "#include <QtWidgets/QWidget>\n#include \"qt/window.h\"\n");
-    Plant("fuzz/view.cpp", "#include \"QString\"\n");
+    Plant("fuzzers/view.cpp", "#include \"QString\"\n");
     EXPECT_THAT(ToolkitOutsideItsFloor(folder.Path()),
-                ElementsAre("fuzz/view.cpp includes QString",
+                ElementsAre("fuzzers/view.cpp includes QString",
                             "tests/tools/view_test.cpp includes QtWidgets/QWidget",
                             "tests/tools/view_test.cpp includes qt/window.h",
                             "tools/view.h includes QString"));
