@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "devicefiles/sourcefile.h"
 #include "register/register.h"
 
 #include <array>
@@ -16,6 +17,12 @@ inline constexpr Byte Integer8 = 0x02;
 inline constexpr Byte Integer16 = 0x03;
 inline constexpr Byte Integer32 = 0x04;
 inline constexpr Byte ShortString = 0x06;
+
+/// The most that the writers can put into an item.
+inline constexpr std::size_t LongestString = 255;
+inline constexpr int LargestInteger = 0xFFFF;
+/// The 193 holds names of at most so many characters.
+inline constexpr std::size_t NameWidth193 = 20;
 }  // namespace registerfile
 
 /// The bytes that two hexadecimal digits each of `digits` stand for.
@@ -42,8 +49,10 @@ inline constexpr std::string_view RegisterFileEnding = ".t9t";
 /// Replaces the register by the entries of a file, with LoadedModel, the current file and the
 /// findings' box; then checks it and shows the file. A failure is shown as "mnuLade193195: …" and
 /// leaves the entries read so far and the old count. A record whose name or number has a wrong tag
-/// stops the program hard.
-void LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop);
+/// stops the program hard. Gives whether the whole file was taken.
+bool LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop);
+/// The same with a file that has been read already.
+bool LoadRegisterFile(RegisterState& state, const SourceFile& file, Desktop& desktop);
 
 /// Writes the used positions in their order as a 195 file and sets RegisterSaved. Raises error 5
 /// for a text of more than 255 characters or a number of 65536 and more; what was written before

@@ -5,9 +5,6 @@ namespace norvik {
 
 namespace {
 
-/// The 193 holds names of at most so many characters.
-constexpr std::size_t NameWidth193 = 20;
-
 void WriteByte(OutputFile& file, Byte byte) {
     file.Write(ByteView(&byte, 1));
 }
@@ -18,9 +15,8 @@ void WriteInteger(OutputFile& file, int value) {
 
 /// The tag is written before the length is looked at, so a text that is too long leaves it behind.
 void WriteString(OutputFile& file, ByteView bytes) {
-    constexpr std::size_t LongestString = 255;
     WriteByte(file, registerfile::ShortString);
-    if (bytes.size() > LongestString) {
+    if (bytes.size() > registerfile::LongestString) {
         throw RuntimeError(ErrorNumber::InvalidArgument);
     }
     WriteByte(file, static_cast<Byte>(bytes.size()));
@@ -45,7 +41,7 @@ void WriteRecord195(OutputFile& file, int record, const RegisterEntry& entry) {
 }
 
 void WriteRecord193(OutputFile& file, int record, const RegisterEntry& entry) {
-    const Bytes name = AnsiToDevice(Slice(RightTrim(entry.Name), 0, NameWidth193));
+    const Bytes name = AnsiToDevice(Slice(RightTrim(entry.Name), 0, registerfile::NameWidth193));
     WriteRecordHead(file, record, name, entry);
     WriteInteger(file, 0);  // no tone
     WriteInteger(file, entry.MsnFilter);
@@ -57,8 +53,7 @@ void WriteRecord193(OutputFile& file, int record, const RegisterEntry& entry) {
 
 Bytes EncodeInteger(int value) {
     constexpr int LargestSigned8 = 127;
-    constexpr int LargestUnsigned16 = 0xFFFF;
-    if (value > LargestUnsigned16) {
+    if (value > registerfile::LargestInteger) {
         throw RuntimeError(ErrorNumber::InvalidArgument);
     }
     const auto low = static_cast<Byte>(static_cast<unsigned>(value) & 0xFFU);

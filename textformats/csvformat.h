@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "devicefiles/sourcefile.h"
 #include "register/register.h"
 #include "register/settings.h"
 
@@ -51,14 +52,27 @@ inline constexpr std::string_view Ending = ".csv";
 /// entries read so far and the old count remain then.
 void LoadCSV(RegisterState& state, const FilePath& file, const Settings& settings,
              Desktop& desktop);
+/// The same with a file that has been read already; `removeDoubles` stands for the "#D".
+void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
+             const Settings& settings, Desktop& desktop);
 
 /// Takes the lines of a CSV file into the register's places from 1 on and notes doubled lines and
 /// names in LoadReport; gives the number of entries. Raises error 6 as LoadCSV does.
 int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
             Desktop& desktop);
 
+/// The name that the reader makes of a name field: of one longer than 21 characters the first 20
+/// and a ".".
+Text CsvName(TextView field);
+
+/// The values that the writer writes of an entry, without quotes.
+std::array<Text, csvformat::Columns> CsvValues(const RegisterEntry& entry);
+
 /// Asks whether the values are to stand in quotes, writes the register in its order as a CSV file
 /// and sets RegisterSaved. Raises what writing raises.
 void SaveCSV(RegisterState& state, const FilePath& file, Desktop& desktop);
+
+/// Writes the register as SaveCSV does, without asking; with `quoted` all values stand in quotes.
+void WriteCSV(RegisterState& state, const FilePath& file, bool quoted);
 
 }  // namespace norvik

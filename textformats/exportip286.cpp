@@ -3,7 +3,6 @@
 #include "textformats/transliterate.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace norvik {
 
@@ -11,6 +10,15 @@ namespace {
 
 constexpr char16_t ExclusionSeparator = u'|';
 constexpr TextView Account = u"1";
+
+Bytes Line(TextView name, TextView number, TextView account) {
+    Text line = u"\"";
+    line.append(name).append(u"\",\"").append(number).append(u"\",\"").append(account);
+    line.append(u"\"").append(LineEnd);
+    return BytesFromText(line);
+}
+
+}  // namespace
 
 std::vector<TextView> SplitExclusions(TextView exclusions) {
     std::vector<TextView> texts;
@@ -24,14 +32,10 @@ std::vector<TextView> SplitExclusions(TextView exclusions) {
     return texts;
 }
 
-Bytes Line(TextView name, TextView number, TextView account) {
-    Text line = u"\"";
-    line.append(name).append(u"\",\"").append(number).append(u"\",\"").append(account);
-    line.append(u"\"").append(LineEnd);
-    return BytesFromText(line);
+bool IsExcluded(const RegisterEntry& entry, const std::vector<TextView>& exclusions) {
+    return std::any_of(exclusions.begin(), exclusions.end(),
+                       [&](TextView text) { return Contains(entry.Tel, text); });
 }
-
-}  // namespace
 
 void ExportIP286(const RegisterState& state, const FilePath& file, TextView exclusions,
                  Desktop& desktop) {
@@ -43,9 +47,7 @@ void ExportIP286(const RegisterState& state, const FilePath& file, TextView excl
     output.Write(Line(u"Name", u"Telefonnummer", u"Konto"));
     for (int position = 1; position <= state.AnzGes; ++position) {
         const RegisterEntry& entry = EntryAt(state, position);
-        const bool excluded = std::any_of(texts.begin(), texts.end(),
-                                          [&](TextView text) { return Contains(entry.Tel, text); });
-        if (excluded) {
+        if (IsExcluded(entry, texts)) {
             ++ignored;
             ignoredNames.append(entry.Name).append(LineEnd);
         } else {

@@ -4,10 +4,19 @@
 #include "base/desktop.h"
 #include "register/register.h"
 
+#include <vector>
+
 namespace norvik {
 
 /// The telephone keeps at most so many entries.
 inline constexpr int LargestIP286Register = 300;
+
+/// The exclusion texts of a list of them separated by "|", without the empty ones. They are parts
+/// of the list.
+std::vector<TextView> SplitExclusions(TextView exclusions);
+
+/// Whether the entry's number holds one of the texts.
+bool IsExcluded(const RegisterEntry& entry, const std::vector<TextView>& exclusions);
 
 /// Writes name and number of every entry, in the register's order, whose number holds none of the
 /// exclusion texts, and reports how many. `exclusions` holds texts separated by "|"; empty ones

@@ -4,6 +4,13 @@
 
 namespace norvik {
 
+Text WithoutComma(Text name) {
+    if (const std::size_t comma = name.find(u','); comma != Text::npos && comma > 0) {
+        name.erase(comma, 1);
+    }
+    return name;
+}
+
 namespace {
 
 bool Confirms(const RegisterState& state, Desktop& desktop) {
@@ -36,14 +43,6 @@ GlobalizeMode ModeOf(const MobileExportOptions& options) {
         return GlobalizeMode::International;
     }
     return options.AddRegionCode ? GlobalizeMode::AddArea : GlobalizeMode::Clean;
-}
-
-/// A comma at the first place keeps the name as it is.
-Text WithoutComma(Text name) {
-    if (const std::size_t comma = name.find(u','); comma != Text::npos && comma > 0) {
-        name.erase(comma, 1);
-    }
-    return name;
 }
 
 Text Number(const RegisterEntry& entry, const MobileExportOptions& options,

@@ -20,6 +20,9 @@ struct MobileExportOptions {
     Text DataSeparator;  ///< stands between the values of a line
 };
 
+/// The name without its first comma; a comma at the first place keeps the name as it is.
+Text WithoutComma(Text name);
+
 /// Asks, then writes name and converted number of the exported entries, in the order of the table.
 /// Raises what writing raises.
 void ExportMobile(const RegisterState& state, const MobileExportOptions& options,

@@ -28,9 +28,13 @@ void ReplaceStart(Text& text, TextView prefix, TextView replacement) {
 
 }  // namespace
 
-Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, Desktop& desktop) {
+Text CleanNumber(TextView number, GlobalizeMode mode) {
     const bool forTelephone = mode == GlobalizeMode::CleanForTelephone;
-    Text result = Cleaned(TrimBlanks(number), forTelephone ? AllowedForTelephone : Allowed);
+    return Cleaned(TrimBlanks(number), forTelephone ? AllowedForTelephone : Allowed);
+}
+
+Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, Desktop& desktop) {
+    Text result = CleanNumber(number, mode);
     if (mode >= GlobalizeMode::AddArea && !result.starts_with(u'0') && !result.starts_with(u'+')) {
         result.insert(0, settings.AreaPrefix);
     }

@@ -14,6 +14,9 @@ enum class GlobalizeMode {
     InternationalPlus = 4,  ///< and writes "+" for the leading "00"
 };
 
+/// The number without the blanks at its ends and without the characters that `mode` does not allow.
+Text CleanNumber(TextView number, GlobalizeMode mode);
+
 /// The number cleaned and converted as `mode` says, with the prefixes of the settings. A result
 /// that begins with "+0" is reported and returned all the same.
 Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, Desktop& desktop);

@@ -12,13 +12,11 @@ void WriteLine(OutputFile& output, const Text& line) {
     output.Write(BytesFromText(line + Text(LineEnd)));
 }
 
-/// A name as the telephone's characters; names read from a register file have become Windows
-/// characters already, in which hardly any of the telephone's codes stands.
-Text DeviceName(const RegisterEntry& entry) {
+}  // namespace
+
+Text ChargeStatementName(const RegisterEntry& entry) {
     return DeviceToAnsi(BytesFromText(entry.Name));
 }
-
-}  // namespace
 
 void WriteChargeStatement(const RegisterState& state, double unitPrice, const FilePath& path) {
     const CurrentFile& source = state.File;
@@ -34,7 +32,7 @@ void WriteChargeStatement(const RegisterState& state, double unitPrice, const Fi
         if (HasChargeCounter(entry)) {
             const double amount = entry.GebEinh * unitPrice;
             total += amount;
-            WriteLine(output, FormatAmount(amount) + Tab + DeviceName(entry));
+            WriteLine(output, FormatAmount(amount) + Tab + ChargeStatementName(entry));
         }
     }
     WriteLine(output, {});

@@ -14,8 +14,12 @@ void AddFinding(Text& report, const RegisterEntry& entry, TextView finding, int 
     report.append(finding).append(Decimal(value)).append(LineEnd);
 }
 
-/// Gives the number of findings.
+}  // namespace
+
 int CheckEntry(RegisterEntry& entry, Text& report) {
+    if (entry.Name.empty()) {
+        return 0;
+    }
     int findings = 0;
     if (entry.GebEinh > HighestCharge) {
         ++findings;
@@ -34,15 +38,10 @@ int CheckEntry(RegisterEntry& entry, Text& report) {
     return findings;
 }
 
-}  // namespace
-
 void CheckRegister(RegisterState& state, Desktop& desktop) {
     int findings = 0;
     for (int index = 1; index <= RegisterPlaces; ++index) {
-        RegisterEntry& entry = state.Register(index);
-        if (!entry.Name.empty()) {
-            findings += CheckEntry(entry, state.LoadReport);
-        }
+        findings += CheckEntry(state.Register(index), state.LoadReport);
     }
     if (state.LoadReport.empty()) {
         return;

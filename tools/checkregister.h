@@ -11,4 +11,8 @@ namespace norvik {
 /// 32768 in LoadReport, and shows the report when it is not empty.
 void CheckRegister(RegisterState& state, Desktop& desktop);
 
+/// Checks and repairs one entry and appends the findings to `report`; gives their number. An entry
+/// without a name is left as it is.
+int CheckEntry(RegisterEntry& entry, Text& report);
+
 }  // namespace norvik
