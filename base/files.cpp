@@ -251,10 +251,6 @@ std::optional<FilePath> FindBelow(const FilePath& folder, FilePath::iterator nex
 
 }  // namespace
 
-void EnsureReadable(const FilePath& path) {
-    static_cast<void>(ReadWholeFile(path));  // some disks fail only in the midst of a file
-}
-
 Bytes ReadWholeFile(const FilePath& path) {
     const InputStream file = OpenForReading(path);
     constexpr std::size_t BlockSize = std::size_t{64} * 1024;

@@ -19,9 +19,6 @@ using FilePath = std::filesystem::path;
 /// Files larger than this are not read (run-time error 7).
 inline constexpr std::uintmax_t MaximumFileSize = std::uintmax_t{64} * 1024 * 1024;
 
-/// Raises what ReadWholeFile would raise; else does nothing.
-void EnsureReadable(const FilePath& path);
-
 /// The bytes of a regular file of at most MaximumFileSize.
 Bytes ReadWholeFile(const FilePath& path);
 

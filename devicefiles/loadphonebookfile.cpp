@@ -7,9 +7,11 @@
 namespace norvik {
 
 bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
-    const Bytes bytes = ReadWholeFile(path);
-    const FileTime modified = LastModified(path);
-    LineReader lines(bytes);
+    return LoadPhonebookFile(state, ReadSourceFile(path), desktop);
+}
+
+bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& desktop) {
+    LineReader lines(file.Content);
     const Text first = lines.NextOrRaise();
     if (TrimBlanks(first) != phonebookfile::Identification) {
         Text text = u"Dies ist keine Norvik-175-Registerdatei!";
@@ -24,7 +26,7 @@ bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desk
     const int count = ReadPhonebookEntries(state, lines, desktop);
     desktop.SetPointer(Pointer::Normal);
     state.LoadedModel = u"175";
-    state.File = {.Type = state.LoadedModel, .Path = path, .Modified = modified};
+    state.File = {.Type = state.LoadedModel, .Path = file.Path, .Modified = file.Modified};
     CheckRegister(state, desktop);
     desktop.ShowCurrentFile();
     SetCount(state, count);

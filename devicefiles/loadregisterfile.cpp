@@ -10,18 +10,41 @@ void ShowFindings(RegisterState& state, Desktop& desktop) {
     }
 }
 
-void LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
+namespace {
+
+void Empty(RegisterState& state) {
     ResetRegister(state);
     state.LoadReport.clear();
+}
+
+void ReportError(const RuntimeError& error, Desktop& desktop) {
+    desktop.Ask({.text = u"mnuLade193195: " + error.NumberAndDescription(), .title = u""});
+}
+
+}  // namespace
+
+bool LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
+    SourceFile file;
+    try {
+        file = ReadSourceFile(path);
+    } catch (const RuntimeError& error) {
+        Empty(state);
+        ReportError(error, desktop);
+        return false;
+    }
+    return LoadRegisterFile(state, file, desktop);
+}
+
+bool LoadRegisterFile(RegisterState& state, const SourceFile& file, Desktop& desktop) {
+    Empty(state);
+    state.File.Path = file.Path;
+    state.File.Modified = file.Modified;
     int count = 0;
     try {
-        const Bytes bytes = ReadWholeFile(path);
-        state.File.Path = path;
-        state.File.Modified = LastModified(path);
-        count = ReadRegisterFile(state, bytes, desktop);
+        count = ReadRegisterFile(state, file.Content, desktop);
     } catch (const RuntimeError& error) {
-        desktop.Ask({.text = u"mnuLade193195: " + error.NumberAndDescription(), .title = u""});
-        return;
+        ReportError(error, desktop);
+        return false;
     }
     desktop.SetPointer(Pointer::Normal);
     ShowFindings(state, desktop);
@@ -30,6 +53,7 @@ void LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& deskt
     CheckRegister(state, desktop);
     state.File.Type = state.LoadedModel;
     desktop.ShowCurrentFile();
+    return true;
 }
 
 }  // namespace norvik

@@ -16,8 +16,13 @@ void mnuDateiLoad175(RegisterState& state, Desktop& desktop) {
 }
 
 bool Load175OrReport(RegisterState& state, const FilePath& path, Desktop& desktop) {
+    return Load175OrReport(
+        state, [&path] { return ReadSourceFile(path); }, desktop);
+}
+
+bool Load175OrReport(RegisterState& state, const SourceReader& read, Desktop& desktop) {
     try {
-        return LoadPhonebookFile(state, path, desktop);
+        return LoadPhonebookFile(state, read(), desktop);
     } catch (const RuntimeError& error) {
         desktop.SetPointer(Pointer::Normal);
         ReportUndefinedError(u"mnuDateiLoad175", error, desktop);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "devicefiles/sourcefile.h"
 #include "register/register.h"
 
 namespace norvik {
@@ -12,5 +13,6 @@ void mnuDateiLoad175(RegisterState& state, Desktop& desktop);
 /// Loads a 175 phonebook file; a failure is reported as that of mnuDateiLoad175. Gives whether the
 /// file was loaded.
 bool Load175OrReport(RegisterState& state, const FilePath& path, Desktop& desktop);
+bool Load175OrReport(RegisterState& state, const SourceReader& read, Desktop& desktop);
 
 }  // namespace norvik

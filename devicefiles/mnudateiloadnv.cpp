@@ -30,11 +30,19 @@ void mnuDateiLoadNV(RegisterState& state, Desktop& desktop) {
     }
     const FilePath path = WithEnding(*chosen, RegisterFileEnding);
     try {
-        EnsureReadable(path);
-        LoadRegisterFile(state, path, desktop);
+        LoadRegisterFile(state, ReadSourceFile(path), desktop);
         FollowLoad(state, desktop);
     } catch (const RuntimeError& error) {
         ReportLoadNVError(error, desktop);
+    }
+}
+
+bool LoadNVOrReport(RegisterState& state, const SourceReader& read, Desktop& desktop) {
+    try {
+        return LoadRegisterFile(state, read(), desktop);
+    } catch (const RuntimeError& error) {
+        ReportLoadNVError(error, desktop);
+        return false;
     }
 }
 

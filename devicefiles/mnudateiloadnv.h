@@ -2,6 +2,7 @@
 
 #include "base/desktop.h"
 #include "base/runtimeerror.h"
+#include "devicefiles/sourcefile.h"
 #include "register/register.h"
 
 namespace norvik {
@@ -12,5 +13,9 @@ void mnuDateiLoadNV(RegisterState& state, Desktop& desktop);
 
 /// Shows the box for an error of the load.
 void ReportLoadNVError(const RuntimeError& error, Desktop& desktop);
+
+/// Loads and checks a 195/193 register file, neither sorted nor shown; a failure is reported as
+/// that of mnuDateiLoadNV. Gives whether the file was loaded.
+bool LoadNVOrReport(RegisterState& state, const SourceReader& read, Desktop& desktop);
 
 }  // namespace norvik

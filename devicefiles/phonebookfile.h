@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "devicefiles/sourcefile.h"
 #include "register/register.h"
 
 namespace norvik {
@@ -26,6 +27,8 @@ inline constexpr std::string_view Ending = ".pbo";
 /// Raises what reading the file raises, error 62 for an empty file before the register is touched,
 /// and for one that ends inside an entry; the entries read so far and the old count remain then.
 bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop);
+/// The same with a file that has been read already.
+bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& desktop);
 
 /// Reads the lines behind the identification line into the register's places from 1 on; gives the
 /// number of whole entries. Raises error 62 at an end inside an entry.

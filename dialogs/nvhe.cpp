@@ -1,7 +1,5 @@
 #include "dialogs/nvhe.h"
 
-#include "textformats/exportmobile.h"
-
 #include <utility>
 
 namespace norvik {
@@ -18,17 +16,6 @@ constexpr std::array<Setting, HandyBoxes> BoxSettings = {
     Setting::AddRegionCode,     Setting::GlobalizeNumber,    Setting::Change00toPlus,
     Setting::UseReductionFlags, Setting::DeleteCommaInNames, Setting::WriteMemNumber,
     Setting::UseQuotesForData};
-
-MobileExportOptions OptionsOf(const NvheFields& fields) {
-    return {.AddRegionCode = fields.chkHE[AddRegionCodeBox],
-            .GlobalizeNumber = fields.chkHE[GlobalizeNumberBox],
-            .Change00toPlus = fields.chkHE[Change00toPlusBox],
-            .UseReductionFlags = fields.chkHE[UseReductionFlagsBox],
-            .DeleteCommaInNames = fields.chkHE[DeleteCommaInNamesBox],
-            .WriteMemNumber = fields.chkHE[WriteMemNumberBox],
-            .UseQuotesForData = fields.chkHE[UseQuotesForDataBox],
-            .DataSeparator = fields.InpSeparator};
-}
 
 }  // namespace
 
@@ -54,6 +41,17 @@ void chkHE_Click(NvheFields& fields, std::size_t box) {
     if (box == GlobalizeNumberBox && fields.chkHE[GlobalizeNumberBox]) {
         fields.chkHE[AddRegionCodeBox] = true;
     }
+}
+
+MobileExportOptions OptionsOf(const NvheFields& fields) {
+    return {.AddRegionCode = fields.chkHE[AddRegionCodeBox],
+            .GlobalizeNumber = fields.chkHE[GlobalizeNumberBox],
+            .Change00toPlus = fields.chkHE[Change00toPlusBox],
+            .UseReductionFlags = fields.chkHE[UseReductionFlagsBox],
+            .DeleteCommaInNames = fields.chkHE[DeleteCommaInNamesBox],
+            .WriteMemNumber = fields.chkHE[WriteMemNumberBox],
+            .UseQuotesForData = fields.chkHE[UseQuotesForDataBox],
+            .DataSeparator = fields.InpSeparator};
 }
 
 void btnExport_Click(const NvheFields& fields, const RegisterState& state, const Settings& settings,

@@ -4,6 +4,7 @@
 #include "base/desktop.h"
 #include "register/register.h"
 #include "register/settings.h"
+#include "textformats/exportmobile.h"
 
 #include <array>
 
@@ -35,6 +36,9 @@ NvheFields NVHE_Load(const Settings& settings);
 
 /// The user changed a box. Numbers cannot become international without the area code.
 void chkHE_Click(NvheFields& fields, std::size_t box);
+
+/// What the fields mean for the export.
+MobileExportOptions OptionsOf(const NvheFields& fields);
 
 /// Asks for a file and exports the register into it.
 void btnExport_Click(const NvheFields& fields, const RegisterState& state, const Settings& settings,

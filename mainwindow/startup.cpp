@@ -38,42 +38,64 @@ void ShowEmptyRegister(Program& program, Desktop& desktop) {
     RefreshStatus(program.State, desktop);
 }
 
+/// A start file with the text that names it.
+struct StartFile {
+    FilePath Path;
+    Text Name;
+};
+
+/// The start file of the settings or the command line, whose path has been lowered.
+StartFile NamedStartFile(const Text& name) {
+    const FilePath path = PathFromText(name);
+    return {FindIgnoringCase(path), TextFromPath(path)};
+}
+
 /// Loads the start file as its ending says; a failure was reported when this gives false.
-bool LoadByEnding(Program& program, TextView startFile, Desktop& desktop) {
+bool LoadByEnding(Program& program, const StartFile& file, Desktop& desktop) {
     constexpr std::size_t EndingLength = 3;
     RegisterState& state = program.State;
-    const FilePath path = FindIgnoringCase(PathFromText(startFile));
-    const TextView ending =
-        Slice(startFile, startFile.size() - std::min(startFile.size(), EndingLength));
+    const std::size_t nameLength = file.Name.size();
+    const Text ending =
+        LowerCase(Slice(file.Name, nameLength - std::min(nameLength, EndingLength)));
     if (ending == u"t9t") {
-        LoadRegisterFile(state, path, desktop);  // reports, and its menu item goes on all the same
+        LoadRegisterFile(state, file.Path, desktop);  // reports, and its menu item goes on
         return true;
     }
     if (ending == u"pbo") {
-        return Load175OrReport(state, path, desktop);
+        return Load175OrReport(state, file.Path, desktop);
     }
     if (ending == u"csv") {
         // A name in the working folder must not look like the option "#D".
-        const bool likeOption = path.native().starts_with('#');
-        return LoadCSVOrReport(state, program.Set, likeOption ? "." / path : path, desktop);
+        const bool likeOption = file.Path.native().starts_with('#');
+        return LoadCSVOrReport(state, program.Set, likeOption ? "." / file.Path : file.Path,
+                               desktop);
     }
-    desktop.Ask(
-        {.text = TextFromPath(PathFromText(startFile)) + u" kann nicht automatisch geladen werden",
-         .title = u"Autoload",
-         .icon = Icon::Critical});
+    desktop.Ask({.text = file.Name + u" kann nicht automatisch geladen werden",
+                 .title = u"Autoload",
+                 .icon = Icon::Critical});
     return false;
 }
 
-void LoadStartFile(Program& program, Desktop& desktop) {
-    const Text startFile = std::exchange(program.Set.StartFile, Text());
+void LoadStartFile(Program& program, const StartFile& file, Desktop& desktop) {
     RegisterState& state = program.State;
-    if (!LoadByEnding(program, startFile, desktop)) {
+    if (!LoadByEnding(program, file, desktop)) {
         ShowFirstEntry(state, desktop);
     } else if (state.AnzGes > 0) {
         FollowLoad(state, desktop);
     } else {
         state.WarnLineAccessZero = true;
         ShowFirstEntry(state, desktop);
+    }
+}
+
+/// Loads the given file, or the named start file where none is given. Forgets the named one.
+void Autoload(Program& program, const FilePath& given, Desktop& desktop) {
+    const bool named = std::exchange(program.Set.AutoloadFlag, false);
+    const Text name = std::exchange(program.Set.StartFile, Text());
+    if (!given.empty()) {
+        LoadStartFile(program, {given, TextFromPath(given)}, desktop);
+    } else if (named) {
+        LoadStartFile(program, NamedStartFile(name), desktop);
     }
 }
 
@@ -88,7 +110,7 @@ void LoadSettings(Program& program, TextView commandLine, Desktop& desktop) {
     ResetRegister(program.State);
 }
 
-void StartUp(Program& program, TextView commandLine, Desktop& desktop) {
+void StartUp(Program& program, TextView commandLine, Desktop& desktop, const FilePath& file) {
     desktop.SetStatus(u"Lade Konstanten...");
     LoadSettings(program, commandLine, desktop);
     desktop.SetStatus(u"Lade Oberfläche...");
@@ -101,9 +123,7 @@ void StartUp(Program& program, TextView commandLine, Desktop& desktop) {
     EnableSaveMenus(program.Fields, true);
     program.State.RegisterSaved = true;
     desktop.SetStatus(u"Lade Startdatei...");
-    if (std::exchange(program.Set.AutoloadFlag, false)) {
-        LoadStartFile(program, desktop);
-    }
+    Autoload(program, file, desktop);
     if (program.Set.Table.Value(Setting::LoadSyncOnStart) == u"yes") {
         LoadSyncDatabase(program.Set.Table, program.Sync, desktop);
     }

@@ -12,6 +12,8 @@ void LoadSettings(Program& program, TextView commandLine, Desktop& desktop);
 
 /// Prepares settings, register and window fields and loads the start file. `program.Folder` must be
 /// set and the window be shown. `commandLine` holds the program's arguments joined by blanks.
-void StartUp(Program& program, TextView commandLine, Desktop& desktop);
+/// `file`, when it is not empty, is loaded instead of the start file that the settings or the
+/// command line name; it is taken exactly as written, whatever characters it holds.
+void StartUp(Program& program, TextView commandLine, Desktop& desktop, const FilePath& file = {});
 
 }  // namespace norvik

@@ -79,8 +79,8 @@ MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
     widgets_.Texts[NameField]->setFocus();
 }
 
-void MainWindow::Start(const QString& commandLine) {
-    Run([&] { StartUp(program_, ToText(commandLine), desktop_); });
+void MainWindow::Start(const QString& commandLine, const FilePath& file) {
+    Run([&] { StartUp(program_, ToText(commandLine), desktop_, file); });
 }
 
 void MainWindow::MakeMenus() {

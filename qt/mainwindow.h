@@ -25,9 +25,9 @@ class MainWindow : public QMainWindow {
     MainWindow(const FilePath& folder, std::function<void()> hardStop,
                const FilePath& documentFolder = {});
 
-    /// Runs the start-up with the program's arguments joined by blanks; to be called once, when the
-    /// window is shown.
-    void Start(const QString& commandLine);
+    /// Runs the start-up with the program's arguments joined by blanks and the file that the
+    /// desktop hands over, if any; to be called once, when the window is shown.
+    void Start(const QString& commandLine, const FilePath& file = {});
 
     [[nodiscard]] const RegisterState& State() const { return program_.State; }
 

@@ -110,7 +110,12 @@ void ConvertCallList(const FilePath& file, Desktop& desktop) {
     if (AreSameFile(file, outputPath)) {
         throw RuntimeError(ErrorNumber::FileAlreadyOpen);
     }
-    RegisterFileBytes input(bytes);
+    WriteCallList(bytes, outputPath, desktop);
+    ReportCallList(outputPath, desktop);
+}
+
+void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop) {
+    RegisterFileBytes input(calls);
     OutputFile output(outputPath);
     if (LooksLikeRegisterFile(input.ReadBytes(calllist::HeaderLength))) {
         desktop.Ask(
@@ -119,8 +124,11 @@ void ConvertCallList(const FilePath& file, Desktop& desktop) {
     while (!input.AtEnd() && ConvertCall(input, output, desktop)) {
     }
     output.Close();
+}
+
+void ReportCallList(const FilePath& output, Desktop& desktop) {
     Text report = u"Anruferliste wurde in Datei";
-    report.append(LineEnd).append(TextFromPath(outputPath)).append(u" gespeichert.");
+    report.append(LineEnd).append(TextFromPath(output)).append(u" gespeichert.");
     desktop.Ask({.text = report, .title = Text(Title), .icon = Icon::Information});
 }
 

@@ -23,4 +23,11 @@ FilePath CallListOutput(const FilePath& file);
 /// number with a wrong tag; the output then holds what was written so far.
 void ConvertCallList(const FilePath& file, Desktop& desktop);
 
+/// The conversion alone: the calls of a list that has been read go into a file of any name. Raises
+/// what writing raises, error 6 and HardStop as ConvertCallList does.
+void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop);
+
+/// Tells that the calls are in the file.
+void ReportCallList(const FilePath& output, Desktop& desktop);
+
 }  // namespace norvik

@@ -30,10 +30,6 @@ bool IsYes(TextView field) {
     return !field.empty() && Contains(u"1yYjJ", field.substr(0, 1));
 }
 
-Text NameOf(TextView field) {
-    return field.size() > FieldWidth ? Text(field.substr(0, FieldWidth - 1)) + u"." : Text(field);
-}
-
 /// The filter's code: its first letter's place in "AVC", 0 for any other.
 long long FilterCode(TextView field) {
     constexpr TextView Letters = u"AVC";
@@ -67,7 +63,7 @@ void TakeFields(const CsvFields& fields, RegisterEntry& entry, const Settings& s
                 Desktop& desktop) {
     const auto& values = fields.Values;
     entry.Info.clear();
-    entry.Name = NameOf(values[Column::Name]);
+    entry.Name = CsvName(values[Column::Name]);
     entry.Tel = Globalize(Slice(values[Column::Tel], 0, FieldWidth),
                           GlobalizeMode::CleanForTelephone, settings, desktop);
     entry.Info = InfoOf(fields);
@@ -100,6 +96,10 @@ void Note(Text& report, TextView finding, TextView name) {
 }
 
 }  // namespace
+
+Text CsvName(TextView field) {
+    return field.size() > FieldWidth ? Text(field.substr(0, FieldWidth - 1)) + u"." : Text(field);
+}
 
 int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
             Desktop& desktop) {

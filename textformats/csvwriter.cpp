@@ -5,19 +5,46 @@ namespace norvik {
 namespace {
 
 using csvformat::Column;
-using Row = std::array<Text, csvformat::Columns>;
 
-Text YesOrNo(bool yes) {
-    return Text(yes ? csvformat::Yes : csvformat::No);
+TextView YesOrNo(bool yes) {
+    return yes ? csvformat::Yes : csvformat::No;
 }
 
-Row ValuesOf(const RegisterEntry& entry) {
-    Row values;
+/// Writes lines of values, each between quotes or not.
+class LineWriter {
+  public:
+    LineWriter(OutputFile& output, bool quoted)
+        : output_(output),
+          quote_(quoted ? 1 : 0, csvformat::Quote),
+          between_(quote_ + csvformat::Separator + quote_) {}
+
+    template <typename Values>
+    void Write(const Values& values) {
+        line_.assign(quote_).append(values.front());
+        for (std::size_t i = 1; i < values.size(); ++i) {
+            line_.append(between_).append(values[i]);
+        }
+        line_.append(quote_).append(LineEnd);
+        output_.Write(BytesFromText(line_));
+    }
+
+  private:
+    OutputFile& output_;
+    Text quote_;
+    Text between_;
+    Text line_;  ///< one for the whole file, so that its room is taken once
+};
+
+}  // namespace
+
+std::array<Text, csvformat::Columns> CsvValues(const RegisterEntry& entry) {
+    std::array<Text, csvformat::Columns> values;
     values[Column::Name] = entry.Name;
     values[Column::Tel] = entry.Tel;
     for (int line = 0; line < InfoLines; ++line) {
-        const Text info = InfoLine(entry, line);
-        values.at(Column::Info1 + static_cast<std::size_t>(line)) = RightTrim(info);
+        const std::size_t start = static_cast<std::size_t>(line) * InfoLineWidth;
+        values.at(Column::Info1 + static_cast<std::size_t>(line)) =
+            RightTrim(Slice(entry.Info, start, InfoLineWidth));
     }
     values[Column::AB] = Decimal(entry.AB);
     values[Column::Ton] = Decimal(entry.Ton & ToneMask);
@@ -30,34 +57,21 @@ Row ValuesOf(const RegisterEntry& entry) {
     return values;
 }
 
-/// A line of the values, each between `quote`, which is a quote or nothing.
-template <typename Values>
-Bytes Line(const Values& values, TextView quote) {
-    Text line(quote);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        if (i > 0) {
-            line.append(quote).push_back(csvformat::Separator);
-            line.append(quote);
-        }
-        line.append(values[i]);
-    }
-    line.append(quote).append(LineEnd);
-    return BytesFromText(line);
-}
-
-}  // namespace
-
 void SaveCSV(RegisterState& state, const FilePath& file, Desktop& desktop) {
     const bool quoted = desktop.Ask({.text = u"Sollen die Daten in \" \" gesetzt werden?",
                                      .title = u"Speichern im CSV-Format",
                                      .icon = Icon::Question,
                                      .buttons = {Button::Yes, Button::No},
                                      .defaultButton = Button::Yes}) == Button::Yes;
-    const TextView quote = quoted ? TextView(&csvformat::Quote, 1) : TextView();
+    WriteCSV(state, file, quoted);
+}
+
+void WriteCSV(RegisterState& state, const FilePath& file, bool quoted) {
     OutputFile output(file);
-    output.Write(Line(csvformat::Headers, quote));
+    LineWriter lines(output, quoted);
+    lines.Write(csvformat::Headers);
     for (int position = 1; position <= state.AnzGes; ++position) {
-        output.Write(Line(ValuesOf(EntryAt(state, position)), quote));
+        lines.Write(CsvValues(EntryAt(state, position)));
     }
     output.Close();
     state.RegisterSaved = true;

@@ -20,15 +20,29 @@ void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, bool avoidD
     }
 }
 
-bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FilePath& file,
-                     Desktop& desktop) {
+namespace {
+
+/// Runs `load` and gives whether it went to its end.
+bool RunOrReport(const std::function<void()>& load, Desktop& desktop) {
     try {
-        LoadCSV(state, file, settings, desktop);
+        load();
         return true;
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiLoadCSV", error, desktop);
         return false;
     }
+}
+
+}  // namespace
+
+bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FilePath& file,
+                     Desktop& desktop) {
+    return RunOrReport([&] { LoadCSV(state, file, settings, desktop); }, desktop);
+}
+
+bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const SourceReader& read,
+                     bool avoidDoubles, Desktop& desktop) {
+    return RunOrReport([&] { LoadCSV(state, read(), avoidDoubles, settings, desktop); }, desktop);
 }
 
 }  // namespace norvik

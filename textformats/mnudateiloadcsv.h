@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "devicefiles/sourcefile.h"
 #include "register/register.h"
 #include "register/settings.h"
 
@@ -16,5 +17,9 @@ void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, bool avoidD
 /// Gives whether the file was loaded.
 bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FilePath& file,
                      Desktop& desktop);
+/// The same from any source; with `avoidDoubles` lines that double the one before them are left
+/// out.
+bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const SourceReader& read,
+                     bool avoidDoubles, Desktop& desktop);
 
 }  // namespace norvik

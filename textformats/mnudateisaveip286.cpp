@@ -8,16 +8,6 @@ namespace norvik {
 
 namespace {
 
-void WarnOfLargeRegister(const RegisterState& state, Desktop& desktop) {
-    if (state.AnzGes > LargestIP286Register) {
-        desktop.Ask({.text = u"Der Datensatz wird " + Decimal(state.AnzGes) +
-                             u" Datensätze beinhalten, ein Yealink T28 speichert jedoch maximal "
-                             u"300 Datensätze. Der Import wird einige Datensätze ignorieren!",
-                     .title = u"WARNHINWEIS",
-                     .icon = Icon::Critical});
-    }
-}
-
 /// The texts that the user types until an empty one, joined by "|".
 Text AskForExclusions(Desktop& desktop) {
     Text exclusions;
@@ -34,6 +24,16 @@ Text AskForExclusions(Desktop& desktop) {
 }
 
 }  // namespace
+
+void WarnOfLargeRegister(const RegisterState& state, Desktop& desktop) {
+    if (state.AnzGes > LargestIP286Register) {
+        desktop.Ask({.text = u"Der Datensatz wird " + Decimal(state.AnzGes) +
+                             u" Datensätze beinhalten, ein Yealink T28 speichert jedoch maximal "
+                             u"300 Datensätze. Der Import wird einige Datensätze ignorieren!",
+                     .title = u"WARNHINWEIS",
+                     .icon = Icon::Critical});
+    }
+}
 
 void mnuDateiSaveIP286(RegisterState& state, Desktop& desktop) {
     WarnOfLargeRegister(state, desktop);

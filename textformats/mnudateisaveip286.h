@@ -9,4 +9,7 @@ namespace norvik {
 /// and exports. A failure is reported and ends the operation.
 void mnuDateiSaveIP286(RegisterState& state, Desktop& desktop);
 
+/// Shows a warning when the register has more entries than the IP 286 keeps.
+void WarnOfLargeRegister(const RegisterState& state, Desktop& desktop);
+
 }  // namespace norvik
