@@ -21,10 +21,10 @@ using testing::IsEmpty;
 
 using Findings = std::vector<std::string>;
 
-/// From the bottom up: a folder includes itself and what stands before it.
-const std::vector<std::string> Floors = {"base",        "register",    "tools",
-                                         "devicefiles", "textformats", "sync",
-                                         "dialogs",     "mainwindow",  "qt"};
+/// From the bottom up: a folder includes itself and the floors below, not its neighbour.
+const std::vector<std::set<std::string>> Floors = {
+    {"base"}, {"register"}, {"tools"},      {"devicefiles"},  {"textformats"},
+    {"sync"}, {"dialogs"},  {"mainwindow"}, {"qt", "console"}};
 const std::string ToolkitFloor = "qt";
 
 /// Folders beside the floors, which are no part of the product.
@@ -95,7 +95,10 @@ std::vector<Include> IncludesOf(const SourceFile& file) {
 
 /// 1 for the bottom; 0 for a folder that is no floor.
 int FloorOf(const std::string& folder) {
-    const auto found = std::find(Floors.begin(), Floors.end(), folder);
+    const auto found =
+        std::find_if(Floors.begin(), Floors.end(), [&folder](const std::set<std::string>& floor) {
+            return floor.count(folder) == 1;
+        });
     return found == Floors.end() ? 0 : static_cast<int>(found - Floors.begin()) + 1;
 }
 
@@ -118,7 +121,8 @@ Findings FoldersWithoutAFloor(const fs::path& root) {
     return {folders.begin(), folders.end()};
 }
 
-/// Product files that include something above them, or by a path that does not begin with a floor.
+/// Product files that include something above or beside them, or by a path that does not begin with
+/// a floor.
 Findings IncludesUpwards(const fs::path& root) {
     Findings findings;
     for (const SourceFile& file : SourceFiles(root)) {
@@ -126,10 +130,12 @@ Findings IncludesUpwards(const fs::path& root) {
             continue;
         }
         for (const Include& include : IncludesOf(file)) {
-            const int floor = FloorOf(FolderOf(include.Header));
+            const std::string folder = FolderOf(include.Header);
+            const int floor = FloorOf(folder);
             const bool known = floor > 0 && fs::exists(root / include.Header) &&
                                include.Header.find("..") == std::string::npos;
-            if (floor > FloorOf(file.Folder) || (include.Quoted && !known)) {
+            const bool beside = floor == FloorOf(file.Folder) && folder != file.Folder;
+            if (floor > FloorOf(file.Folder) || beside || (include.Quoted && !known)) {
                 findings.push_back(file.Path + " includes " + include.Header);
             }
         }
@@ -239,7 +245,8 @@ TEST(SourceTree, IsFoundWithAllItsFloors) {
     for (const SourceFile& file : SourceFiles(Root)) {
         folders.insert(file.Folder);
     }
-    for (const char* const folder : {"base", "register", "devicefiles", "mainwindow", "tests"}) {
+    for (const char* const folder :
+         {"base", "register", "devicefiles", "mainwindow", "console", "tests"}) {
         EXPECT_EQ(folders.count(folder), 1U) << folder;
     }
 }
@@ -277,6 +284,7 @@ class PlantedTree : public testing::Test {
         Plant("tools/check.h", "#include \"base/text.h\"\n");
         Plant("qt/window.h", "#include <QWidget>\n#include \"tools/check.h\"\n");
         Plant("qt/window.cpp", "#include \"qt/window.h\"\n");
+        Plant("console/options.h", "#include \"tools/check.h\"\n");
         Plant("tests/base/text_test.cpp", "#include \"base/text.h\"\n#include <gtest/gtest.h>\n");
         Plant("tests/qt/window_test.cpp", "#include <QTest>\n#include \"qt/window.h\"\n");
         Plant("build/CMakeFiles/probe.cpp", "#include <QWidget>\n");
@@ -310,6 +318,16 @@ TEST_F(PlantedTree, AnIncludeOfAFloorAboveIsFound) {
                                                             "base/files.h includes qt/window.h"));
 }
 
+TEST_F(PlantedTree, AnIncludeOfTheOtherFolderOfTheTopFloorIsFound) {
+    Plant("console/view.h", "#include \"qt/window.h\"\n#include \"console/options.h\"\n");
+    Plant("qt/window.cpp", "#include \"console/options.h\"\n");
+    EXPECT_THAT(IncludesUpwards(folder.Path()),
+                ElementsAre("console/view.h includes qt/window.h",
+                            "qt/window.cpp includes console/options.h"));
+    EXPECT_THAT(ToolkitOutsideItsFloor(folder.Path()),
+                ElementsAre("console/view.h includes qt/window.h"));
+}
+
 TEST_F(PlantedTree, AnIncludeThatHidesItsFolderIsFound) {
     Plant("base/files.h", "#include \"../tools/check.h\"\n#include \"base/../tools/check.h\"\n"
                           "#include \"text.h\"\n#include \"tests/support.h\"\n");
@@ -324,8 +342,10 @@ TEST_F(PlantedTree, TheToolkitOutsideItsFolderIsFound) {
     Plant("tools/view.h", "#include <QString>\n");
     Plant("tests/tools/view_test.cpp", "#include <QtWidgets/QWidget>\n#include \"qt/window.h\"\n");
     Plant("fuzzers/view.cpp", "#include \"QString\"\n");
+    Plant("console/view.h", "#include <QCoreApplication>\n");
     EXPECT_THAT(ToolkitOutsideItsFloor(folder.Path()),
-                ElementsAre("fuzzers/view.cpp includes QString",
+                ElementsAre("console/view.h includes QCoreApplication",
+                            "fuzzers/view.cpp includes QString",
                             "tests/tools/view_test.cpp includes QtWidgets/QWidget",
                             "tests/tools/view_test.cpp includes qt/window.h",
                             "tools/view.h includes QString"));

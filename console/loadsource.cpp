@@ -1,0 +1,65 @@
+#include "console/loadsource.h"
+
+#include "console/standardstreams.h"
+#include "devicefiles/followload.h"
+#include "devicefiles/lineaccesszero.h"
+#include "devicefiles/mnudateiload175.h"
+#include "devicefiles/mnudateiloadnv.h"
+#include "textformats/mnudateiloadcsv.h"
+
+namespace norvik {
+
+namespace {
+
+bool LoadRegister(const ConverterOptions& options, const Settings& settings, RegisterState& state,
+                  Desktop& desktop) {
+    const SourceReader read = [&options] { return ReadSource(options.Source); };
+    switch (options.From) {
+    case SourceFormat::RegisterFile:
+        return LoadNVOrReport(state, read, desktop);
+    case SourceFormat::Phonebook175:
+        return Load175OrReport(state, read, desktop);
+    case SourceFormat::Csv:
+        return LoadCSVOrReport(state, settings, read, options.AvoidDoubles, desktop);
+    case SourceFormat::CallList:
+        break;  // holds no register
+    }
+    return false;
+}
+
+}  // namespace
+
+Settings ReadConverterSettings(const ConverterOptions& options) {
+    Settings settings;
+    if (!options.SettingsFile.empty()) {
+        ReadSettings(ReadWholeFile(options.SettingsFile), settings.Table);
+    }
+    ApplySettings(settings);
+    return settings;
+}
+
+SourceFile ReadSource(const FilePath& source) {
+    if (source == FilePath(StandardStream)) {
+        return {.Content = ReadStandardInput(), .Path = source, .Modified = std::nullopt};
+    }
+    return ReadSourceFile(source);
+}
+
+bool LoadSource(const ConverterOptions& options, const Settings& settings, RegisterState& state,
+                Desktop& desktop) {
+    if (!LoadRegister(options, settings, state, desktop)) {
+        return false;
+    }
+    if (options.Sorted && state.AnzGes > 0) {
+        FollowLoad(state, desktop);
+    } else {
+        state.WarnLineAccessZero = true;
+        ShowFirstEntry(state, desktop);
+    }
+    if (options.ZeroCode) {
+        ConvertLineAccessZero(state, *options.ZeroCode, desktop);
+    }
+    return true;
+}
+
+}  // namespace norvik

@@ -1,0 +1,34 @@
+#include "console/messages.h"
+
+#include "console/utf8.h"
+
+#include <algorithm>
+
+namespace norvik {
+
+namespace {
+
+bool PrintUtf8(std::FILE* output, const std::string& utf8) {
+    const bool taken = std::fwrite(utf8.data(), 1, utf8.size(), output) == utf8.size();
+    return std::fflush(output) == 0 && taken;
+}
+
+}  // namespace
+
+bool PrintLines(std::FILE* output, TextView text) {
+    std::string lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(LineEnd), text.size());
+        lines += ToUtf8(Printable(text.substr(0, end))) + "\n";
+        text.remove_prefix(std::min(end + LineEnd.size(), text.size()));
+    }
+    return PrintUtf8(output, lines);
+}
+
+void Say(TextView message) {
+    Text line(ConverterName);
+    line.append(u": ").append(Printable(message));
+    PrintLines(stderr, line);
+}
+
+}  // namespace norvik

@@ -1,0 +1,63 @@
+// What the user wants: the command line, read and found to make sense.
+#pragma once
+
+#include "base/files.h"
+#include "base/text.h"
+#include "console/formats.h"
+#include "dialogs/nvhe.h"
+
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace norvik {
+
+/// Stands for standard input and standard output.
+inline constexpr std::string_view StandardStream = "-";
+
+enum class Task {
+    Convert,
+    LoadOnly,  ///< there is no target: the register is checked, its losses may be reported
+    ShowHelp,
+    ShowVersion,
+};
+
+struct ConverterOptions {
+    Task What = Task::Convert;
+    FilePath Source = {};
+    FilePath Target = {};  ///< empty when there is none
+    SourceFormat From = SourceFormat::RegisterFile;
+    /// Nothing for the file that a call list gives, and where the losses in every format are
+    /// wanted.
+    std::optional<TargetFormat> To = {};
+
+    bool Check = false;         ///< "--pruefen"
+    bool Losses = false;        ///< "--verluste"
+    bool Overwrite = false;     ///< "--ueberschreiben"
+    bool OnlyMarked = false;    ///< "--nur-markierte"
+    bool Quoted = false;        ///< "--anfuehrungszeichen"
+    bool AvoidDoubles = false;  ///< "--ohne-doubletten"
+    bool Sorted = true;         ///< "--sortiert", "--unsortiert"
+    Text Exclusions = {};       ///< "--ausschliessen", joined by "|"
+    Text Msn = u"0";            ///< "--msn"; the window's boxes begin with the same
+    /// As ConvertLineAccessZero takes it: "0" for "--null-hinzu", else the code of "--null-weg".
+    std::optional<Text> ZeroCode = {};
+    FilePath SettingsFile = {};  ///< "--ini"; empty when there is none
+    /// The options of the mobile export, which are named as their settings.
+    std::vector<HandyBox> Boxes = {};
+};
+
+/// A command line that makes no sense. The message is one line for the user.
+struct UsageError {
+    Text Message;
+};
+
+/// Reads the arguments behind the program's name. Throws UsageError. After "--hilfe" or "--version"
+/// nothing more is looked at.
+ConverterOptions ReadOptions(std::span<const std::string_view> arguments);
+
+/// The names of all options.
+std::vector<std::string_view> OptionNames();
+
+}  // namespace norvik

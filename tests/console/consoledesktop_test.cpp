@@ -1,0 +1,85 @@
+#include "console/consoledesktop.h"
+
+#include <gtest/gtest.h>
+
+namespace norvik::test {
+namespace {
+
+/// What the box puts out, and the answer.
+std::pair<std::string, Button> Asked(ConsoleDesktop& desktop, const MessageBox& box) {
+    testing::internal::CaptureStderr();
+    const Button answer = desktop.Ask(box);
+    return {testing::internal::GetCapturedStderr(), answer};
+}
+
+TEST(ConsoleDesktop, PrintsWhatABoxTells) {
+    ConsoleDesktop desktop;
+    using Pair = std::pair<std::string, Button>;
+    EXPECT_EQ(Asked(desktop, {.text = u"Abweichender Header", .icon = Icon::Exclamation}),
+              Pair("Abweichender Header\n", Button::Ok));
+    EXPECT_EQ(Asked(desktop, {.text = u"eins\r\nzwei\r\n"}), Pair("eins\nzwei\n", Button::Ok));
+    EXPECT_EQ(desktop.Boxes(), 2);
+}
+
+TEST(ConsoleDesktop, PrintsAWarningAndGoesOn) {
+    ConsoleDesktop desktop;
+    const auto asked = Asked(desktop, {.text = u"Vorsicht",
+                                       .icon = Icon::Exclamation,
+                                       .buttons = {Button::Cancel, Button::Ok},
+                                       .defaultButton = Button::Cancel});
+    EXPECT_EQ(asked.first, "Vorsicht\n");
+    EXPECT_EQ(asked.second, Button::Ok);
+}
+
+TEST(ConsoleDesktop, AgreesToAQuestionInSilence) {
+    ConsoleDesktop desktop;
+    const auto asked = Asked(desktop, {.text = u"Diesen Eintrag exportieren?",
+                                       .icon = Icon::Question,
+                                       .buttons = {Button::Yes, Button::No, Button::Cancel},
+                                       .defaultButton = Button::Cancel});
+    EXPECT_EQ(asked.first, "");
+    EXPECT_EQ(asked.second, Button::Yes);
+    EXPECT_EQ(desktop.Boxes(), 0);
+}
+
+TEST(ConsoleDesktop, TakesTheDefaultWhereThereIsNoWayToAgree) {
+    ConsoleDesktop desktop;
+    EXPECT_EQ(Asked(desktop, {.text = u"x",
+                              .icon = Icon::Question,
+                              .buttons = {Button::Abort, Button::Retry, Button::Ignore},
+                              .defaultButton = Button::Ignore})
+                  .second,
+              Button::Ignore);
+}
+
+TEST(ConsoleDesktop, AnswersWithTheMsn) {
+    EXPECT_EQ(ConsoleDesktop().AskForText({.prompt = u"MSN zu", .title = u""}), u"0");
+    EXPECT_EQ(ConsoleDesktop(u"7").AskForText({.prompt = u"MSN zu", .title = u""}), u"7");
+}
+
+TEST(ConsoleDesktop, ChoosesNoFileAndShowsNothing) {
+    ConsoleDesktop desktop;
+    testing::internal::CaptureStderr();
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(desktop.AskForFileToOpen({}), std::nullopt);
+    EXPECT_EQ(desktop.AskForFileToSave({}), std::nullopt);
+    desktop.SetStatus(u"Sortiere, Durchgang 1");
+    desktop.Beep();
+    desktop.SetPointer(Pointer::Hourglass);
+    desktop.ShowEntry();
+    desktop.RebuildList();
+    desktop.ShowCurrentFile();
+    desktop.FocusField(0);
+    desktop.CloseMainWindow();
+    desktop.ShowMobileExport();
+    desktop.ShowRegisterList();
+    desktop.CloseRegisterList();
+    desktop.ShowSettings();
+    EXPECT_EQ(desktop.OpenDocument("x.pdf"), 31);
+    desktop.OpenInTextEditor("x.txt");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+}  // namespace
+}  // namespace norvik::test

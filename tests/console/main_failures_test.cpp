@@ -1,0 +1,178 @@
+// The program when files fail it (exit status 3 and 4).
+#include "tests/console/converterprogram.h"
+
+#include <filesystem>
+
+namespace norvik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+// Exit status 3: files.
+
+TEST_F(ConverterProgram, ASourceThatCannotBeReadIsReportedAsByItsMenuItem) {
+    const std::vector<std::pair<std::string, std::string>> messages = {
+        {"a.t9t", "Dateizugriff fehlgeschlagen!"},
+        {"fehlt/a.t9t", "Undef'd Error: mnuDateiLoadNV:76Pfad nicht gefunden"},
+        {"a.pbo", "Undef'd Error: mnuDateiLoad175:53Datei nicht gefunden"},
+        {"a.csv", "Undef'd Error: mnuDateiLoadCSV:53Datei nicht gefunden"},
+    };
+    for (const auto& message : messages) {
+        const Outcome outcome = Run({message.first, "neu.csv"});
+        EXPECT_EQ(outcome.Status, 3);
+        EXPECT_EQ(outcome.Errors,
+                  message.second + "\n" + Own + "\"" + message.first + "\" nicht gelesen\n");
+    }
+    EXPECT_THAT(FilesIn(folder.Path()), IsEmpty());
+}
+
+TEST_F(ConverterProgram, ASourceOfAnotherKindLeavesNothing) {
+    folder.Write("a.pbo", "Name;Tel\r\n");
+    const Outcome other = Run({"a.pbo", "neu.csv"});
+    EXPECT_EQ(other.Status, 3);
+    EXPECT_EQ(other.Errors, "Dies ist keine Norvik-175-Registerdatei!\n(Name;Tel)\n" + Own +
+                                "\"a.pbo\" nicht gelesen\n");
+    folder.Write("a.csv", "Name;Tel;;;;;;;AB\r\nAnna;1;;;;;;;99999\r\n");
+    const Outcome overflow = Run({"a.csv", "neu.csv"});
+    EXPECT_EQ(overflow.Status, 3);
+    EXPECT_EQ(overflow.Errors,
+              "Undef'd Error: mnuDateiLoadCSV:6Überlauf\n" + Own + "\"a.csv\" nicht gelesen\n");
+    folder.Write("a.t9t", FileOfMany(2001));
+    const Outcome many = Run({"a.t9t", "neu.csv"});
+    EXPECT_EQ(many.Status, 3);
+    EXPECT_EQ(many.Errors, "mnuLade193195: 9Index außerhalb des gültigen Bereichs\n" + Own +
+                               "\"a.t9t\" nicht gelesen\n");
+    EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.csv", "a.pbo", "a.t9t"));
+}
+
+TEST_F(ConverterProgram, AnExistingTargetIsReplacedOnlyOnRequest) {
+    folder.Write("a.t9t", Example195());
+    folder.Write("b.pbo", "alt");
+    const Outcome refused = Run({"a.t9t", "b.pbo"});
+    EXPECT_EQ(refused.Status, 3);
+    EXPECT_EQ(refused.Errors,
+              Own + "\"b.pbo\" nicht geschrieben: schon vorhanden (--ueberschreiben ersetzt es)\n");
+    EXPECT_EQ(StringOf(ReadFile(folder / "b.pbo")), "alt");
+    EXPECT_EQ(Run({"a.t9t", "b.pbo", "--ueberschreiben"}).Status, 0);
+    EXPECT_THAT(StringOf(ReadFile(folder / "b.pbo")), StartsWith("norvik 175 phonebook\r\n"));
+    EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.t9t", "b.pbo"));
+}
+
+TEST_F(ConverterProgram, TheSourceItselfCanBeReplaced) {
+    const Bytes sorted = Run({"a.t9t", "-", "--nach=195"},
+                             {.Folder = folder.Write("a.t9t", Example195()).parent_path()})
+                             .Output;
+    EXPECT_EQ(Run({"a.t9t", "a.t9t"}).Status, 3);
+    EXPECT_EQ(ReadFile(folder / "a.t9t"), Example195());
+    EXPECT_EQ(Run({"--ueberschreiben", "a.t9t", "a.t9t"}).Status, 0);
+    EXPECT_EQ(ReadFile(folder / "a.t9t"), sorted);
+    EXPECT_NE(sorted, Example195());
+}
+
+TEST_F(ConverterProgram, ATargetThatCannotBeWrittenIsReportedAsByTheWindow) {
+    folder.Write("a.t9t", Example195());
+    const std::string own = Own + "\"fehlt/b\" nicht geschrieben: Pfad nicht gefunden\n";
+    const std::vector<std::pair<std::string, std::string>> messages = {
+        {"195", ""},
+        {"193", ""},
+        {"175", ""},
+        {"csv", "Undef'd Error: mnuDateiSaveCSV:76Pfad nicht gefunden\n"},
+        {"ip286", "Undef'd Error: mnuDateiSaveIP286:76Pfad nicht gefunden\n"},
+        {"simsurf", "Laufzeitfehler '76':\n\nPfad nicht gefunden\n"},
+        {"gebuehren", "Laufzeitfehler '76':\n\nPfad nicht gefunden\n"},
+    };
+    for (const auto& message : messages) {
+        const Outcome outcome = Run({"a.t9t", "fehlt/b", "--nach", message.first});
+        EXPECT_EQ(outcome.Status, 3);
+        EXPECT_EQ(outcome.Errors, message.second + own);
+    }
+}
+
+TEST_F(ConverterProgram, AFullDiskLeavesNoTarget) {
+    folder.Write("a.t9t", FileOfMany(500));
+    for (const std::string format : {"195", "193", "175", "csv", "ip286", "simsurf", "gebuehren"}) {
+        folder.Write("alt", "alt");
+        const unsigned room = format == "gebuehren" ? 10 : 1000;
+        for (const std::string target : {"neu", "alt"}) {
+            const Outcome outcome =
+                Run({"--ueberschreiben", "a.t9t", target, "--nach", format}, {.LongestFile = room});
+            EXPECT_EQ(outcome.Status, 3) << format;
+            EXPECT_THAT(outcome.Errors, HasSubstr("\"" + target + "\" nicht geschrieben: E/A-"));
+        }
+        EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.t9t", "alt")) << format;
+        EXPECT_EQ(StringOf(ReadFile(folder / "alt")), "alt");
+    }
+}
+
+TEST_F(ConverterProgram, AValueThatTheTargetCannotHoldLeavesNoTarget) {
+    folder.Write("a.csv", std::string(CsvHeader) + "Anna;1;;;;;;;0;0;nein;00;Kein;65536;ja\r\n");
+    const Outcome outcome = Run({"a.csv", "b.t9t"});
+    EXPECT_EQ(outcome.Status, 3);
+    EXPECT_THAT(outcome.Errors, HasSubstr(Own + "\"b.t9t\" nicht geschrieben: Ungültiger "
+                                                "Prozeduraufruf oder ungültiges Argument\n"));
+    EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.csv"));
+}
+
+TEST_F(ConverterProgram, AFolderADeviceAndAPipeAreNoTargets) {
+    folder.Write("a.t9t", Example195());
+    std::filesystem::create_directory(folder / "ordner");
+    for (const std::string target : {"ordner", "/dev/null"}) {
+        const Outcome outcome = Run({"a.t9t", target, "--nach=195", "--ueberschreiben"});
+        EXPECT_EQ(outcome.Status, 3);
+        EXPECT_EQ(outcome.Errors, Own + "\"" + target +
+                                      "\" nicht geschrieben: Fehler beim Zugriff auf Pfad/Datei\n");
+    }
+    EXPECT_THAT(FilesIn(folder / "ordner"), IsEmpty());
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+TEST_F(ConverterProgram, StandardOutputThatIsFullOrClosedIsNotWritable) {
+    folder.Write("a.t9t", Example195());
+    const Outcome full = Run({"a.t9t", "-", "--nach=195"}, {.Output = "/dev/full"});
+    EXPECT_EQ(full.Status, 3);
+    EXPECT_EQ(full.Errors, Own + "\"-\" nicht geschrieben: Datenträger voll\n");
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"a.t9t", "-", "--nach=195"}, {"--hilfe"}, {"--version"}}) {
+        const Outcome closed = Run(arguments, {.Closed = {1}});
+        EXPECT_EQ(closed.Status, 3);
+        EXPECT_EQ(closed.Errors,
+                  Own + "\"-\" nicht geschrieben: E/A-Fehler beim Zugriff auf ein Gerät\n");
+    }
+}
+
+TEST_F(ConverterProgram, AClosedStandardStreamIsNeverMistakenForTheTarget) {
+    folder.Write("a.t9t", FileWithFinding());
+    EXPECT_EQ(Run({"a.t9t", "b.csv"}, {.Closed = {0, 1, 2}}).Status, 1);
+    EXPECT_EQ(Run({"a.t9t", "c.csv"}).Status, 1);
+    EXPECT_EQ(ReadFile(folder / "b.csv"), ReadFile(folder / "c.csv"));
+}
+
+TEST_F(ConverterProgram, AClosedStandardInputIsNotReadable) {
+    const Outcome outcome = Run({"-", "b.csv", "--von=csv"}, {.Closed = {0}});
+    EXPECT_EQ(outcome.Status, 3);
+    EXPECT_EQ(outcome.Errors,
+              "Undef'd Error: mnuDateiLoadCSV:57E/A-Fehler beim Zugriff auf ein Gerät\n" + Own +
+                  "\"-\" nicht gelesen\n");
+}
+
+// Exit status 4.
+
+TEST_F(ConverterProgram, ABrokenRecordStopsHardAndLeavesNothing) {
+    folder.Write("a.t9t", BrokenRegisterFile());
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"a.t9t", "b.csv"},
+                                                      {"a.t9t", "-", "--nach=csv"},
+                                                      {"--pruefen", "a.t9t"},
+                                                      {"--verluste", "a.t9t"}}) {
+        const Outcome outcome = Run(arguments);
+        EXPECT_EQ(outcome.Status, 4);
+        EXPECT_EQ(outcome.Errors, Own + "\"a.t9t\" ist beschädigt: Abbruch\n");
+        EXPECT_THAT(outcome.Output, IsEmpty());
+    }
+    EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.t9t"));
+}
+
+}  // namespace
+}  // namespace norvik::test

@@ -1,0 +1,128 @@
+// The program among pipes, odd names, locales and terminals.
+#include "tests/console/converterprogram.h"
+
+#include <filesystem>
+
+namespace norvik::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+TEST_F(ConverterProgram, GoesThroughAShellsPipeline) {
+    folder.Write("a.t9t", Example195());
+    const Outcome outcome =
+        RunProgram("/bin/sh",
+                   {"-c", "cat a.t9t | '" NORVIK_CONVERTER "' --von 195 --nach 175 - - |"
+                          " '" NORVIK_CONVERTER "' --von 175 --nach csv - - | cat"},
+                   {.Folder = folder.Path()});
+    EXPECT_EQ(outcome.Status, 0);
+    EXPECT_THAT(StringOf(outcome.Output), HasSubstr("\r\nAnna;01711;"));
+}
+
+TEST_F(ConverterProgram, AReaderThatGoesAwayIsAnErrorOfWriting) {
+    folder.Write("a.t9t", FileOfMany(2000));
+    const Outcome outcome = RunProgram("/bin/bash",
+                                       {"-c", "'" NORVIK_CONVERTER "' --nach csv a.t9t - | true;"
+                                              " exit ${PIPESTATUS[0]}"},
+                                       {.Folder = folder.Path()});
+    EXPECT_EQ(outcome.Status, 3);
+    EXPECT_THAT(outcome.Errors, HasSubstr("\"-\" nicht geschrieben: "));
+}
+
+TEST_F(ConverterProgram, LeavesNothingInTheFolderForTemporaryFiles) {
+    folder.Write("a.t9t", Example195());
+    std::filesystem::create_directory(folder / "tmp");
+    const Surroundings ownTemporary = {.Variables = {{"TMPDIR", (folder / "tmp").string()}}};
+    EXPECT_EQ(Run({"a.t9t", "-", "--nach=csv"}, ownTemporary).Status, 0);
+    EXPECT_THAT(FilesIn(folder / "tmp"), IsEmpty());
+    const Surroundings none = {.Variables = {{"TMPDIR", (folder / "fehlt").string()}}};
+    EXPECT_EQ(Run({"a.t9t", "-", "--nach=195"}, none).Status, 3);
+    EXPECT_EQ(Run({"a.t9t", "b.csv"}, none).Status, 0);
+}
+
+TEST_F(ConverterProgram, ReadsStandardInputUpTo64MiB) {
+    // Behind a strange header the first byte ends the list.
+    const Bytes most(MaximumFileSize, 0);
+    const Outcome largest = Run({"-", "-", "--von=195", "--nach=195"}, {.Input = most});
+    EXPECT_EQ(largest.Status, 1);
+    EXPECT_EQ(largest.Errors, "Abweichender Header\n");
+    EXPECT_EQ(largest.Output, EmptyRegisterFile());
+    Bytes more = most;
+    more.push_back(0);
+    const std::vector<std::pair<std::string, std::string>> messages = {
+        {"195", "Undef'd Error: mnuDateiLoadNV:7Nicht genügend Speicher\n"},
+        {"175", "Undef'd Error: mnuDateiLoad175:7Nicht genügend Speicher\n"},
+        {"csv", "Undef'd Error: mnuDateiLoadCSV:7Nicht genügend Speicher\n"},
+    };
+    for (const auto& message : messages) {
+        const Outcome tooLarge =
+            Run({"-", "-", "--von", message.first, "--nach=195"}, {.Input = more});
+        EXPECT_EQ(tooLarge.Status, 3);
+        EXPECT_EQ(tooLarge.Errors, message.second + Own + "\"-\" nicht gelesen\n");
+    }
+    // The same as of a file.
+    std::filesystem::resize_file(folder.Write("a.csv", "x"), MaximumFileSize + 1);
+    EXPECT_THAT(Run({"a.csv", "b.csv"}).Errors, StartsWith(messages[2].second));
+}
+
+TEST_F(ConverterProgram, TakesNamesOfAnyCharacters) {
+    const std::vector<std::string> names = {"mit blank.T9T",  "grüße ß.t9T",   "\xFF\xFE.t9t",
+                                            "-vorn.t9t",      "łódź 日本.t9t", "#Da.t9t",
+                                            "zeile\nzwei.t9t"};
+    for (const std::string& name : names) {
+        folder.Write(name, Example195());
+        const Outcome outcome = Run({"--nach=195", "--", name, name + ".neu"});
+        EXPECT_EQ(outcome.Status, 0) << name << outcome.Errors;
+        EXPECT_EQ(ReadFile(folder / (name + ".neu")), Run({"./" + name, "-", "--nach=195"}).Output);
+    }
+    folder.Write("#Da.csv", ExampleCsv());
+    EXPECT_EQ(Run({"#Da.csv", "b.pbo"}).Status, 0);
+}
+
+TEST_F(ConverterProgram, ShowsNamesSoThatATerminalIsSafe) {
+    EXPECT_THAT(Run({"\xFF.t9t", "a.csv"}).Errors, HasSubstr(Own + "\"?.t9t\" nicht gelesen\n"));
+    EXPECT_THAT(Run({"\x1B[2J\n.t9t", "a.csv"}).Errors,
+                HasSubstr(Own + "\"?[2J?.t9t\" nicht gelesen\n"));
+    EXPECT_THAT(Run({"gr\xC3\xBC\xC3\x9F.t9t", "a.csv"}).Errors,
+                HasSubstr(Own + "\"grüß.t9t\" nicht gelesen\n"));
+    EXPECT_EQ(Run({"--nach=\x1B]0;x\x07", "a", "b"}).Errors,
+              Own + "--nach: unbekanntes Format ?]0;x?; am nächsten kommt 195\n");
+}
+
+TEST_F(ConverterProgram, ShowsEntriesSoThatATerminalIsSafe) {
+    // Escape sequences of seven and eight bits, a bell, line ends, and a finding that shows them.
+    folder.Write("a.t9t", FileOf({Raw("0200 0201 06 0E 1B '[2J' 9B '5m' 07 0D 0A 7F 81 90 0A"
+                                      "06 01 '1' 06 00 0200 020F 0200 0209")}));
+    const Outcome outcome = Run({"--pruefen", "a.t9t"});
+    EXPECT_EQ(outcome.Status, 1);
+    for (const char c : outcome.Errors) {
+        EXPECT_TRUE(c == '\n' || static_cast<unsigned char>(c) >= 0x20);
+        EXPECT_NE(c, '\x7F');
+    }
+    EXPECT_THAT(outcome.Errors, HasSubstr("#0[?[2J›5m?\n"));
+    const Outcome losses = Run({"--verluste", "a.t9t", "--nach=ip286"});
+    EXPECT_THAT(StringOf(losses.Output), testing::Not(HasSubstr("\x1B")));
+}
+
+TEST_F(ConverterProgram, SpeaksUtf8InEveryLocale) {
+    folder.Write("a.t9t", Example195());
+    const std::vector<std::string> arguments = {"--verluste", "a.t9t", "--nach=193"};
+    const Outcome plain = Run(arguments, {.Locale = "C"});
+    const Outcome utf8 = Run(arguments, {.Locale = "C.UTF-8"});
+    EXPECT_EQ(plain.Output, utf8.Output);
+    EXPECT_THAT(StringOf(plain.Output), HasSubstr("Bö"));
+}
+
+TEST_F(ConverterProgram, TakesTextsInUtf8Only) {
+    folder.Write("a.t9t", Example195());
+    EXPECT_EQ(Run({"--null-weg", "\xE4", "a.t9t", "b.csv"}).Errors,
+              Own + "--null-weg: unzulässige Zeichen im Wert ?\n");
+    EXPECT_EQ(Run({"--null-weg", "日", "a.t9t", "b.csv"}).Status, 2);
+    EXPECT_EQ(Run({"--null-weg", "ä", "a.t9t", "b.csv"}).Status, 0);
+    EXPECT_THAT(StringOf(ReadFile(folder / "b.csv")), HasSubstr("\r\nZita;\xE4**12;"));
+}
+
+}  // namespace
+}  // namespace norvik::test

@@ -1,0 +1,111 @@
+// What the targets hold is compared with the window's files in convert_test.cpp; here is the rest.
+#include "console/writetarget.h"
+
+#include "tests/support/builders.h"
+#include "tests/support/scripteddesktop.h"
+#include "tests/support/testfolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace norvik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Settings SettingsWith(std::initializer_list<std::pair<Setting, TextView>> rows) {
+    Settings settings;
+    for (const auto& row : rows) {
+        settings.Table.SetValue(row.first, row.second);
+    }
+    return settings;
+}
+
+TEST(MobileOptions, AreThoseOfTheSettingsAndTheTickedBoxes) {
+    const MobileExportOptions plain = MobileOptions({}, Settings());
+    EXPECT_FALSE(plain.AddRegionCode || plain.GlobalizeNumber || plain.Change00toPlus ||
+                 plain.UseReductionFlags || plain.DeleteCommaInNames || plain.WriteMemNumber ||
+                 plain.UseQuotesForData);
+    EXPECT_EQ(plain.DataSeparator, u";");
+
+    const Settings settings = SettingsWith({{Setting::WriteMemNumber, u"yes"},
+                                            {Setting::UseQuotesForData, u"no"},
+                                            {Setting::DataSeparator, u","}});
+    const MobileExportOptions both =
+        MobileOptions({.Boxes = {GlobalizeNumberBox, UseQuotesForDataBox}}, settings);
+    EXPECT_TRUE(both.WriteMemNumber);
+    EXPECT_TRUE(both.UseQuotesForData);
+    EXPECT_TRUE(both.GlobalizeNumber);
+    EXPECT_TRUE(both.AddRegionCode);  // goes with it in the dialog, too
+    EXPECT_FALSE(both.Change00toPlus);
+    EXPECT_FALSE(both.UseReductionFlags);
+    EXPECT_EQ(both.DataSeparator, u",");
+    EXPECT_TRUE(MobileOptions({.OnlyMarked = true}, settings).UseReductionFlags);
+}
+
+TEST(LossOptions, AreThoseOfTheTarget) {
+    const LossOptions options = LossOptionsOf({.OnlyMarked = true,
+                                               .Quoted = true,
+                                               .Exclusions = u"1|2",
+                                               .Boxes = {DeleteCommaInNamesBox}},
+                                              Settings());
+    EXPECT_TRUE(options.OnlyMarked);
+    EXPECT_TRUE(options.QuotedCsv);
+    EXPECT_EQ(options.Exclusions, u"1|2");
+    EXPECT_TRUE(options.Mobile.DeleteCommaInNames);
+    EXPECT_TRUE(options.Mobile.UseReductionFlags);
+    EXPECT_FALSE(LossOptionsOf({}, Settings()).QuotedCsv);
+}
+
+TEST(WriteTarget, WarnsOfARegisterThatIsTooLargeForTheIp286) {
+    const TestFolder folder;
+    RegisterState state;
+    SetCount(state, 301);
+    ScriptedDesktop desktop;
+    EXPECT_TRUE(WriteTarget({.To = TargetFormat::Ip286}, Settings(), state, folder / "a", desktop));
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(OkBox(u"Der Datensatz wird 301 Datensätze beinhalten, ein Yealink T28 "
+                                  u"speichert jedoch maximal 300 Datensätze. Der Import wird "
+                                  u"einige Datensätze ignorieren!",
+                                  u"WARNHINWEIS", "Critical"),
+                            OkBox(u"301 Einträge exportiert\r\n0 Einträge wurden ignoriert\r\n",
+                                  u"Exportergebnis", "Information")));
+}
+
+TEST(WriteTarget, TellsWhetherThereWasAnythingToWrite) {
+    const TestFolder folder;
+    RegisterState state = RegisterOf({Entry(u"Anna", u"1")});
+    ScriptedDesktop desktop;
+    const ConverterOptions options = {.To = TargetFormat::Register193, .OnlyMarked = true};
+    EXPECT_FALSE(WriteTarget(options, Settings(), state, folder / "a", desktop));
+    EXPECT_FALSE(std::filesystem::exists(folder / "a"));
+    SetExportMark(state, 1, true);
+    EXPECT_TRUE(WriteTarget(options, Settings(), state, folder / "a", desktop));
+    EXPECT_TRUE(std::filesystem::exists(folder / "a"));
+}
+
+TEST(ReportWriteError, ShowsTheBoxThatTheWindowShows) {
+    const RuntimeError full(ErrorNumber::DiskFull);
+    const auto shown = [&full](TargetFormat format) {
+        ScriptedDesktop desktop;
+        ReportWriteError(format, full, desktop);
+        return desktop.Transcript;
+    };
+    EXPECT_THAT(shown(TargetFormat::Register195), IsEmpty());
+    EXPECT_THAT(shown(TargetFormat::Register193), IsEmpty());
+    EXPECT_THAT(shown(TargetFormat::Phonebook175), IsEmpty());
+    EXPECT_THAT(shown(TargetFormat::Csv),
+                ElementsAre(OkBox(u"Undef'd Error: mnuDateiSaveCSV:61Datenträger voll")));
+    EXPECT_THAT(shown(TargetFormat::Ip286),
+                ElementsAre(OkBox(u"Undef'd Error: mnuDateiSaveIP286:61Datenträger voll")));
+    const std::string unhandled =
+        OkBox(u"Laufzeitfehler '61':\r\n\r\nDatenträger voll", u"NORVIK", "Critical");
+    EXPECT_THAT(shown(TargetFormat::MobileExport), ElementsAre(unhandled));
+    EXPECT_THAT(shown(TargetFormat::ChargeStatement), ElementsAre(unhandled));
+}
+
+}  // namespace
+}  // namespace norvik::test
