@@ -3,15 +3,43 @@
 #include "qt/textconversion.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QStandardPaths>
 #include <QTranslator>
 
+#include <algorithm>
+#include <string_view>
+
 namespace norvik {
+
+namespace {
+
+FilePath PathFromArgument(const char* argument) {
+#ifdef _WIN32
+    return {QString::fromLocal8Bit(argument).toStdWString()};
+#else
+    return {argument};  // byte by byte: a name need not be valid in the locale's encoding
+#endif
+}
+
+FilePath ExecutableFolder() {
+    return ToFilePath(QApplication::applicationDirPath());
+}
+
+/// The folder in which programs keep a user's data. A relative XDG_DATA_HOME does not count.
+FilePath UserDataFolder() {
+    FilePath data =
+        ToFilePath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    return data.is_absolute() ? data : ToFilePath(QDir::homePath()) / ".local/share";
+}
+
+}  // namespace
 
 void PrepareApplication(QApplication& application) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication::setDesktopFileName(QStringLiteral("norvik-telefonregister"));
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     auto* translator = new QTranslator(&application);
     if (translator->load(QStringLiteral("qtbase_de"),
@@ -20,10 +48,32 @@ void PrepareApplication(QApplication& application) {
     }
 }
 
+FilePath TakeFile(int& argc, char** argv) {
+    constexpr std::string_view Option = "--datei";
+    if (argc < 2 || argv[1] != Option) {
+        return {};
+    }
+    const bool withPath = argc > 2;
+    FilePath file = withPath ? PathFromArgument(argv[2]) : FilePath();
+    const int taken = withPath ? 2 : 1;
+    std::copy(argv + 1 + taken, argv + argc + 1, argv + 1);  // with the null that ends them
+    argc -= taken;
+    return file;
+}
+
 FilePath ApplicationFolder() {
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return ProgramFolder(ToFilePath(QApplication::applicationDirPath()),
-                         ToFilePath(data) / "norvik");
+    return ProgramFolder(ExecutableFolder(), UserDataFolder() / "norvik");
+}
+
+FilePath InstalledDocumentFolder(const FilePath& executableFolder) {
+    // The path from the programs to the data of an installation, so that it can stand anywhere.
+    const FilePath installed = (executableFolder / NORVIK_DOCUMENT_FOLDER).lexically_normal();
+    std::error_code ignored;
+    return std::filesystem::is_directory(installed, ignored) ? installed : executableFolder;
+}
+
+FilePath ApplicationDocumentFolder() {
+    return InstalledDocumentFolder(ExecutableFolder());
 }
 
 }  // namespace norvik

@@ -326,6 +326,7 @@ class WindowMonkey : public testing::Test {
         }
         std::printf("seed %u: %d events, %d boxes, %d hard stops\n", seed, events, monkey.Boxes,
                     Runs + std::exchange(HardStops, 0));
+        std::fflush(stdout);
         while (QApplication::overrideCursor() != nullptr) {  // a hard stop leaves the hourglass
             QApplication::restoreOverrideCursor();
         }
