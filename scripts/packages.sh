@@ -31,6 +31,6 @@ SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick)
 TEST_PACKAGES=(libgtest-dev libgmock-dev python3 python3-phonenumbers)
 # For the linters, the benchmarks and the fuzzers.
 LINT_PACKAGES=(clang-format clang-tidy)
-BENCHMARK_PACKAGES=(libbenchmark-dev)
+BENCHMARK_PACKAGES=(libbenchmark-dev python3 abook)
 COVERAGE_PACKAGES=(gcovr)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm-14)

@@ -16,6 +16,7 @@ import json
 import pathlib
 import random
 import re
+import resource
 import shlex
 import subprocess
 import sys
@@ -80,10 +81,14 @@ def mutants(source):
         yield number, match.group(), after, text[:match.start()] + after + text[match.end():]
 
 
+def limit_memory():
+    resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
+
+
 def run(command, limit=None):
     try:
-        return subprocess.run(command, cwd=BUILD, capture_output=True, timeout=limit,
-                              check=False).returncode
+        return subprocess.run(command, cwd=BUILD, capture_output=True, timeout=limit, check=False,
+                              preexec_fn=limit_memory).returncode
     except subprocess.TimeoutExpired:
         return "timeout"
 
