@@ -1,5 +1,5 @@
-// The baseline of the editor as a process: an application with an empty window that ends as soon as it is
-// shown.
+// The baseline of the editor as a process: an application with an empty window that ends as soon as
+// it is shown.
 #include <QApplication>
 #include <QMainWindow>
 #include <QTimer>
