@@ -100,6 +100,7 @@ ExitStatus ConvertCalls(const ConverterOptions& options) {
         return NotRead(options.Source);
     }
     const auto write = [&](const FilePath& path) {
+        EnsureNotItself(options.Source, options.Target);
         WriteCallList(calls.Content, path, desktop);
         return true;
     };

@@ -2,8 +2,17 @@
 
 #include "base/runtimeerror.h"
 
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <fstream>
 #include <random>
 #include <system_error>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace norvik {
 
@@ -50,6 +59,52 @@ FilePath UnusedName(const FilePath& folder) {
     return path;
 }
 
+#ifndef _WIN32
+// What a signal needs to remove an unfinished file. A handler gets no arguments and may neither
+// allocate nor lock, so these are the program's only globals.
+constexpr std::size_t LongestPath = 4096;
+std::array<char, LongestPath> pendingName{};
+volatile std::sig_atomic_t isPending = 0;
+
+extern "C" void RemovePendingAndEnd(int signal) {
+    if (isPending != 0) {
+        unlink(pendingName.data());
+    }
+    static_cast<void>(std::signal(signal, SIG_DFL));
+    static_cast<void>(std::raise(signal));
+}
+
+void RemoveOnSignals(const FilePath& path) {
+    const std::string& name = path.native();
+    if (name.size() >= LongestPath) {
+        return;
+    }
+    *std::copy(name.begin(), name.end(), pendingName.begin()) = '\0';
+    isPending = 1;
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        if (std::signal(signal, RemovePendingAndEnd) == SIG_IGN) {
+            static_cast<void>(std::signal(signal, SIG_IGN));  // as nohup wants it
+        }
+    }
+}
+
+void ForgetOnSignals() {
+    isPending = 0;
+}
+
+/// Where the user may not give files away, the owner is the user.
+void KeepOwner(const FilePath& path, const FilePath& old) {
+    struct stat status {};
+    if (stat(old.c_str(), &status) == 0 && chown(path.c_str(), status.st_uid, status.st_gid) != 0) {
+        static_cast<void>(chown(path.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0);
+    }
+}
+#else
+void RemoveOnSignals(const FilePath& /*path*/) {}
+void ForgetOnSignals() {}
+void KeepOwner(const FilePath& /*path*/, const FilePath& /*old*/) {}
+#endif
+
 /// Gives a file a name that must be free; false when it is not.
 bool RenameToFree(const FilePath& path, const FilePath& target) {
     std::error_code error;
@@ -73,6 +128,7 @@ bool RenameToFree(const FilePath& path, const FilePath& target) {
 }  // namespace
 
 PendingFile::PendingFile(const FilePath& folder) : path_(UnusedName(folder)) {
+    RemoveOnSignals(path_);
     const OutputFile empty(path_);
     std::error_code ignored;  // where there are no permissions, there is nothing to keep
     permissions_ = fs::status(path_, ignored).permissions();
@@ -83,12 +139,16 @@ PendingFile::~PendingFile() {
     std::error_code ignored;  // already under its new name
     if (!path_.empty()) {
         fs::remove(path_, ignored);
+        ForgetOnSignals();
     }
 }
 
 bool PendingFile::Become(const FilePath& target, bool replace) {
     std::error_code ignored;
     const fs::file_status old = fs::status(target, ignored);
+    if (fs::exists(old)) {
+        KeepOwner(path_, target);  // first: a change of the owner takes permissions away
+    }
     fs::permissions(path_, fs::exists(old) ? old.permissions() : permissions_, ignored);
     if (!replace) {
         if (!RenameToFree(path_, target)) {
@@ -100,6 +160,7 @@ bool PendingFile::Become(const FilePath& target, bool replace) {
         RaiseIf(error);
     }
     path_.clear();
+    ForgetOnSignals();
     return true;
 }
 
@@ -123,6 +184,10 @@ FilePath FileToReplace(const FilePath& path) {
     }
     if (!fs::is_regular_file(status)) {
         throw RuntimeError(ErrorNumber::PathAccessError);
+    }
+    // Renaming onto a file would pass over its write protection.
+    if (!std::ofstream(path, std::ios::binary | std::ios::app)) {
+        throw RuntimeError(ErrorNumber::AccessDenied);
     }
     if (!fs::is_symlink(fs::symlink_status(path, error))) {
         return path;

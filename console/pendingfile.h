@@ -1,4 +1,4 @@
-// A file that bears its name only when it is complete.
+// A file that bears its name only when it is complete, and that an interrupting signal removes.
 #pragma once
 
 #include "base/files.h"
@@ -21,7 +21,8 @@ class PendingFile {
     [[nodiscard]] const FilePath& Path() const { return path_; }
 
     /// Gives the file the name `target`, which must stand in its folder. With `replace` it takes
-    /// the place and the permissions of a file of that name. Without, gives false when there is
+    /// the place and the permissions of a file of that name, and its owner as far as the user may
+    /// give files away. Without, gives false when there is
     /// one, and leaves both as they are. Raises error 61, 64, 70, 75 or 57 when the system refuses.
     bool Become(const FilePath& target, bool replace);
 
@@ -34,7 +35,8 @@ class PendingFile {
 bool Exists(const FilePath& path);
 
 /// The file that `path` names at the end of all symbolic links; `path` itself where there is none.
-/// Raises error 75 for something that is no regular file.
+/// Raises error 75 for something that is no regular file, and error 70 for one that is write
+/// protected.
 FilePath FileToReplace(const FilePath& path);
 
 }  // namespace norvik

@@ -90,12 +90,14 @@ bool ConvertCall(RegisterFileBytes& input, OutputFile& output, Desktop& desktop)
     return ReadElement(input).has_value();
 }
 
-bool AreSameFile(const FilePath& a, const FilePath& b) {
-    std::error_code failure;  // two files of which one does not exist are not the same
-    return std::filesystem::equivalent(a, b, failure);
-}
-
 }  // namespace
+
+void EnsureNotItself(const FilePath& file, const FilePath& output) {
+    std::error_code failure;  // two files of which one does not exist are not the same
+    if (std::filesystem::equivalent(file, output, failure)) {
+        throw RuntimeError(ErrorNumber::FileAlreadyOpen);
+    }
+}
 
 FilePath CallListOutput(const FilePath& file) {
     const FilePath::string_type& path = file.native();
@@ -107,9 +109,7 @@ FilePath CallListOutput(const FilePath& file) {
 void ConvertCallList(const FilePath& file, Desktop& desktop) {
     const FilePath outputPath = CallListOutput(file);
     const Bytes bytes = ReadWholeFile(file);
-    if (AreSameFile(file, outputPath)) {
-        throw RuntimeError(ErrorNumber::FileAlreadyOpen);
-    }
+    EnsureNotItself(file, outputPath);
     WriteCallList(bytes, outputPath, desktop);
     ReportCallList(outputPath, desktop);
 }

@@ -17,6 +17,9 @@ inline constexpr char16_t Separator = u';';
 /// one in a folder's name, and "csv". A path without a "." gets ".csv" appended.
 FilePath CallListOutput(const FilePath& file);
 
+/// Raises error 55 when the output would be the list itself, also by a link.
+void EnsureNotItself(const FilePath& file, const FilePath& output);
+
 /// Writes a line for each call of `file` into CallListOutput(file), asking for the MSN of each, and
 /// tells where they are. Raises what reading and writing raise, error 55 when the output would be
 /// the input itself, and error 6 for a call number of 2^63 and more. Throws HardStop for a date or

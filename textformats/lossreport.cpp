@@ -32,7 +32,7 @@ class Ip286Losses {
         if (written_ > LargestIP286Register) {
             losses.Add(LossKind::TooManyEntries,
                        u"Eintrag " + Decimal(written_) +
-                           u" der Datei, das IP 286 speichert höchstens " +
+                           u" der Datei; das IP 286 speichert höchstens " +
                            Decimal(LargestIP286Register));
         }
         const Text name(TrimBlanks(Transliterate(entry.Name)));
@@ -94,8 +94,10 @@ void FindEntryLosses(const RegisterEntry& entry, TargetFormat target, const Loss
 }
 
 bool IsLeftUnmarked(const RegisterEntry& entry, TargetFormat target, const LossOptions& options) {
-    const bool onlyMarked = options.OnlyMarked || (target == TargetFormat::MobileExport &&
-                                                   options.Mobile.UseReductionFlags);
+    const bool mobile = target == TargetFormat::MobileExport;
+    const bool onlyMarked =
+        (options.OnlyMarked && (mobile || target == TargetFormat::Register193)) ||
+        (options.Mobile.UseReductionFlags && mobile);
     return onlyMarked && !IsMarked(entry);
 }
 

@@ -35,6 +35,9 @@ expect '--null-hinzu|--null-weg' --null
 expect '--verluste|--version|--von' a.t9t --v
 expect '' --falsch
 
+# A folder behind "~", as bash gives it.
+HOME=$folder expect '~/ordner.x' '~/or'
+
 # Values, also behind "=", which bash makes a word of its own.
 expect '175|193|195|csv' --von ''
 expect '193|195' --von 19

@@ -129,6 +129,18 @@ TEST(ConvertCallList, IsByteForByteWhatTheWindowWrites) {
     EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("anrufe.t9a", "neu.csv"));
 }
 
+TEST(ConvertCallList, NeverReplacesTheListItself) {
+    const TestFolder folder;
+    const FilePath calls = folder.Write("anrufe.t9a", ExampleCalls());
+    std::filesystem::create_symlink(calls, folder / "neu.csv");
+    for (const FilePath& target : {calls, folder / "neu.csv"}) {
+        const Outcome outcome =
+            RunConverter({"--ueberschreiben", "--nach=csv", calls.string(), target.string()});
+        EXPECT_EQ(outcome.Status, 3) << outcome.Errors;
+        EXPECT_EQ(ReadFile(calls), ExampleCalls());
+    }
+}
+
 TEST(ConvertCallList, TakesTheMsnOfTheOption) {
     const TestFolder folder;
     const FilePath calls = folder.Write("anrufe.T9A", ExampleCalls());

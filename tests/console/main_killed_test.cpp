@@ -1,13 +1,15 @@
 // A converter that is killed at any moment leaves the old target or the new one.
-#include "tests/console/examplefiles.h"
+#include "tests/console/converterprocess.h"
 #include "tests/support/testfolder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <random>
@@ -59,6 +61,32 @@ TEST(Konverter, KilledAtAnyMomentLeavesTheOldTargetOrTheNewOne) {
         ASSERT_TRUE(found == Raw("'alt'") || found == converted) << "after kill " << i;
     }
     EXPECT_TRUE(killed) << "every run was over before its signal";
+}
+
+TEST(Konverter, InterruptedAtAnyMomentLeavesNothingBeside) {
+    const TestFolder folder;
+    Bytes source = Raw("06 0D 'TStCollection' 02 64 01");
+    for (int i = 0; i < 2000; ++i) {
+        const Bytes record = Raw("0200 0201 06 04 'Anna' 06 03 '030' 06 00 0200 020F 0200 0200");
+        source.insert(source.end(), record.begin(), record.end());
+    }
+    source.push_back(0);
+    const FilePath from = folder.Write("a.t9t", source);
+    std::mt19937 random(1);
+    bool ended = false;
+    for (int i = 0; i < 40; ++i) {
+        folder.Write("a.csv", "alt");
+        const pid_t child = StartConverter(from, folder / "a.csv");
+        std::this_thread::sleep_for(
+            std::chrono::microseconds(std::uniform_int_distribution<>(0, 150000)(random)));
+        constexpr std::array<int, 3> Signals = {SIGTERM, SIGINT, SIGHUP};
+        kill(child, Signals.at(static_cast<std::size_t>(i) % Signals.size()));
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ended = ended || WIFSIGNALED(status);
+        EXPECT_THAT(FilesIn(folder.Path()), testing::ElementsAre("a.csv", "a.t9t"));
+    }
+    EXPECT_TRUE(ended) << "every run was over before its signal";
 }
 
 }  // namespace

@@ -8,6 +8,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <optional>
 
 namespace norvik::test {
@@ -79,6 +82,29 @@ TEST(PendingFile, ReplacesAFileAndKeepsItsPermissions) {
     EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a"));
     EXPECT_EQ(ReadFile(path), Raw("'neu'"));
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::group_read);
+}
+
+TEST(FileToReplace, IsNoWriteProtectedOne) {
+    const TestFolder folder;
+    fs::permissions(folder.Path(), fs::perms(0777));
+    const FilePath path = folder.Write("a", "alt");
+    fs::permissions(path, fs::perms(0444));
+    const AsAnyUser anyUser;
+    EXPECT_EQ(ErrorOf([&] { FileToReplace(path); }), ErrorNumber::AccessDenied);
+}
+
+TEST(PendingFile, KeepsTheOwnerOfTheFileThatItReplaces) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root may give files away";
+    }
+    const TestFolder folder;
+    const FilePath path = folder.Write("a", "alt");
+    ASSERT_EQ(chown(path.c_str(), 12345, 54321), 0);
+    EXPECT_TRUE(Replaced(path, true));
+    struct stat status {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 12345U);
+    EXPECT_EQ(status.st_gid, 54321U);
 }
 
 TEST(PendingFile, RaisesWhatTheSystemSays) {
