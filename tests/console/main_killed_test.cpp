@@ -18,6 +18,17 @@
 namespace norvik::test {
 namespace {
 
+/// 2000 entries, so that a conversion takes a while.
+Bytes FullRegisterFile() {
+    Bytes source = Raw("06 0D 'TStCollection' 02 64 01");
+    for (int i = 0; i < 2000; ++i) {
+        const Bytes record = Raw("0200 0201 06 04 'Anna' 06 03 '030' 06 00 0200 020F 0200 0200");
+        source.insert(source.end(), record.begin(), record.end());
+    }
+    source.push_back(0);
+    return source;
+}
+
 pid_t StartConverter(const FilePath& source, const FilePath& target) {
     const pid_t child = fork();
     if (child == 0) {
@@ -32,13 +43,7 @@ pid_t StartConverter(const FilePath& source, const FilePath& target) {
 
 TEST(Konverter, KilledAtAnyMomentLeavesTheOldTargetOrTheNewOne) {
     const TestFolder folder;
-    Bytes source = Raw("06 0D 'TStCollection' 02 64 01");
-    for (int i = 0; i < 2000; ++i) {
-        const Bytes record = Raw("0200 0201 06 04 'Anna' 06 03 '030' 06 00 0200 020F 0200 0200");
-        source.insert(source.end(), record.begin(), record.end());
-    }
-    source.push_back(0);
-    const FilePath from = folder.Write("a.t9t", source);
+    const FilePath from = folder.Write("a.t9t", FullRegisterFile());
     const FilePath to = folder.Write("a.csv", "alt");
     int status = 0;
     const auto start = std::chrono::steady_clock::now();
@@ -65,13 +70,7 @@ TEST(Konverter, KilledAtAnyMomentLeavesTheOldTargetOrTheNewOne) {
 
 TEST(Konverter, InterruptedAtAnyMomentLeavesNothingBeside) {
     const TestFolder folder;
-    Bytes source = Raw("06 0D 'TStCollection' 02 64 01");
-    for (int i = 0; i < 2000; ++i) {
-        const Bytes record = Raw("0200 0201 06 04 'Anna' 06 03 '030' 06 00 0200 020F 0200 0200");
-        source.insert(source.end(), record.begin(), record.end());
-    }
-    source.push_back(0);
-    const FilePath from = folder.Write("a.t9t", source);
+    const FilePath from = folder.Write("a.t9t", FullRegisterFile());
     std::mt19937 random(1);
     bool ended = false;
     for (int i = 0; i < 40; ++i) {
