@@ -1,5 +1,5 @@
-// Loading a register file of 2000 entries, against a pass over the same bytes in memory that builds
-// the same strings by table lookup and does nothing else.
+// Loading a register file, against a pass over the same bytes in memory that builds the same
+// strings by table lookup and does nothing else.
 #include "benchmarks/registers.h"
 #include "devicefiles/registerfile.h"
 #include "tests/support/idledesktop.h"
@@ -12,19 +12,17 @@ namespace norvik::benchmarks {
 
 namespace {
 
-FilePath BenchmarkFile() {
-    static const FilePath path = [] {
-        FilePath file = std::filesystem::temp_directory_path() / "norvik-benchmark.t9t";
-        RegisterState state = RandomRegister(RegisterPlaces);
-        test::IdleDesktop desktop;
-        WriteRegisterFile195(state, file, desktop);
-        return file;
-    }();
-    return path;
+/// A register file of as many entries as the run's argument says.
+FilePath BenchmarkFile(const benchmark::State& run) {
+    FilePath file = std::filesystem::temp_directory_path() / "norvik-benchmark.t9t";
+    RegisterState state = RandomRegister(static_cast<int>(run.range(0)));
+    test::IdleDesktop desktop;
+    WriteRegisterFile195(state, file, desktop);
+    return file;
 }
 
 void LoadRegister(benchmark::State& run) {
-    const FilePath path = BenchmarkFile();
+    const FilePath path = BenchmarkFile(run);
     test::IdleDesktop desktop;
     RegisterState state;
     for (auto _ : run) {
@@ -33,19 +31,19 @@ void LoadRegister(benchmark::State& run) {
     }
     run.SetItemsProcessed(run.iterations() * state.AnzGes);
 }
-BENCHMARK(LoadRegister)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadRegister)->Apply(EntryCounts);
 
 /// A value item of the file as the baseline sees it: either a number or the place of its text.
 void LoadRegister_Baseline(benchmark::State& run) {
-    const Bytes file = ReadWholeFile(BenchmarkFile());
+    const Bytes file = ReadWholeFile(BenchmarkFile(run));
     std::array<char16_t, 256> table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte) {
         table[byte] = CharacterOf(static_cast<Byte>(byte));
     }
-    constexpr std::size_t Texts = std::size_t{3} * RegisterPlaces;
+    const auto textCount = 3 * static_cast<std::size_t>(run.range(0));
     for (auto _ : run) {
         std::vector<Text> texts;
-        texts.reserve(Texts);
+        texts.reserve(textCount);
         unsigned sum = 0;
         for (std::size_t i = RegisterFileHeader.size(); file[i] != registerfile::EndOfList;) {
             const Byte tag = file[i];
@@ -68,7 +66,7 @@ void LoadRegister_Baseline(benchmark::State& run) {
         benchmark::DoNotOptimize(sum);
     }
 }
-BENCHMARK(LoadRegister_Baseline)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadRegister_Baseline)->Apply(EntryCounts);
 
 }  // namespace
 

@@ -24,7 +24,7 @@ void Sort(benchmark::State& run) {
         benchmark::DoNotOptimize(place);
     }
 }
-BENCHMARK(Sort)->Arg(250)->Arg(500)->Arg(1000)->Arg(2000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Sort)->Apply(EntryCounts);
 
 void Sort_Baseline(benchmark::State& run) {
     const RegisterState unsorted = RandomRegister(static_cast<int>(run.range(0)));
@@ -40,7 +40,7 @@ void Sort_Baseline(benchmark::State& run) {
         benchmark::DoNotOptimize(keys);
     }
 }
-BENCHMARK(Sort_Baseline)->Arg(250)->Arg(500)->Arg(1000)->Arg(2000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Sort_Baseline)->Apply(EntryCounts);
 
 }  // namespace
 

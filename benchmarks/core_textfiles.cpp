@@ -1,4 +1,4 @@
-// Loading and saving 2000 entries as CSV and as a 175 phonebook file, against reading the same file
+// Loading and saving entries as CSV and as a 175 phonebook file, against reading the same file
 // line by line and writing the same bytes at once.
 #include "base/lines.h"
 #include "benchmarks/registers.h"
@@ -16,23 +16,24 @@ FilePath FileNamed(const char* name) {
     return std::filesystem::temp_directory_path() / name;
 }
 
-FilePath CsvFile() {
-    static const FilePath path = [] {
-        RegisterState state = RandomRegister(RegisterPlaces);
-        test::IdleDesktop desktop;
-        SaveCSV(state, FileNamed("norvik-benchmark.csv"), desktop);
-        return FileNamed("norvik-benchmark.csv");
-    }();
+/// As many entries as the run's argument says.
+RegisterState Entries(const benchmark::State& run) {
+    return RandomRegister(static_cast<int>(run.range(0)));
+}
+
+FilePath CsvFile(const benchmark::State& run) {
+    const FilePath path = FileNamed("norvik-benchmark.csv");
+    RegisterState state = Entries(run);
+    test::IdleDesktop desktop;
+    SaveCSV(state, path, desktop);
     return path;
 }
 
-FilePath PhonebookFile() {
-    static const FilePath path = [] {
-        RegisterState state = RandomRegister(RegisterPlaces);
-        test::IdleDesktop desktop;
-        WritePhonebookFile(state, FileNamed("norvik-benchmark.pbo"), desktop);
-        return FileNamed("norvik-benchmark.pbo");
-    }();
+FilePath PhonebookFile(const benchmark::State& run) {
+    const FilePath path = FileNamed("norvik-benchmark.pbo");
+    RegisterState state = Entries(run);
+    test::IdleDesktop desktop;
+    WritePhonebookFile(state, path, desktop);
     return path;
 }
 
@@ -56,7 +57,7 @@ void WriteBytes(benchmark::State& run, const FilePath& source) {
 }
 
 void LoadCsv(benchmark::State& run) {
-    const FilePath path = CsvFile();
+    const FilePath path = CsvFile(run);
     const Settings settings;
     test::IdleDesktop desktop;
     RegisterState state;
@@ -64,55 +65,55 @@ void LoadCsv(benchmark::State& run) {
         LoadCSV(state, path, settings, desktop);
     }
 }
-BENCHMARK(LoadCsv)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadCsv)->Apply(EntryCounts);
 
 void LoadCsv_Baseline(benchmark::State& run) {
-    ReadLines(run, CsvFile());
+    ReadLines(run, CsvFile(run));
 }
-BENCHMARK(LoadCsv_Baseline)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadCsv_Baseline)->Apply(EntryCounts);
 
 void SaveCsv(benchmark::State& run) {
-    RegisterState state = RandomRegister(RegisterPlaces);
+    RegisterState state = Entries(run);
     test::IdleDesktop desktop;
     for (auto _ : run) {
         SaveCSV(state, FileNamed("norvik-benchmark.out"), desktop);
     }
 }
-BENCHMARK(SaveCsv)->Unit(benchmark::kMicrosecond);
+BENCHMARK(SaveCsv)->Apply(EntryCounts);
 
 void SaveCsv_Baseline(benchmark::State& run) {
-    WriteBytes(run, CsvFile());
+    WriteBytes(run, CsvFile(run));
 }
-BENCHMARK(SaveCsv_Baseline)->Unit(benchmark::kMicrosecond);
+BENCHMARK(SaveCsv_Baseline)->Apply(EntryCounts);
 
 void LoadPhonebook(benchmark::State& run) {
-    const FilePath path = PhonebookFile();
+    const FilePath path = PhonebookFile(run);
     test::IdleDesktop desktop;
     RegisterState state;
     for (auto _ : run) {
         LoadPhonebookFile(state, path, desktop);
     }
 }
-BENCHMARK(LoadPhonebook)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadPhonebook)->Apply(EntryCounts);
 
 void LoadPhonebook_Baseline(benchmark::State& run) {
-    ReadLines(run, PhonebookFile());
+    ReadLines(run, PhonebookFile(run));
 }
-BENCHMARK(LoadPhonebook_Baseline)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadPhonebook_Baseline)->Apply(EntryCounts);
 
 void SavePhonebook(benchmark::State& run) {
-    RegisterState state = RandomRegister(RegisterPlaces);
+    RegisterState state = Entries(run);
     test::IdleDesktop desktop;
     for (auto _ : run) {
         WritePhonebookFile(state, FileNamed("norvik-benchmark.out"), desktop);
     }
 }
-BENCHMARK(SavePhonebook)->Unit(benchmark::kMicrosecond);
+BENCHMARK(SavePhonebook)->Apply(EntryCounts);
 
 void SavePhonebook_Baseline(benchmark::State& run) {
-    WriteBytes(run, PhonebookFile());
+    WriteBytes(run, PhonebookFile(run));
 }
-BENCHMARK(SavePhonebook_Baseline)->Unit(benchmark::kMicrosecond);
+BENCHMARK(SavePhonebook_Baseline)->Apply(EntryCounts);
 
 }  // namespace
 

@@ -16,6 +16,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 PROGRAMS = ROOT / "build/release/benchmarks"
+ENTRIES = [250, 500, 1000, 2000]
 
 
 def seconds(command):
@@ -40,12 +41,15 @@ def main():
     print(f"\n{'figure':<44} {'ns':>14} {'baseline ns':>14} {'ratio':>8}")
     # The first round fills the caches.
     row("StartUp/process", statistics.median(editor[1:]), statistics.median(empty[1:]))
-    words = subprocess.run([sys.executable, ROOT / "benchmarks/console.py", "--rounds", str(rounds)],
-                           check=True, capture_output=True, text=True).stdout.splitlines()
-    medians = {line[:20].strip(): float(line[20:].split()[0]) / 1e3 for line in words[2:]}
-    row("Convert/2000/abook", medians["norvik-konverter"], medians["abook"])
-    row("Convert/2000/cat", medians["norvik-konverter"], medians["cat"])
-    row("ConvertWithLosses/2000/abook", medians["... --verluste"], medians["abook"])
+    for entries in ENTRIES:
+        command = [sys.executable, ROOT / "benchmarks/console.py", "--rounds", str(rounds),
+                   "--entries", str(entries)]
+        lines = subprocess.run(command, check=True, capture_output=True,
+                               text=True).stdout.splitlines()
+        medians = {line[:20].strip(): float(line[20:].split()[0]) / 1e3 for line in lines[2:]}
+        row(f"Convert/{entries}/abook", medians["norvik-konverter"], medians["abook"])
+        row(f"Convert/{entries}/cat", medians["norvik-konverter"], medians["cat"])
+        row(f"ConvertWithLosses/{entries}/abook", medians["... --verluste"], medians["abook"])
 
 
 main()

@@ -1,8 +1,11 @@
-// Constructing, showing and starting the main window against an empty QMainWindow, both shown and
-// painted once.
+// Constructing, showing and starting the main window, without a start file and with one, against an
+// empty QMainWindow, both shown and painted once.
 #include "benchmarks/ratios.h"
+#include "benchmarks/registers.h"
+#include "devicefiles/registerfile.h"
 #include "qt/application.h"
 #include "qt/mainwindow.h"
+#include "tests/support/idledesktop.h"
 
 #include <benchmark/benchmark.h>
 
@@ -22,16 +25,34 @@ FilePath BenchmarkFolder() {
     return folder;
 }
 
+/// The start file with as many entries as the run's argument says; none for 0.
+FilePath StartFile(const FilePath& folder, const benchmark::State& run) {
+    const int count = static_cast<int>(run.range(0));
+    if (count == 0) {
+        return {};
+    }
+    FilePath file = folder / "start.t9t";
+    RegisterState state = RandomRegister(count);
+    test::IdleDesktop desktop;
+    WriteRegisterFile195(state, file, desktop);
+    return file;
+}
+
+void StartFileCounts(benchmark::internal::Benchmark* measured) {
+    measured->Arg(0)->Apply(EntryCounts);
+}
+
 void WindowStartUp(benchmark::State& run) {
     const FilePath folder = BenchmarkFolder();
+    const FilePath file = StartFile(folder, run);
     for (auto _ : run) {
         MainWindow window(folder, [] {});
         window.show();
-        window.Start(QString());
+        window.Start(QString(), file);
         QApplication::processEvents();
     }
 }
-BENCHMARK(WindowStartUp)->Unit(benchmark::kMillisecond);
+BENCHMARK(WindowStartUp)->Apply(StartFileCounts);
 
 void WindowStartUp_Baseline(benchmark::State& run) {
     for (auto _ : run) {
@@ -40,7 +61,7 @@ void WindowStartUp_Baseline(benchmark::State& run) {
         QApplication::processEvents();
     }
 }
-BENCHMARK(WindowStartUp_Baseline)->Unit(benchmark::kMillisecond);
+BENCHMARK(WindowStartUp_Baseline)->Apply(StartFileCounts);
 
 }  // namespace
 

@@ -33,4 +33,8 @@ RegisterState RandomRegister(int count) {
     return state;
 }
 
+void EntryCounts(benchmark::internal::Benchmark* measured) {
+    measured->Arg(250)->Arg(500)->Arg(1000)->Arg(RegisterPlaces)->Unit(benchmark::kMicrosecond);
+}
+
 }  // namespace norvik::benchmarks
