@@ -23,6 +23,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// So that a full register takes a few calls of the system, not a hundred.
+constexpr std::size_t WriteBufferSize = 65536;
+
 [[noreturn]] void RaiseForMissing(const FilePath& path) {
     std::error_code ignored;
     const FilePath folder = path.parent_path();
@@ -284,7 +287,11 @@ FileTime LastModified(const FilePath& path) {
     return std::chrono::time_point_cast<FileTime::duration>(std::chrono::file_clock::to_sys(time));
 }
 
-OutputFile::OutputFile(const FilePath& path) : file_(OpenForWriting(path)) {}
+OutputFile::OutputFile(const FilePath& path)
+    : buffer_(WriteBufferSize), file_(OpenForWriting(path)) {
+    // Where it is refused, the stream keeps a buffer of its own.
+    static_cast<void>(std::setvbuf(file_, buffer_.data(), _IOFBF, buffer_.size()));
+}
 
 OutputFile::~OutputFile() {
     if (file_ != nullptr) {

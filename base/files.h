@@ -44,6 +44,7 @@ class OutputFile {
     void Close();
 
   private:
+    std::vector<char> buffer_;  ///< outlives the stream
     std::FILE* file_;
 };
 

@@ -19,6 +19,11 @@ constexpr std::array<char16_t, FirstLatin1 - FirstSpecial> Specials = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+/// Whether the character's byte is its own code.
+constexpr bool IsOwnByte(char16_t character) {
+    return character < FirstSpecial || (character >= FirstLatin1 && character <= 0xFF);
+}
+
 }  // namespace
 
 char16_t CharacterOf(Byte byte) {
@@ -27,7 +32,7 @@ char16_t CharacterOf(Byte byte) {
 }
 
 std::optional<Byte> ByteOf(char16_t character) {
-    if (character < FirstSpecial || (character >= FirstLatin1 && character <= 0xFF)) {
+    if (IsOwnByte(character)) {
         return static_cast<Byte>(character);
     }
     const auto* found = std::find(Specials.begin(), Specials.end(), character);
@@ -44,15 +49,17 @@ Text TextFromBytes(ByteView bytes) {
 }
 
 Bytes BytesFromText(TextView text) {
-    Bytes bytes;
-    bytes.reserve(text.size());
-    for (const char16_t character : text) {
+    Bytes bytes(text.size());
+    std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t character) {
+        if (IsOwnByte(character)) {
+            return static_cast<Byte>(character);
+        }
         const std::optional<Byte> byte = ByteOf(character);
         if (!byte) {
             throw RuntimeError(ErrorNumber::InvalidArgument);
         }
-        bytes.push_back(*byte);
-    }
+        return *byte;
+    });
     return bytes;
 }
 
