@@ -357,6 +357,15 @@ FilePath FindIgnoringCase(const FilePath& path) {
     return FindBelow({}, path.begin(), path.end()).value_or(path);
 }
 
+FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name) {
+    FilePath path = folder / name;
+    std::error_code ignored;
+    if (fs::exists(path, ignored)) {
+        return path;
+    }
+    return FindBelow(folder, name.begin(), name.end()).value_or(path);
+}
+
 FilePath WithEnding(const FilePath& path, std::string_view ending) {
     FilePath result = path;
     if (path.filename().native().find('.') == FilePath::string_type::npos) {

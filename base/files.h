@@ -58,6 +58,9 @@ void ReplaceFile(const FilePath& path, ByteView bytes);
 /// case, folder by folder; `path` again where there is none.
 FilePath FindIgnoringCase(const FilePath& path);
 
+/// The same for `name` in `folder`, which is taken as it is written.
+FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name);
+
 /// `path` with `ending` (for example ".t9t") appended when the file's name holds no ".".
 FilePath WithEnding(const FilePath& path, std::string_view ending);
 

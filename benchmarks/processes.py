@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Whole processes, each in turn with its baseline: the editor until its window stands beside an
-empty window (20 rounds), and the converter beside abook. Prints figure, baseline and ratio of the
+empty window and one with a label, which loads the fonts (20 rounds), and the converter beside cat
+and abook. Prints figure, baseline and ratio of the
 medians as the benchmark programs do.
 
     benchmarks/processes.py [ROUNDS]
@@ -32,15 +33,17 @@ def row(name, figure, baseline):
 def main():
     rounds = int(sys.argv[1]) if len(sys.argv) > 1 else 20
     os.environ["QT_QPA_PLATFORM"] = "offscreen"
-    editor, empty = [], []
+    editor, empty, label = [], [], []
     with tempfile.TemporaryDirectory() as folder:
         pathlib.Path(folder, "norvik.ini").write_text("Unit=0,12\r\n", encoding="ascii")
         for _ in range(rounds + 1):
             editor.append(seconds([PROGRAMS / "process-editor", folder]))
             empty.append(seconds([PROGRAMS / "process-empty"]))
+            label.append(seconds([PROGRAMS / "process-empty", "Name"]))
     print(f"\n{'figure':<44} {'ns':>14} {'baseline ns':>14} {'ratio':>8}")
     # The first round fills the caches.
-    row("StartUp/process", statistics.median(editor[1:]), statistics.median(empty[1:]))
+    row("StartUp/empty window", statistics.median(editor[1:]), statistics.median(empty[1:]))
+    row("StartUp/window with a label", statistics.median(editor[1:]), statistics.median(label[1:]))
     for entries in ENTRIES:
         command = [sys.executable, ROOT / "benchmarks/console.py", "--rounds", str(rounds),
                    "--entries", str(entries)]

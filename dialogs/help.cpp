@@ -9,7 +9,7 @@ namespace {
 /// The document in the first folder that has it, else where it should lie.
 FilePath FindDocument(const HelpFolders& folders, TextView name) {
     for (const FilePath& folder : folders) {
-        FilePath path = FindIgnoringCase(folder / FilePath(name));
+        FilePath path = FindIgnoringCase(folder, FilePath(name));
         std::error_code failure;
         if (std::filesystem::exists(path, failure)) {
             return path;

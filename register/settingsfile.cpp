@@ -5,7 +5,7 @@ namespace norvik {
 namespace {
 
 FilePath SettingsPath(const FilePath& folder) {
-    return FindIgnoringCase(folder / FilePath(SettingsFileName));
+    return FindIgnoringCase(folder, FilePath(SettingsFileName));
 }
 
 }  // namespace

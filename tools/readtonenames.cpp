@@ -5,7 +5,7 @@ namespace norvik {
 
 std::vector<Text> ReadToneNames(const FilePath& folder) {
     try {
-        return ToneNamesFrom(ReadWholeFile(FindIgnoringCase(folder / FilePath(ToneNamesFileName))));
+        return ToneNamesFrom(ReadWholeFile(FindIgnoringCase(folder, FilePath(ToneNamesFileName))));
     } catch (const RuntimeError&) {
         return DefaultToneNames();  // the file is optional
     }

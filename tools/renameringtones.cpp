@@ -53,7 +53,7 @@ std::optional<std::vector<Text>> RenameRingtones(const FilePath& folder, Desktop
     std::vector<Text> names = DefaultToneNames();
     int usable = 0;
     for (const Text& file :
-         ListFolderFiles(FindIgnoringCase(folder / FilePath(ToneFolderName)), ToneExtension)) {
+         ListFolderFiles(FindIgnoringCase(folder, FilePath(ToneFolderName)), ToneExtension)) {
         usable += TakeName(file, names) ? 1 : 0;
     }
     if (usable == 0) {

@@ -8,7 +8,7 @@ void WriteToneNames(const FilePath& folder, const std::vector<Text>& names) {
     for (std::size_t item = 1; item < names.size(); ++item) {
         file.append(names[item]).append(LineEnd);
     }
-    ReplaceFile(FindIgnoringCase(folder / FilePath(ToneNamesFileName)), BytesFromText(file));
+    ReplaceFile(FindIgnoringCase(folder, FilePath(ToneNamesFileName)), BytesFromText(file));
 }
 
 }  // namespace norvik

@@ -226,6 +226,18 @@ TEST(FindIgnoringCase, ANameThatIsNoValidUtf8DisturbsNothing) {
     EXPECT_EQ(FindIgnoringCase(folder / "reg.t9t"), path);
 }
 
+TEST(FindIgnoringCase, InAGivenFolderLooksThereAlone) {
+    const TestFolder folder;
+    folder.Write("PROGRAMM/Norvik.INI", "1");
+    fs::create_directory(folder / "Programm");
+    const FilePath given = folder / "Programm";
+    EXPECT_EQ(FindIgnoringCase(given, "norvik.ini"), given / "norvik.ini");
+    const FilePath path = folder.Write("Programm/NORVIK.ini", "2");
+    EXPECT_EQ(FindIgnoringCase(given, "norvik.ini"), path);
+    const FilePath exact = folder.Write("Programm/norvik.ini", "3");
+    EXPECT_EQ(FindIgnoringCase(given, "norvik.ini"), exact);
+}
+
 TEST(WithEnding, IsAppendedToANameWithoutAPoint) {
     EXPECT_EQ(WithEnding("/daten/reg", ".t9t"), FilePath("/daten/reg.t9t"));
 }
