@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -60,6 +61,7 @@ void WriteToEnd(int end, const Bytes& bytes) {
     std::signal(SIGPIPE, SIG_DFL);
     if (surroundings.LongestFile) {
         std::signal(SIGXFSZ, SIG_IGN);
+        CountAside();
         const rlimit limit = {*surroundings.LongestFile, *surroundings.LongestFile};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
@@ -76,6 +78,11 @@ void WriteToEnd(int end, const Bytes& bytes) {
 }
 
 }  // namespace
+
+void CountAside() {
+    const FilePath aside = std::filesystem::temp_directory_path() / "norvik-counters";
+    setenv("GCOV_PREFIX", aside.c_str(), 1);
+}
 
 Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                    const Surroundings& surroundings) {

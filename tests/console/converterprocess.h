@@ -42,6 +42,10 @@ Outcome RunProgram(const std::string& program, const std::vector<std::string>& a
 Outcome RunConverter(const std::vector<std::string>& arguments,
                      const Surroundings& surroundings = {});
 
+/// Between fork and exec: lets the program put coverage counters aside that it may not be able to
+/// write whole, since these would spoil those of all others.
+void CountAside();
+
 /// A whole standard output as a string.
 std::string StringOf(const Bytes& bytes);
 

@@ -34,6 +34,7 @@ pid_t StartConverter(const FilePath& source, const FilePath& target) {
     if (child == 0) {
         const int nowhere = open("/dev/null", O_WRONLY);
         dup2(nowhere, STDERR_FILENO);
+        CountAside();
         execl(NORVIK_CONVERTER, NORVIK_CONVERTER, "--ueberschreiben", source.c_str(),
               target.c_str(), nullptr);
         _exit(127);
