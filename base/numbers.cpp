@@ -47,16 +47,11 @@ DecimalDigits ToDecimalDigits(double value) {
     return result;
 }
 
-/// Adds 1 to the last digit of a decimal number, with carry; "99" becomes "100".
+/// Adds 1 to the last digit, with carry. One digit at least must not be 9: "099" becomes "100".
 void Increment(std::string& digits) {
     const std::size_t last = digits.find_last_not_of('9');
-    const std::size_t nines = last == std::string::npos ? 0 : last + 1;
-    std::fill(digits.begin() + static_cast<std::ptrdiff_t>(nines), digits.end(), '0');
-    if (nines == 0) {
-        digits.insert(digits.begin(), '1');
-    } else {
-        ++digits[last];
-    }
+    std::fill(digits.begin() + static_cast<std::ptrdiff_t>(last) + 1, digits.end(), '0');
+    ++digits[last];
 }
 
 /// The whole number of hundredths nearest to `value` (half away from zero), as decimal digits.
@@ -69,7 +64,7 @@ std::string Hundredths(double value) {
     const auto keep = static_cast<std::size_t>(kept);
     std::string digits = decimal.digits.substr(0, keep);
     if (keep < decimal.digits.size()) {
-        digits.insert(digits.begin(), '0');
+        digits.insert(digits.begin(), '0');  // room for a carry
         if (decimal.digits[keep] >= '5') {
             Increment(digits);
         }

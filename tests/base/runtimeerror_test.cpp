@@ -37,6 +37,11 @@ TEST(RuntimeError, EveryNumberHasItsGermanDescription) {
     }
 }
 
+TEST(RuntimeError, IsAStandardExceptionWithANeutralText) {
+    const RuntimeError error(ErrorNumber::DiskFull);
+    EXPECT_STREQ(static_cast<const std::exception&>(error).what(), "run-time error");
+}
+
 TEST(RuntimeError, NumberAndDescriptionFollowEachOtherDirectly) {
     EXPECT_EQ(RuntimeError(ErrorNumber::IndexOutOfRange).NumberAndDescription(),
               u"9Index außerhalb des gültigen Bereichs");

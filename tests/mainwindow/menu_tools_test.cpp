@@ -328,6 +328,12 @@ TEST_F(LoadingWithAnOpenList, AnAbortedLoadEmptiesTheListWithoutATickedBox) {
     EXPECT_EQ(ListedPlaces(), std::vector<int>());
 }
 
+TEST_F(LoadingWithAnOpenList, ALoadThatRunsOutOfMemoryListsWhatWasRead) {
+    desktop.OnShowEntry = [] { throw std::bad_alloc(); };
+    EXPECT_THROW(Load("mnuDateiLoadCSV", NewCsv()), std::bad_alloc);
+    EXPECT_EQ(program.List.ListResult, Texts{u"AB-Ansage 3:  Neu (1)"});
+}
+
 TEST_F(LoadingWithAnOpenList, TheFilterSetAfterwardsIsThatOfTheNewRegister) {
     Load("mnuDateiLoadCSV", NewCsv());
     NVList_btnExit_Click(program, desktop);
