@@ -102,9 +102,9 @@ TEST(ReadInteger, Tag7ReadsSixBytes) {
 }
 
 TEST(ReadInteger, Tag255Reads254Bytes) {
-    const Bytes bytes = Join({Raw("FF 09"), Bytes(253, 0x00), Raw("55")});
+    const Bytes bytes = Join({Raw("FF 08"), Bytes(253, 0x00), Raw("55")});
     RegisterFileBytes file(bytes);
-    EXPECT_EQ(ReadInteger(file, NoLimit), 9);
+    EXPECT_EQ(ReadInteger(file, NoLimit), 8);
     EXPECT_EQ(file.ReadByte(), std::optional<Byte>(0x55));
 }
 

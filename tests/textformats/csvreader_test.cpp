@@ -269,6 +269,12 @@ TEST(ReadCSV, AnUnknownFilterIs0) {
     for (const TextView filter : {u"Kein", u"x", u"", u" VIP", u"1"}) {
         EXPECT_EQ(ReadNumbers(u"0;0;nein;01;" + Text(filter)).MsnFilter, 0) << Utf8(filter);
     }
+    for (int byte = 1; byte <= 255; ++byte) {
+        const char16_t first = CharacterOf(static_cast<Byte>(byte));
+        if (Text(u"aAvVcC;\r\n\"\x1A").find(first) == Text::npos) {
+            EXPECT_EQ(ReadNumbers(Text(u"0;0;nein;01;") + first).MsnFilter, 0) << byte;
+        }
+    }
 }
 
 TEST(ReadCSV, ALineWithoutAnMsnHasFlagWord15) {
