@@ -71,6 +71,15 @@ TEST(Globalize, TheOtherModesKeepDigitsPausesAndALeadingPlus) {
     EXPECT_EQ(Quiet(u"1+2", Clean), u"12");
 }
 
+TEST(Globalize, OfAllCharactersInsideANumberOnlyThoseAreKept) {
+    Text all = u"1";
+    for (int byte = 0; byte <= 255; ++byte) {
+        all.push_back(CharacterOf(static_cast<Byte>(byte)));
+    }
+    EXPECT_EQ(Quiet(all + u"1", CleanForTelephone), u"1#()*-0123456789Apw1");
+    EXPECT_EQ(Quiet(all + u"1", Clean), u"10123456789pw1");
+}
+
 TEST(Globalize, CleaningAddsNoPrefix) {
     EXPECT_EQ(Quiet(u"2312510", CleanForTelephone), u"2312510");
     EXPECT_EQ(Quiet(u"2312510", Clean), u"2312510");
