@@ -124,28 +124,12 @@ std::FILE* OpenForWriting(const FilePath& path) {
 }
 
 #ifndef _WIN32
-/// Renaming onto a file would pass over its write protection.
-void EnsureNotProtected(const FilePath& path) {
-    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 &&
-        (errno == EACCES || errno == EROFS)) {
-        throw RuntimeError(ErrorNumber::AccessDenied);
-    }
-}
-
 /// Waits until the system has put the stream's data on the disk. A device that knows no waiting is
 /// content.
 bool Synchronised(std::FILE* file) {
     return std::fflush(file) == 0 && (fsync(fileno(file)) == 0 || errno == EINVAL);
 }
 #else
-void EnsureNotProtected(const FilePath& path) {
-    std::error_code error;
-    const fs::perms permissions = fs::status(path, error).permissions();
-    if (!error && (permissions & fs::perms::owner_write) == fs::perms::none) {
-        throw RuntimeError(ErrorNumber::AccessDenied);
-    }
-}
-
 bool Synchronised(std::FILE* file) {
     return std::fflush(file) == 0;
 }
@@ -320,6 +304,21 @@ void OutputFile::Close() {
     }
 }
 
+void EnsureNotProtected(const FilePath& path) {
+#ifndef _WIN32
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 &&
+        (errno == EACCES || errno == EROFS)) {
+        throw RuntimeError(ErrorNumber::AccessDenied);
+    }
+#else
+    std::error_code error;
+    const fs::perms permissions = fs::status(path, error).permissions();
+    if (!error && (permissions & fs::perms::owner_write) == fs::perms::none) {
+        throw RuntimeError(ErrorNumber::AccessDenied);
+    }
+#endif
+}
+
 void ReplaceFile(const FilePath& path, ByteView bytes) {
     EnsurePossibleName(path);
     std::error_code error;
@@ -350,11 +349,7 @@ void ReplaceFile(const FilePath& path, ByteView bytes) {
 }
 
 FilePath FindIgnoringCase(const FilePath& path) {
-    std::error_code ignored;
-    if (fs::exists(path, ignored)) {
-        return path;
-    }
-    return FindBelow({}, path.begin(), path.end()).value_or(path);
+    return FindIgnoringCase({}, path);
 }
 
 FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name) {

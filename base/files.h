@@ -48,6 +48,9 @@ class OutputFile {
     std::FILE* file_;
 };
 
+/// Raises error 70 for a file that is write protected: renaming onto it would pass over that.
+void EnsureNotProtected(const FilePath& path);
+
 /// Puts `bytes` into the file so that there is always a whole one, the old or the new: they are
 /// written beside it and the result is renamed. On an error the old file is untouched. A missing
 /// folder is made. A link to a file stays one, and the file keeps its permissions; one that is

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
-#include <fstream>
 #include <random>
 #include <system_error>
 
@@ -185,10 +184,7 @@ FilePath FileToReplace(const FilePath& path) {
     if (!fs::is_regular_file(status)) {
         throw RuntimeError(ErrorNumber::PathAccessError);
     }
-    // Renaming onto a file would pass over its write protection.
-    if (!std::ofstream(path, std::ios::binary | std::ios::app)) {
-        throw RuntimeError(ErrorNumber::AccessDenied);
-    }
+    EnsureNotProtected(path);
     if (!fs::is_symlink(fs::symlink_status(path, error))) {
         return path;
     }

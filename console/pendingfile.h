@@ -22,8 +22,8 @@ class PendingFile {
 
     /// Gives the file the name `target`, which must stand in its folder. With `replace` it takes
     /// the place and the permissions of a file of that name, and its owner as far as the user may
-    /// give files away. Without, gives false when there is
-    /// one, and leaves both as they are. Raises error 61, 64, 70, 75 or 57 when the system refuses.
+    /// give files away. Without, gives false when there is one, and leaves both as they are. Raises
+    /// error 61, 64, 70, 75 or 57 when the system refuses.
     bool Become(const FilePath& target, bool replace);
 
   private:
