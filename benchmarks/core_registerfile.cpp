@@ -1,7 +1,7 @@
 // Loading a register file, against a pass over the same bytes in memory that builds the same
 // strings by table lookup and does nothing else.
 #include "benchmarks/registers.h"
-#include "devicefiles/registerfile.h"
+#include "formats/registerfile/registerfile.h"
 #include "tests/support/idledesktop.h"
 
 #include <benchmark/benchmark.h>

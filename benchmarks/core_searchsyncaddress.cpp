@@ -1,8 +1,8 @@
 // Searching an address database with four numbers a record (1000 records at most), none of which is
 // the entry's, against making all those numbers international once.
+#include "formats/common/globalize.h"
 #include "sync/searchsyncaddress.h"
 #include "tests/support/idledesktop.h"
-#include "textformats/globalize.h"
 
 #include <benchmark/benchmark.h>
 

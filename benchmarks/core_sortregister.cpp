@@ -1,6 +1,6 @@
 // Sorting random names, with all its passes' texts, against std::stable_sort on the lowered names.
 #include "benchmarks/registers.h"
-#include "devicefiles/sortregister.h"
+#include "registertools/sortregister.h"
 #include "tests/support/idledesktop.h"
 
 #include <benchmark/benchmark.h>

@@ -2,9 +2,9 @@
 // line by line and writing the same bytes at once.
 #include "base/lines.h"
 #include "benchmarks/registers.h"
-#include "devicefiles/phonebookfile.h"
+#include "formats/csv/csvformat.h"
+#include "formats/phonebook175/phonebookfile.h"
 #include "tests/support/idledesktop.h"
-#include "textformats/csvformat.h"
 
 #include <benchmark/benchmark.h>
 

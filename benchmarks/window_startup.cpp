@@ -2,7 +2,7 @@
 // empty QMainWindow, both shown and painted once.
 #include "benchmarks/ratios.h"
 #include "benchmarks/registers.h"
-#include "devicefiles/registerfile.h"
+#include "formats/registerfile/registerfile.h"
 #include "qt/application.h"
 #include "qt/mainwindow.h"
 #include "tests/support/idledesktop.h"

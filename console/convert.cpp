@@ -8,9 +8,9 @@
 #include "console/utf8.h"
 #include "console/wholetarget.h"
 #include "console/writetarget.h"
-#include "devicefiles/undefinederror.h"
+#include "formats/calllist/calllist.h"
+#include "formats/common/undefinederror.h"
 #include "mainwindow/operations.h"
-#include "textformats/convertcalllist.h"
 
 namespace norvik {
 

@@ -1,9 +1,9 @@
 #include "console/formats.h"
 
-#include "devicefiles/phonebookfile.h"
-#include "devicefiles/registerfile.h"
-#include "textformats/convertcalllist.h"
-#include "textformats/csvformat.h"
+#include "formats/calllist/calllist.h"
+#include "formats/csv/csvformat.h"
+#include "formats/phonebook175/phonebookfile.h"
+#include "formats/registerfile/registerfile.h"
 
 #include <algorithm>
 #include <array>

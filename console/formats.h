@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/files.h"
-#include "textformats/lossreport.h"
+#include "losses/lossreport.h"
 
 #include <optional>
 #include <span>

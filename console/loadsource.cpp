@@ -1,11 +1,11 @@
 #include "console/loadsource.h"
 
 #include "console/standardstreams.h"
-#include "devicefiles/followload.h"
-#include "devicefiles/lineaccesszero.h"
-#include "devicefiles/mnudateiload175.h"
-#include "devicefiles/mnudateiloadnv.h"
-#include "textformats/mnudateiloadcsv.h"
+#include "formats/common/followload.h"
+#include "formats/csv/csvmenu.h"
+#include "formats/phonebook175/phonebookfilemenu.h"
+#include "formats/registerfile/registerfilemenu.h"
+#include "registertools/lineaccesszero.h"
 
 namespace norvik {
 

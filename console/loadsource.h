@@ -3,7 +3,7 @@
 
 #include "base/desktop.h"
 #include "console/options.h"
-#include "devicefiles/sourcefile.h"
+#include "formats/common/sourcefile.h"
 #include "register/register.h"
 #include "register/settings.h"
 

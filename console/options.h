@@ -4,7 +4,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "console/formats.h"
-#include "dialogs/nvhe.h"
+#include "dialogs/mobileexportfields.h"
 
 #include <optional>
 #include <span>

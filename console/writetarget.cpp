@@ -1,18 +1,18 @@
 #include "console/writetarget.h"
 
-#include "devicefiles/phonebookfile.h"
-#include "devicefiles/registerfile.h"
-#include "devicefiles/undefinederror.h"
+#include "formats/charges/chargestatement.h"
+#include "formats/common/undefinederror.h"
+#include "formats/csv/csvformat.h"
+#include "formats/ip286/ip286.h"
+#include "formats/ip286/ip286menu.h"
+#include "formats/phonebook175/phonebookfile.h"
+#include "formats/registerfile/registerfile.h"
 #include "mainwindow/operations.h"
-#include "textformats/csvformat.h"
-#include "textformats/exportip286.h"
-#include "textformats/mnudateisaveip286.h"
-#include "textformats/mnugebauszug.h"
 
 namespace norvik {
 
 MobileExportOptions MobileOptions(const ConverterOptions& options, const Settings& settings) {
-    NvheFields fields = NVHE_Load(settings);
+    MobileExportFields fields = NVHE_Load(settings);
     for (const HandyBox box : options.Boxes) {
         fields.chkHE.at(box) = true;
         chkHE_Click(fields, box);

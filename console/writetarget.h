@@ -4,10 +4,10 @@
 #include "base/desktop.h"
 #include "base/runtimeerror.h"
 #include "console/options.h"
+#include "formats/mobile/mobileexport.h"
+#include "losses/lossreport.h"
 #include "register/register.h"
 #include "register/settings.h"
-#include "textformats/exportmobile.h"
-#include "textformats/lossreport.h"
 
 namespace norvik {
 

@@ -1,7 +1,7 @@
 // Any bytes as a call list's file, of which every question is answered.
 #include "base/runtimeerror.h"
+#include "formats/calllist/calllist.h"
 #include "tests/support/idledesktop.h"
-#include "textformats/convertcalllist.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // Any bytes as a CSV file, with and without the removal of doubled lines; the header's quotes
 // decide which splitter is at work.
+#include "formats/csv/csvformat.h"
 #include "register/register.h"
 #include "tests/support/idledesktop.h"
-#include "textformats/csvformat.h"
 
 #include <cstdlib>
 

@@ -1,6 +1,6 @@
 // A mode and any text as a number, with prefixes taken from the input as well.
+#include "formats/common/globalize.h"
 #include "tests/support/idledesktop.h"
-#include "textformats/globalize.h"
 
 #include <cstdlib>
 

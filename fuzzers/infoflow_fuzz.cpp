@@ -1,7 +1,7 @@
 // Any text, its line feeds between the fields, as the info fields of a line.
 #include "base/windows1252.h"
+#include "formats/csv/infoflow.h"
 #include "register/entry.h"
-#include "textformats/infoflow.h"
 
 #include <cstdlib>
 #include <vector>

@@ -1,6 +1,6 @@
 // Any bytes as the lines behind the identification line of a 175 phonebook file.
 #include "base/lines.h"
-#include "devicefiles/phonebookfile.h"
+#include "formats/phonebook175/phonebookfile.h"
 #include "tests/support/idledesktop.h"
 
 #include <cstdlib>

@@ -1,11 +1,11 @@
 // Any bytes as a register file: read, checked, sorted, searched, shown and written again.
-#include "devicefiles/registerfilereader.h"
-#include "devicefiles/searchregister.h"
-#include "devicefiles/sortregister.h"
+#include "formats/registerfile/registerfilereader.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/showentry.h"
+#include "registertools/checkregister.h"
+#include "registertools/searchregister.h"
+#include "registertools/sortregister.h"
 #include "tests/support/idledesktop.h"
-#include "tools/checkregister.h"
 
 #include <cstdlib>
 

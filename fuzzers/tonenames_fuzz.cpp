@@ -1,5 +1,5 @@
 // Any bytes as a tone-names file.
-#include "tools/tonenames.h"
+#include "ringtones/tonenames.h"
 
 #include <cstdlib>
 

@@ -1,15 +1,15 @@
 #include "mainwindow/handlers.h"
 
-#include "devicefiles/searchregister.h"
-#include "devicefiles/sortregister.h"
+#include "formats/common/globalize.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/showentry.h"
+#include "registertools/clearcharges.h"
+#include "registertools/removemsns.h"
+#include "registertools/searchregister.h"
+#include "registertools/sortregister.h"
+#include "ringtones/renameringtones.h"
+#include "ringtones/tonenames.h"
 #include "sync/searchsyncaddress.h"
-#include "textformats/globalize.h"
-#include "textformats/mnugebdelete.h"
-#include "tools/mnubearbeitenkillmsn.h"
-#include "tools/renameringtones.h"
-#include "tools/tonenames.h"
 
 #include <utility>
 
@@ -192,7 +192,7 @@ void mnuSyncAdd_Click(Program& program, Desktop& desktop) {
     SearchSyncAddress(program.State, program.Sync, program.Set, desktop);
 }
 
-void StoreSettings(Program& program, const NvsetFields& fields, Desktop& desktop) {
+void StoreSettings(Program& program, const SettingsFields& fields, Desktop& desktop) {
     Settings changed = program.Set;
     btnMakeChanges_Click(fields, changed, program.Folder, desktop);
     program.Set = std::move(changed);

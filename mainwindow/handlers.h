@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
-#include "dialogs/nvset.h"
+#include "dialogs/settingsfields.h"
 #include "mainwindow/program.h"
 
 namespace norvik {
@@ -59,7 +59,7 @@ void mnuDateiLoadSync_Click(Program& program, Desktop& desktop);
 void mnuSyncAdd_Click(Program& program, Desktop& desktop);
 /// Stores what the settings dialog holds; the shown amount follows a new price unless the user
 /// cleared it. Raises what writing "norvik.ini" raises; the settings then stay as they were.
-void StoreSettings(Program& program, const NvsetFields& fields, Desktop& desktop);
+void StoreSettings(Program& program, const SettingsFields& fields, Desktop& desktop);
 /// Reverses the check mark.
 void mnuExtraDoubles_Click(Program& program);
 

@@ -1,19 +1,15 @@
 #include "mainwindow/menu.h"
 
-#include "devicefiles/lineaccesszero.h"
-#include "devicefiles/mnudateiload175.h"
-#include "devicefiles/mnudateiloadnv.h"
-#include "devicefiles/mnudateisave175.h"
-#include "devicefiles/mnudateisave193.h"
-#include "devicefiles/mnudateisavenv.h"
 #include "dialogs/help.h"
+#include "formats/calllist/calllist.h"
+#include "formats/charges/chargestatement.h"
+#include "formats/csv/csvmenu.h"
+#include "formats/ip286/ip286menu.h"
+#include "formats/phonebook175/phonebookfilemenu.h"
+#include "formats/registerfile/registerfilemenu.h"
 #include "mainwindow/handlers.h"
-#include "mainwindow/nvlist.h"
-#include "textformats/mnudateiconvcalllistcsv.h"
-#include "textformats/mnudateiloadcsv.h"
-#include "textformats/mnudateisavecsv.h"
-#include "textformats/mnudateisaveip286.h"
-#include "textformats/mnugebauszug.h"
+#include "mainwindow/registerlistwindow.h"
+#include "registertools/lineaccesszero.h"
 
 #include <exception>
 

@@ -6,8 +6,8 @@
 #include "mainwindow/fields.h"
 #include "register/register.h"
 #include "register/settings.h"
+#include "registertools/fillregisterlist.h"
 #include "sync/loadsyncdatabase.h"
-#include "tools/fillregisterlist.h"
 
 namespace norvik {
 
@@ -18,7 +18,7 @@ struct Program {
     RegisterState State;
     MainWindowFields Fields;
     Text SearchTerm;    ///< survives from one search to the next
-    NvListFields List;  ///< of the register list's window
+    RegisterListFields List;  ///< of the register list's window
     SyncState Sync;
     /// Where the help documents are installed; those in Folder come first.
     FilePath DocumentFolder;

@@ -1,13 +1,13 @@
 #include "mainwindow/startup.h"
 
 #include "base/runtimeerror.h"
-#include "devicefiles/followload.h"
-#include "devicefiles/mnudateiload175.h"
-#include "devicefiles/registerfile.h"
+#include "formats/common/followload.h"
+#include "formats/csv/csvmenu.h"
+#include "formats/phonebook175/phonebookfilemenu.h"
+#include "formats/registerfile/registerfile.h"
 #include "mainwindow/commandline.h"
 #include "mainwindow/operations.h"
-#include "textformats/mnudateiloadcsv.h"
-#include "tools/tonenames.h"
+#include "ringtones/tonenames.h"
 
 #include <algorithm>
 #include <utility>

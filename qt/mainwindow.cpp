@@ -2,15 +2,15 @@
 
 #include "mainwindow/handlers.h"
 #include "mainwindow/listrows.h"
-#include "mainwindow/nvlist.h"
 #include "mainwindow/operations.h"
+#include "mainwindow/registerlistwindow.h"
 #include "mainwindow/startup.h"
 #include "qt/entryfield.h"
-#include "qt/nvhe.h"
-#include "qt/nvlist.h"
-#include "qt/nvset.h"
+#include "qt/entrylist.h"
+#include "qt/mobileexportdialog.h"
 #include "qt/phonepicture.h"
-#include "qt/registerlist.h"
+#include "qt/registerlistwindow.h"
+#include "qt/settingsdialog.h"
 #include "qt/textconversion.h"
 
 #include <QButtonGroup>
@@ -63,7 +63,7 @@ MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
     : desktop_(*this),
       hardStop_(std::move(hardStop)),
       widgets_(MakeMainWindowWidgets(*this)),
-      model_(new RegisterListModel(this)) {
+      model_(new EntryListModel(this)) {
     setObjectName(QStringLiteral("MW"));
     program_.Folder = folder;
     program_.DocumentFolder = documentFolder;
@@ -181,7 +181,7 @@ void MainWindow::ConnectSelection() {
     });
     connect(widgets_.Satzwahl, &QScrollBar::sliderMoved, this,
             [this](int value) { widgets_.AnzNr->setNum(value); });
-    connect(widgets_.TelRegListe, &RegisterListView::rowChosen, this, [this](int row) {
+    connect(widgets_.TelRegListe, &EntryListView::rowChosen, this, [this](int row) {
         const Text text = model_->Row(row);
         Run([&] { TelRegListe_Click(program_, text, desktop_); });
     });
@@ -330,11 +330,11 @@ void MainWindow::CloseByMenu() {
 }
 
 void MainWindow::RunMobileExport() {
-    NvheDialog dialog(NVHE_Load(program_.Set), this, [this] { desktop_.Beep(); });
-    connect(&dialog, &NvheDialog::exportWanted, this, [this, &dialog] {
+    MobileExportDialog dialog(NVHE_Load(program_.Set), this, [this] { desktop_.Beep(); });
+    connect(&dialog, &MobileExportDialog::exportWanted, this, [this, &dialog] {
         Run([&] { btnExport_Click(dialog.Fields(), program_.State, program_.Set, desktop_); });
     });
-    connect(&dialog, &NvheDialog::saveWanted, this, [this, &dialog] {
+    connect(&dialog, &MobileExportDialog::saveWanted, this, [this, &dialog] {
         Run([&] {
             btnSaveSettings_Click(dialog.Fields(), program_.Set, program_.Folder, desktop_);
         });
@@ -344,16 +344,16 @@ void MainWindow::RunMobileExport() {
 
 void MainWindow::ShowRegisterList() {
     if (list_ == nullptr) {
-        list_ = new NvListWindow(this);
-        connect(list_, &NvListWindow::boxesChanged, this, [this] {
+        list_ = new RegisterListWindow(this);
+        connect(list_, &RegisterListWindow::boxesChanged, this, [this] {
             Run([&] {
                 program_.List.chkFi = list_->Boxes();
                 chkFi_Click(program_, desktop_);
             });
         });
-        connect(list_, &NvListWindow::exitClicked, this,
+        connect(list_, &RegisterListWindow::exitClicked, this,
                 [this] { Run([&] { NVList_btnExit_Click(program_, desktop_); }); });
-        connect(list_, &NvListWindow::cancelled, this,
+        connect(list_, &RegisterListWindow::cancelled, this,
                 [this] { Run([&] { NVList_btnCancel_Click(program_, desktop_); }); });
     }
     list_->Draw(program_.List);
@@ -372,10 +372,10 @@ void MainWindow::CloseRegisterList() {
 }
 
 void MainWindow::RunSettings() {
-    NvsetDialog dialog(
+    SettingsDialog dialog(
         NVSET_Load(program_.Set), desktop_,
-        [this](const NvsetDialog::Operation& operation) { Run(operation); }, this);
-    connect(&dialog, &NvsetDialog::storeWanted, this, [this, &dialog] {
+        [this](const SettingsDialog::Operation& operation) { Run(operation); }, this);
+    connect(&dialog, &SettingsDialog::storeWanted, this, [this, &dialog] {
         bool stored = false;
         Run([&] {
             StoreSettings(program_, dialog.Fields(), desktop_);

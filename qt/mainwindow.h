@@ -13,8 +13,8 @@
 
 namespace norvik {
 
-class NvListWindow;
-class RegisterListModel;
+class RegisterListWindow;
+class EntryListModel;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -69,8 +69,8 @@ class MainWindow : public QMainWindow {
     ScreenDesktop desktop_;
     std::function<void()> hardStop_;
     MainWindowWidgets widgets_;
-    RegisterListModel* model_;
-    NvListWindow* list_ = nullptr;
+    EntryListModel* model_;
+    RegisterListWindow* list_ = nullptr;
     std::vector<QAction*> saveActions_;
     std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
     /// The program changes widgets; what they signal is no doing of the user.

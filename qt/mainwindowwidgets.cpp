@@ -2,9 +2,9 @@
 
 #include "qt/entryfield.h"
 #include "qt/entrygroups.h"
+#include "qt/entrylist.h"
 #include "qt/phonepicture.h"
 #include "qt/recordscrollbar.h"
-#include "qt/registerlist.h"
 #include "qt/widgetmakers.h"
 
 #include <QApplication>
@@ -164,7 +164,7 @@ QWidget* MakeEntryPanel(MainWindowWidgets& widgets, QWidget* parent) {
 
 QWidget* MakeListPanel(MainWindowWidgets& widgets, QWidget* parent) {
     auto* panel = new QWidget(parent);
-    widgets.TelRegListe = new RegisterListView(panel);
+    widgets.TelRegListe = new EntryListView(panel);
     Name(widgets.TelRegListe, "TelRegListe", QStringLiteral("Telefonregister"));
     widgets.chkListFilter = MakeCheckBox("chkListFilter", QStringLiteral("Filter akti&v"),
                                          QStringLiteral("Listenfilter aktiv"), panel);

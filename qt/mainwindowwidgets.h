@@ -20,7 +20,7 @@ namespace norvik {
 
 class EntryField;
 class PhonePicture;
-class RegisterListView;
+class EntryListView;
 
 struct MainWindowWidgets {
     /// The text fields; the diagnostic ones (2 to 7) are in Diagnostics.
@@ -40,7 +40,7 @@ struct MainWindowWidgets {
     QLabel* AnzMarkiert = nullptr;
     QLabel* Index = nullptr;
     QScrollBar* Satzwahl = nullptr;
-    RegisterListView* TelRegListe = nullptr;
+    EntryListView* TelRegListe = nullptr;
     QCheckBox* chkListFilter = nullptr;
     QLabel* Status = nullptr;
     QLabel* AnzQuelle = nullptr;

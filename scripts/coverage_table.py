@@ -5,7 +5,8 @@ import json
 import pathlib
 import sys
 
-CORE = ["base", "register", "tools", "devicefiles", "textformats", "sync", "dialogs", "mainwindow"]
+CORE = ["base", "register", "ringtones", "registertools", "formats", "sync", "losses", "dialogs",
+        "mainwindow"]
 
 
 def counts(file):
@@ -37,7 +38,7 @@ def main():
     for folder in CORE + sorted(set(folders) - set(CORE)):
         print(row(folder, folders[folder]))
     core = [sum(folders[folder][i] for folder in CORE) for i in range(4)]
-    print(row("floors 1 to 8", core))
+    print(row("the core", core))
 
 
 main()

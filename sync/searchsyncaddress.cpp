@@ -1,6 +1,6 @@
 #include "sync/searchsyncaddress.h"
 
-#include "textformats/globalize.h"
+#include "formats/common/globalize.h"
 
 #include <algorithm>
 

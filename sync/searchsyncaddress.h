@@ -1,3 +1,4 @@
+// Looking for an entry's address in the address database.
 #pragma once
 
 #include "base/desktop.h"

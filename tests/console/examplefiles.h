@@ -2,7 +2,7 @@
 // anything that a load or the check reports.
 #pragma once
 
-#include "tests/devicefiles/registerfilebytes.h"
+#include "tests/formats/registerfile/registerfilebytes.h"
 
 namespace norvik::test {
 

@@ -1,18 +1,14 @@
 #include "tests/console/windowfiles.h"
 
-#include "devicefiles/lineaccesszero.h"
-#include "devicefiles/mnudateiload175.h"
-#include "devicefiles/mnudateiloadnv.h"
-#include "devicefiles/mnudateisave175.h"
-#include "devicefiles/mnudateisave193.h"
-#include "devicefiles/mnudateisavenv.h"
-#include "dialogs/nvhe.h"
+#include "dialogs/mobileexportfields.h"
+#include "formats/calllist/calllist.h"
+#include "formats/charges/chargestatement.h"
+#include "formats/csv/csvmenu.h"
+#include "formats/ip286/ip286menu.h"
+#include "formats/phonebook175/phonebookfilemenu.h"
+#include "formats/registerfile/registerfilemenu.h"
+#include "registertools/lineaccesszero.h"
 #include "tests/support/scripteddesktop.h"
-#include "textformats/mnudateiconvcalllistcsv.h"
-#include "textformats/mnudateiloadcsv.h"
-#include "textformats/mnudateisavecsv.h"
-#include "textformats/mnudateisaveip286.h"
-#include "textformats/mnugebauszug.h"
 
 #include <gtest/gtest.h>
 
@@ -101,7 +97,7 @@ class Window {
     }
 
     void ExportForMobile() {
-        NvheFields fields = NVHE_Load(settings_);
+        MobileExportFields fields = NVHE_Load(settings_);
         for (const std::size_t box : answers_.Boxes) {
             fields.chkHE.at(box) = true;
             chkHE_Click(fields, box);

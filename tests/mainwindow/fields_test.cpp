@@ -1,7 +1,7 @@
 #include "mainwindow/fields.h"
 
+#include "ringtones/tonenames.h"
 #include "tests/support/testfolder.h"
-#include "tools/tonenames.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // New and erased entries, and the places of the register that they take and leave.
-#include "devicefiles/sortregister.h"
 #include "mainwindow/handlers.h"
+#include "registertools/sortregister.h"
 #include "tests/support/handlerfixture.h"
 
 #include <algorithm>

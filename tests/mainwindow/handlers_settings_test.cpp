@@ -29,8 +29,8 @@ class StoringSettings : public HandlerFixture {
         Given(RegisterOf({WithUnits(u"Anna", 100), WithUnits(u"Bernd", 7)}));
     }
 
-    static NvsetFields WithPrice(TextView price) {
-        NvsetFields fields;
+    static SettingsFields WithPrice(TextView price) {
+        SettingsFields fields;
         fields.SetValue[UnitValue] = price;
         return fields;
     }
@@ -38,7 +38,7 @@ class StoringSettings : public HandlerFixture {
     void Store(TextView price) { StoreSettings(program, WithPrice(price), desktop); }
 
     /// The number of the error that storing raises, 0 for none.
-    int ErrorOfStoring(const NvsetFields& fields) {
+    int ErrorOfStoring(const SettingsFields& fields) {
         try {
             StoreSettings(program, fields, desktop);
         } catch (const RuntimeError& error) {
@@ -158,7 +158,7 @@ TEST_F(StoringSettings, TheRegisterStaysAsItIs) {
 }
 
 TEST_F(StoringSettings, TheNumberConversionUsesTheNewCodesAtOnce) {
-    NvsetFields fields;
+    SettingsFields fields;
     fields.SetValue[CountryCodeValue] = u"49 ";
     fields.SetValue[RegionCodeValue] = u"030";
     StoreSettings(program, fields, desktop);
@@ -171,7 +171,7 @@ TEST_F(StoringSettings, TheNumberConversionUsesTheNewCodesAtOnce) {
 }
 
 TEST_F(StoringSettings, TheNextLoadOfTheAddressesTakesTheNewDatabase) {
-    NvsetFields fields;
+    SettingsFields fields;
     fields.InpSyncFile = TextFromPath(folder.Write("adressen.csv", "\"Anna\",\"Adler\"\r\n"));
     fields.SetValue.at(FirstItemValue) = u"2";
     StoreSettings(program, fields, desktop);
@@ -186,7 +186,7 @@ TEST_F(StoringSettings, TheNextLoadOfTheAddressesTakesTheNewDatabase) {
 
 TEST_F(StoringSettings, AWriteThatFailsIsRaisedWithoutAConfirmation) {
     const FilePath path = folder.Write("norvik.ini", "alt");
-    NvsetFields fields = WithPrice(u"0,15");
+    SettingsFields fields = WithPrice(u"0,15");
     fields.InpLoadfile = u"→";
     const Contents before = ContentsOf(program.State);
 

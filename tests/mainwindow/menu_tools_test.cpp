@@ -2,7 +2,7 @@
 // list, run through the menu to their effect; loading while the register list is open.
 #include "mainwindow/menu.h"
 
-#include "mainwindow/nvlist.h"
+#include "mainwindow/registerlistwindow.h"
 #include "tests/support/handlerfixture.h"
 #include "tests/support/testfolder.h"
 

@@ -1,8 +1,8 @@
 // From the fields back into the register.
 #include "mainwindow/showentry.h"
 
+#include "ringtones/tonenames.h"
 #include "tests/support/builders.h"
-#include "tools/tonenames.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "mainwindow/showentry.h"
 
+#include "ringtones/tonenames.h"
 #include "tests/support/builders.h"
-#include "tools/tonenames.h"
 
 #include <gtest/gtest.h>
 

@@ -25,18 +25,18 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build" / "mutation"
 
 SOURCES = {
-    "195/193": ["devicefiles/registerfilereader.cpp", "devicefiles/registerfilewriter.cpp"],
-    "175": ["devicefiles/phonebookfilereader.cpp", "devicefiles/phonebookfilewriter.cpp"],
-    "CSV": ["textformats/csvreader.cpp", "textformats/csvwriter.cpp", "textformats/csvsplit.cpp",
-            "textformats/infoflow.cpp"],
-    "IP 286": ["textformats/exportip286.cpp"],
-    "call list": ["textformats/convertcalllist.cpp"],
-    "charge statement": ["textformats/mnugebauszug.cpp"],
-    "mobile export": ["textformats/exportmobile.cpp"],
-    "sort": ["devicefiles/sortregister.cpp"],
-    "check": ["tools/checkregister.cpp"],
-    "line-access zero": ["devicefiles/lineaccesszero.cpp"],
-    "globalise": ["textformats/globalize.cpp"],
+    "195/193": ["formats/registerfile/registerfilereader.cpp", "formats/registerfile/registerfilewriter.cpp"],
+    "175": ["formats/phonebook175/phonebookfilereader.cpp", "formats/phonebook175/phonebookfilewriter.cpp"],
+    "CSV": ["formats/csv/csvreader.cpp", "formats/csv/csvwriter.cpp", "formats/csv/csvsplit.cpp",
+            "formats/csv/infoflow.cpp"],
+    "IP 286": ["formats/ip286/ip286.cpp"],
+    "call list": ["formats/calllist/calllist.cpp"],
+    "charge statement": ["formats/charges/chargestatement.cpp"],
+    "mobile export": ["formats/mobile/mobileexport.cpp"],
+    "sort": ["registertools/sortregister.cpp"],
+    "check": ["registertools/checkregister.cpp"],
+    "line-access zero": ["registertools/lineaccesszero.cpp"],
+    "globalise": ["formats/common/globalize.cpp"],
 }
 
 # What stands between other tokens and what takes its place.

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "mainwindow/handlers.h"
+#include "ringtones/tonenames.h"
 #include "tests/support/builders.h"
 #include "tests/support/scripteddesktop.h"
-#include "tools/tonenames.h"
 
 #include <gtest/gtest.h>
 

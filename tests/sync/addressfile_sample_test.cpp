@@ -1,5 +1,5 @@
 // The sample address file with the settings that read it, on the sample register.
-#include "devicefiles/registerfile.h"
+#include "formats/registerfile/registerfile.h"
 #include "register/settings.h"
 #include "sync/loadsyncdatabase.h"
 #include "sync/searchsyncaddress.h"

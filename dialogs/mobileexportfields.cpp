@@ -1,0 +1,80 @@
+#include "dialogs/mobileexportfields.h"
+
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+constexpr std::string_view Ending = ".pbb";
+constexpr TextView Yes = u"yes";
+constexpr TextView No = u"no";
+constexpr TextView UsualSeparator = u";";
+
+/// The settings of the boxes, by their index.
+constexpr std::array<Setting, HandyBoxes> BoxSettings = {
+    Setting::AddRegionCode,     Setting::GlobalizeNumber,    Setting::Change00toPlus,
+    Setting::UseReductionFlags, Setting::DeleteCommaInNames, Setting::WriteMemNumber,
+    Setting::UseQuotesForData};
+
+}  // namespace
+
+MobileExportFields NVHE_Load(const Settings& settings) {
+    const SettingsTable& table = settings.Table;
+    MobileExportFields fields;
+    fields.AnzVorwahl = u"0" + table.Value(Setting::RegionCode);
+    fields.AnzLand = u"00" + table.Value(Setting::CountryCode);
+    fields.InpSeparator = table.Value(Setting::DataSeparator);
+    if (fields.InpSeparator.empty()) {
+        fields.InpSeparator = UsualSeparator;
+    }
+    for (std::size_t box = 0; box < HandyBoxes; ++box) {
+        if (table.Value(BoxSettings.at(box)) == Yes) {
+            fields.chkHE.at(box) = true;
+            chkHE_Click(fields, box);
+        }
+    }
+    return fields;
+}
+
+void chkHE_Click(MobileExportFields& fields, std::size_t box) {
+    if (box == GlobalizeNumberBox && fields.chkHE[GlobalizeNumberBox]) {
+        fields.chkHE[AddRegionCodeBox] = true;
+    }
+}
+
+MobileExportOptions OptionsOf(const MobileExportFields& fields) {
+    return {.AddRegionCode = fields.chkHE[AddRegionCodeBox],
+            .GlobalizeNumber = fields.chkHE[GlobalizeNumberBox],
+            .Change00toPlus = fields.chkHE[Change00toPlusBox],
+            .UseReductionFlags = fields.chkHE[UseReductionFlagsBox],
+            .DeleteCommaInNames = fields.chkHE[DeleteCommaInNamesBox],
+            .WriteMemNumber = fields.chkHE[WriteMemNumberBox],
+            .UseQuotesForData = fields.chkHE[UseQuotesForDataBox],
+            .DataSeparator = fields.InpSeparator};
+}
+
+void btnExport_Click(const MobileExportFields& fields, const RegisterState& state, const Settings& settings,
+                     Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = u"SIM-Surf|*.pbb|Alle Dateien|*.*", .ending = std::string(Ending)});
+    if (!chosen) {
+        return;
+    }
+    ExportMobile(state, OptionsOf(fields), settings, WithEnding(*chosen, Ending), desktop);
+    desktop.ShowEntry();
+}
+
+void btnSaveSettings_Click(const MobileExportFields& fields, Settings& settings, const FilePath& folder,
+                           Desktop& desktop) {
+    SettingsTable table = settings.Table;
+    for (std::size_t box = GlobalizeNumberBox; box < HandyBoxes; ++box) {
+        table.SetValue(BoxSettings.at(box), fields.chkHE.at(box) ? Yes : No);
+    }
+    table.SetValue(Setting::DataSeparator, fields.InpSeparator);
+    WriteSettingsFile(folder, table);
+    settings.Table = std::move(table);
+    desktop.SetStatus(u"Einstellungen gespeichert");
+}
+
+}  // namespace norvik

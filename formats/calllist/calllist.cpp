@@ -1,0 +1,150 @@
+#include "formats/calllist/calllist.h"
+
+#include "base/runtimeerror.h"
+#include "formats/common/bytereader.h"
+#include "formats/common/devicecharacters.h"
+#include "formats/common/registerfileheader.h"
+#include "formats/common/undefinederror.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace norvik {
+
+namespace {
+
+constexpr TextView Title = u"Anruferliste";
+/// Two-digit years below this one are in the 21st century.
+constexpr int FirstYearOf20thCentury = 90;
+
+bool LooksLikeRegisterFile(ByteView header) {
+    return header.size() >= RegisterFileHeader.size() &&
+           std::equal(RegisterFileHeader.begin(), RegisterFileHeader.end(), header.begin());
+}
+
+/// The unsigned number of little-endian bytes.
+std::int64_t NumberOf(ByteView bytes) {
+    constexpr std::int64_t Most = std::numeric_limits<std::int64_t>::max();
+    std::int64_t number = 0;
+    for (std::size_t k = bytes.size(); k > 0; --k) {
+        if (number > Most / 256) {
+            throw RuntimeError(ErrorNumber::Overflow);
+        }
+        number = number * 256 + bytes[k - 1];
+    }
+    return number;
+}
+
+/// The number with at least two digits: "00", "07", "100".
+Text TwoDigits(std::int64_t number) {
+    Text digits = Decimal(number < 0 ? -number : number);
+    digits.insert(0, digits.size() < 2 ? 2 - digits.size() : 0, u'0');
+    return number < 0 ? u"-" + digits : digits;
+}
+
+/// A length byte that counts itself, and the bytes that follow; nothing when it is 0 or missing.
+std::optional<ByteView> ReadElement(ByteReader& input) {
+    const Byte length = input.ReadByte().value_or(0);
+    if (length == 0) {
+        return std::nullopt;
+    }
+    return input.ReadBytes(length - std::size_t{1});
+}
+
+/// The bytes of a string with its tag and length; fewer where the file ends.
+ByteView ReadString(ByteReader& input) {
+    if (input.ReadByte().value_or(calllist::StringTag) != calllist::StringTag) {
+        throw HardStop();
+    }
+    return input.ReadBytes(input.ReadByte().value_or(0));
+}
+
+/// YYMMDDhhmm as DD.MM.CCYY hh:mm.
+Text DateText(TextView stamp) {
+    const TextView year = Slice(stamp, 0, 2);
+    constexpr long long MostOfTwoDigits = 99;
+    const bool recent =
+        LeadingInteger(year, -MostOfTwoDigits, MostOfTwoDigits) < FirstYearOf20thCentury;
+    Text text(Slice(stamp, 4, 2));
+    text.append(u".").append(Slice(stamp, 2, 2)).append(recent ? u".20" : u".19").append(year);
+    text.append(u" ").append(Slice(stamp, 6, 2)).append(u":").append(Slice(stamp, 8, 2));
+    return text;
+}
+
+/// Converts the next call; false when a length of 0 ends the list.
+bool ConvertCall(ByteReader& input, OutputFile& output, Desktop& desktop) {
+    const std::optional<ByteView> number = ReadElement(input);
+    if (!number) {
+        return false;
+    }
+    const auto write = [&output](TextView text) { output.Write(BytesFromText(text)); };
+    write(TwoDigits(NumberOf(*number) - 1) + calllist::Separator);
+    const Text date = DateText(TextFromBytes(ReadString(input)));
+    write(date + calllist::Separator);
+    const Text caller = DeviceToAnsi(ReadString(input));
+    const Text msn = desktop
+                         .AskForText({.prompt = u"MSN zu " + date + u" " + caller,
+                                      .title = u"Anruferliste-Ergänzung MSN",
+                                      .preset = u"0"})
+                         .value_or(Text());
+    write(msn + calllist::Separator + caller + Text(LineEnd));
+    return ReadElement(input).has_value();
+}
+
+}  // namespace
+
+void EnsureNotItself(const FilePath& file, const FilePath& output) {
+    std::error_code failure;  // two files of which one does not exist are not the same
+    if (std::filesystem::equivalent(file, output, failure)) {
+        throw RuntimeError(ErrorNumber::FileAlreadyOpen);
+    }
+}
+
+FilePath CallListOutput(const FilePath& file) {
+    const FilePath::string_type& path = file.native();
+    FilePath output = path.substr(0, path.find('.'));
+    output += ".csv";
+    return output;
+}
+
+void ConvertCallList(const FilePath& file, Desktop& desktop) {
+    const FilePath outputPath = CallListOutput(file);
+    const Bytes bytes = ReadWholeFile(file);
+    EnsureNotItself(file, outputPath);
+    WriteCallList(bytes, outputPath, desktop);
+    ReportCallList(outputPath, desktop);
+}
+
+void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop) {
+    ByteReader input(calls);
+    OutputFile output(outputPath);
+    if (LooksLikeRegisterFile(input.ReadBytes(calllist::HeaderLength))) {
+        desktop.Ask(
+            {.text = u"Header=RegisterHeader!", .title = Text(Title), .icon = Icon::Exclamation});
+    }
+    while (!input.AtEnd() && ConvertCall(input, output, desktop)) {
+    }
+    output.Close();
+}
+
+void ReportCallList(const FilePath& output, Desktop& desktop) {
+    Text report = u"Anruferliste wurde in Datei";
+    report.append(LineEnd).append(TextFromPath(output)).append(u" gespeichert.");
+    desktop.Ask({.text = report, .title = Text(Title), .icon = Icon::Information});
+}
+
+void mnuDateiConvCallListCSV(Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToOpen(
+        {.filter = u"Anrufliste|*.t9a|Alle Dateien|*.*", .ending = std::string(calllist::Ending)});
+    if (!chosen) {
+        return;
+    }
+    try {
+        ConvertCallList(WithEnding(*chosen, calllist::Ending), desktop);
+    } catch (const RuntimeError& error) {
+        ReportUndefinedError(u"mnuDateiConvCallListCSV", error, desktop);
+    }
+}
+
+}  // namespace norvik

@@ -1,0 +1,39 @@
+// The list of callers that the 195 and 193 save (".t9a"). docs/formats/calllist.md describes it.
+#pragma once
+
+#include "base/desktop.h"
+
+namespace norvik {
+
+namespace calllist {
+inline constexpr std::string_view Ending = ".t9a";
+/// Opens the date and the caller's number of a call.
+inline constexpr Byte StringTag = 6;
+inline constexpr std::size_t HeaderLength = 20;
+inline constexpr char16_t Separator = u';';
+}  // namespace calllist
+
+/// The text file that the calls of `file` go into: the path up to and including its first ".", also
+/// one in a folder's name, and "csv". A path without a "." gets ".csv" appended.
+FilePath CallListOutput(const FilePath& file);
+
+/// Raises error 55 when the output would be the list itself, also by a link.
+void EnsureNotItself(const FilePath& file, const FilePath& output);
+
+/// Writes a line for each call of `file` into CallListOutput(file), asking for the MSN of each, and
+/// tells where they are. Raises what reading and writing raise, error 55 when the output would be
+/// the input itself, and error 6 for a call number of 2^63 and more. Throws HardStop for a date or
+/// number with a wrong tag; the output then holds what was written so far.
+void ConvertCallList(const FilePath& file, Desktop& desktop);
+
+/// The conversion alone: the calls of a list that has been read go into a file of any name. Raises
+/// what writing raises, error 6 and HardStop as ConvertCallList does.
+void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop);
+
+/// Tells that the calls are in the file.
+void ReportCallList(const FilePath& output, Desktop& desktop);
+
+/// Asks for a call list and converts it. The register is not touched.
+void mnuDateiConvCallListCSV(Desktop& desktop);
+
+}  // namespace norvik

@@ -1,0 +1,61 @@
+#include "formats/charges/chargestatement.h"
+
+#include "formats/common/devicecharacters.h"
+
+namespace norvik {
+
+namespace {
+
+constexpr std::string_view Ending = ".geb";
+
+void WriteLine(OutputFile& output, const Text& line) {
+    output.Write(BytesFromText(line + Text(LineEnd)));
+}
+
+}  // namespace
+
+Text ChargeStatementName(const RegisterEntry& entry) {
+    return DeviceToAnsi(BytesFromText(entry.Name));
+}
+
+void WriteChargeStatement(const RegisterState& state, double unitPrice, const FilePath& path) {
+    const CurrentFile& source = state.File;
+    OutputFile output(path);
+    WriteLine(output, u"Norvik Gebührenauszug");
+    WriteLine(output, u"Typ: " + source.Type + u"   Zeit: " +
+                          (source.Modified ? FormatDateTimeSeconds(*source.Modified) : Text()));
+    WriteLine(output, u"Quelle: " + TextFromPath(source.Path));
+    WriteLine(output, u"EINZELGEBÜHR" + Text(1, Tab) + u"NAME");
+    double total = 0;
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        const RegisterEntry& entry = EntryAt(state, position);
+        if (HasChargeCounter(entry)) {
+            const double amount = entry.GebEinh * unitPrice;
+            total += amount;
+            WriteLine(output, FormatAmount(amount) + Tab + ChargeStatementName(entry));
+        }
+    }
+    WriteLine(output, {});
+    WriteLine(output, FormatAmount(total) + Tab + u"GESAMTSUMME");
+    output.Close();
+}
+
+void mnuGebAuszug(const RegisterState& state, double unitPrice, Desktop& desktop) {
+    if (desktop.Ask({.text = u"Diese Aktion speichert alle Gebühren in einer Textdatei.",
+                     .title = u"Auszug",
+                     .icon = Icon::Exclamation,
+                     .buttons = {Button::Ok, Button::Cancel}}) != Button::Ok) {
+        return;
+    }
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = u"norvik-Gebühren|*.geb|Alle Dateien|*.*", .ending = std::string(Ending)});
+    if (!chosen) {
+        return;
+    }
+    desktop.SetStatus(u"Gebührenauszug wird erstellt...");
+    WriteChargeStatement(state, unitPrice, WithEnding(*chosen, Ending));
+    desktop.SetStatus(u"Gebührenauszug erstellt.");
+    desktop.ShowEntry();
+}
+
+}  // namespace norvik

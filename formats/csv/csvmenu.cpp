@@ -1,0 +1,63 @@
+#include "formats/csv/csvmenu.h"
+
+#include "formats/common/followload.h"
+#include "formats/common/undefinederror.h"
+#include "formats/csv/csvformat.h"
+
+namespace norvik {
+
+void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, bool avoidDoubles,
+                     Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToOpen(
+        {.filter = u"CSV-Datei|*.csv|Alle Dateien|*.*", .ending = std::string(csvformat::Ending)});
+    if (!chosen) {
+        return;
+    }
+    FilePath file = avoidDoubles ? "#D" : "";
+    file += WithEnding(*chosen, csvformat::Ending);
+    if (LoadCSVOrReport(state, settings, file, desktop)) {
+        FollowLoad(state, desktop);
+    }
+}
+
+namespace {
+
+/// Runs `load` and gives whether it went to its end.
+bool RunOrReport(const std::function<void()>& load, Desktop& desktop) {
+    try {
+        load();
+        return true;
+    } catch (const RuntimeError& error) {
+        ReportUndefinedError(u"mnuDateiLoadCSV", error, desktop);
+        return false;
+    }
+}
+
+}  // namespace
+
+bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FilePath& file,
+                     Desktop& desktop) {
+    return RunOrReport([&] { LoadCSV(state, file, settings, desktop); }, desktop);
+}
+
+bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const SourceReader& read,
+                     bool avoidDoubles, Desktop& desktop) {
+    return RunOrReport([&] { LoadCSV(state, read(), avoidDoubles, settings, desktop); }, desktop);
+}
+
+void mnuDateiSaveCSV(RegisterState& state, Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = u"CSV-Datei|*.csv|Alle Dateien|*.*", .ending = std::string(csvformat::Ending)});
+    if (!chosen) {
+        return;
+    }
+    try {
+        SaveCSV(state, WithEnding(*chosen, csvformat::Ending), desktop);
+    } catch (const RuntimeError& error) {
+        ReportUndefinedError(u"mnuDateiSaveCSV", error, desktop);
+        return;
+    }
+    desktop.ShowEntry();
+}
+
+}  // namespace norvik

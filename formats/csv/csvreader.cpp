@@ -1,0 +1,164 @@
+#include "base/lines.h"
+#include "formats/common/globalize.h"
+#include "formats/csv/csvformat.h"
+#include "formats/csv/csvsplit.h"
+#include "formats/csv/infoflow.h"
+#include "registertools/checkregister.h"
+
+#include <limits>
+
+namespace norvik {
+
+namespace {
+
+using csvformat::Column;
+
+constexpr int FilterUnit = 1 << FilterShift;
+
+constexpr long long Least16 = std::numeric_limits<std::int16_t>::min();
+constexpr long long Most16 = std::numeric_limits<std::int16_t>::max();
+constexpr long long Least32 = std::numeric_limits<std::int32_t>::min();
+constexpr long long Most32 = std::numeric_limits<std::int32_t>::max();
+
+std::int16_t Fit16(long long value) {
+    if (value < Least16 || value > Most16) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<std::int16_t>(value);
+}
+
+bool IsYes(TextView field) {
+    return !field.empty() && Contains(u"1yYjJ", field.substr(0, 1));
+}
+
+/// The filter's code: its first letter's place in "AVC", 0 for any other.
+long long FilterCode(TextView field) {
+    constexpr TextView Letters = u"AVC";
+    const std::size_t place = field.empty() ? TextView::npos : Letters.find(UpperCase(field[0]));
+    return place == TextView::npos ? 0 : static_cast<long long>(place) + 1;
+}
+
+/// The MSN's value minus one goes into the flag word as it is; what is below 1 is none.
+long long MsnIndex(TextView field) {
+    const long long value = LeadingInteger(field, Least32, Most32);
+    return value < 1 ? MsnOfTelephone : value - 1;
+}
+
+std::int16_t FlagWord(const CsvFields& fields) {
+    if (fields.Count <= Column::Msn) {
+        return MsnOfTelephone;
+    }
+    return Fit16(MsnIndex(fields.Values[Column::Msn]) +
+                 FilterUnit * FilterCode(fields.Values[Column::Filter]) +
+                 (IsYes(fields.Values[Column::EnGebColumn]) ? EnGeb : 0));
+}
+
+/// The info fields that the line has.
+Text InfoOf(const CsvFields& fields) {
+    const std::size_t end = std::min<std::size_t>(fields.Count, Column::Info6 + 1);
+    const std::size_t count = end > Column::Info1 ? end - Column::Info1 : 0;
+    return AssembleInfo(std::span(fields.Values).subspan(Column::Info1, count));
+}
+
+void TakeFields(const CsvFields& fields, RegisterEntry& entry, const Settings& settings,
+                Desktop& desktop) {
+    const auto& values = fields.Values;
+    entry.Info.clear();
+    entry.Name = CsvName(values[Column::Name]);
+    entry.Tel = Globalize(Slice(values[Column::Tel], 0, FieldWidth),
+                          GlobalizeMode::CleanForTelephone, settings, desktop);
+    entry.Info = InfoOf(fields);
+    entry.AB = Fit16(LeadingInteger(values[Column::AB], Least16, Most16));
+    entry.Ton = Fit16(LeadingInteger(values[Column::Ton], Least16, Most16) +
+                      (IsYes(values[Column::EnTonColumn]) ? EnTon : 0));
+    entry.GebEinh =
+        static_cast<std::int32_t>(LeadingInteger(values[Column::GebEinh], Least32, Most32));
+    entry.MsnFilter = FlagWord(fields);
+}
+
+/// The line before and where its first field stands in it; a line may be large, so no copy is made.
+struct PreviousLine {
+    Text Line;
+    std::size_t NameStart = 0;
+    std::size_t NameLength = 0;
+
+    [[nodiscard]] TextView Name() const { return Slice(Line, NameStart, NameLength); }
+
+    /// `name` is a part of `line`.
+    void Remember(Text&& line, TextView name) {
+        NameStart = name.empty() ? 0 : static_cast<std::size_t>(name.data() - line.data());
+        NameLength = name.size();
+        Line = std::move(line);
+    }
+};
+
+void Note(Text& report, TextView finding, TextView name) {
+    report.append(finding).append(name).append(LineEnd);
+}
+
+}  // namespace
+
+Text CsvName(TextView field) {
+    return field.size() > FieldWidth ? Text(field.substr(0, FieldWidth - 1)) + u"." : Text(field);
+}
+
+int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
+            Desktop& desktop) {
+    constexpr std::size_t FewestFields = 2;
+    LineReader lines(file);
+    const bool quoted = !lines.AtEnd() && IsQuotedHeader(lines.Next());
+    int count = 0;
+    PreviousLine previous;
+    while (!lines.AtEnd() && count < RegisterPlaces) {
+        Text line = lines.Next();
+        const CsvFields fields = quoted ? SplitQuoted(line) : SplitPlain(line);
+        const TextView name = fields.Values[Column::Name];
+        const int place = count + 1;
+        state.RegisterOrder(place) = static_cast<std::int16_t>(place);
+        if (fields.Count < FewestFields) {
+            // takes no position
+        } else if (removeDoubles && line == previous.Line) {
+            Note(state.LoadReport, u"Doublette entfernt: ", name);
+        } else {
+            if (name == previous.Name()) {
+                Note(state.LoadReport, u"Doppelter Name: ", name);
+            }
+            TakeFields(fields, state.Register(place), settings, desktop);
+            state.Register(place).RecIndex = static_cast<std::int16_t>(place - 1);
+            count = place;
+        }
+        previous.Remember(std::move(line), name);
+    }
+    return count;
+}
+
+namespace {
+
+/// In front of the path, it switches the removal of doubled lines on.
+constexpr std::string_view RemoveDoublesMark = "#D";
+
+}  // namespace
+
+void LoadCSV(RegisterState& state, const FilePath& file, const Settings& settings,
+             Desktop& desktop) {
+    const std::string argument = file.string();
+    const bool removeDoubles = argument.starts_with(RemoveDoublesMark);
+    const FilePath path = removeDoubles ? argument.substr(RemoveDoublesMark.size()) : argument;
+    LoadCSV(state, ReadSourceFile(path), removeDoubles, settings, desktop);
+}
+
+void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
+             const Settings& settings, Desktop& desktop) {
+    ResetRegister(state);
+    state.LoadReport.clear();
+    SetCount(state, ReadCSV(state, file.Content, removeDoubles, settings, desktop));
+    state.LoadedModel.clear();
+    if (!state.LoadReport.empty()) {
+        desktop.Ask({.text = state.LoadReport, .title = u"LadeCSV: Doubletten entfernt/Hinweise"});
+    }
+    state.File = {.Type = u"CSV", .Path = file.Path, .Modified = file.Modified};
+    CheckRegister(state, desktop);
+    desktop.ShowCurrentFile();
+}
+
+}  // namespace norvik

@@ -1,0 +1,47 @@
+#include "formats/phonebook175/phonebookfilemenu.h"
+
+#include "formats/common/followload.h"
+#include "formats/common/quietsave.h"
+#include "formats/common/undefinederror.h"
+#include "formats/phonebook175/phonebookfile.h"
+
+namespace norvik {
+
+void mnuDateiLoad175(RegisterState& state, Desktop& desktop) {
+    const std::optional<FilePath> chosen =
+        desktop.AskForFileToOpen({.filter = u"norvik-175-Datei|*.pbo|Alle Dateien|*.*",
+                                  .ending = std::string(phonebookfile::Ending)});
+    if (chosen && Load175OrReport(state, WithEnding(*chosen, phonebookfile::Ending), desktop)) {
+        FollowLoad(state, desktop);
+    }
+}
+
+bool Load175OrReport(RegisterState& state, const FilePath& path, Desktop& desktop) {
+    return Load175OrReport(
+        state, [&path] { return ReadSourceFile(path); }, desktop);
+}
+
+bool Load175OrReport(RegisterState& state, const SourceReader& read, Desktop& desktop) {
+    try {
+        return LoadPhonebookFile(state, read(), desktop);
+    } catch (const RuntimeError& error) {
+        desktop.SetPointer(Pointer::Normal);
+        ReportUndefinedError(u"mnuDateiLoad175", error, desktop);
+        return false;
+    }
+}
+
+void mnuDateiSave175(RegisterState& state, Desktop& desktop) {
+    const std::optional<FilePath> chosen =
+        desktop.AskForFileToSave({.filter = u"norvik-175-Datei|*.pbo|Alle Dateien|*.*",
+                                  .ending = std::string(phonebookfile::Ending)});
+    if (!chosen) {
+        return;
+    }
+    const FilePath path = WithEnding(*chosen, phonebookfile::Ending);
+    const auto failure = TrySave([&] { WritePhonebookFile(state, path, desktop); }, desktop);
+    ShowFirstEntry(state, desktop);
+    ReportNotSaved(failure, desktop);
+}
+
+}  // namespace norvik

@@ -1,0 +1,97 @@
+#include "base/lines.h"
+#include "formats/phonebook175/phonebookfile.h"
+#include "registertools/checkregister.h"
+
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+using namespace phonebookfile;
+
+constexpr std::size_t InfoWidth = InfoLines * InfoLineWidth;
+
+/// Reads the eight lines of an entry. Gives false, after a message, at a line that ends it early:
+/// one with a wrong key for the name or number, or, once the file is known to be corrupt, any info
+/// line.
+bool ReadEntry(LineReader& lines, RegisterEntry& entry, bool& corrupt, Desktop& desktop) {
+    constexpr int NameLine = -1;
+    constexpr int TelLine = 0;
+    for (int j = NameLine; j <= InfoLines; ++j) {
+        const Text line = lines.NextOrRaise();
+        const TextView key = Slice(line, 0, KeyLength);
+        const TextView value = Slice(line, KeyLength);
+        if (j == NameLine && key == NameKey) {
+            entry.Name = Slice(value, 0, FieldWidth);
+            continue;
+        }
+        if (j == TelLine && key == TelKey) {
+            entry.Tel = Slice(value, 0, FieldWidth);
+            continue;
+        }
+        if (j <= TelLine || key != InfoKey) {
+            corrupt = true;
+        } else if (entry.Info.size() < InfoWidth) {
+            // In a corrupt file an entry is begun again and again; its text stays an info text.
+            entry.Info += PadOrCut(value, InfoLineWidth);
+        }
+        if (corrupt) {
+            desktop.Ask({.text = u"175-Datei korrupt, Lesen abgebrochen",
+                         .title = u"Fehlermeldung",
+                         .icon = Icon::Critical});
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+int ReadPhonebookEntries(RegisterState& state, LineReader& lines, Desktop& desktop) {
+    int count = 0;
+    bool corrupt = false;  // set once and never cleared
+    while (count < RegisterPlaces && !lines.AtEnd()) {
+        const int place = count + 1;
+        state.RegisterOrder(place) = static_cast<std::int16_t>(place);
+        RegisterEntry& entry = state.Register(place);
+        if (!ReadEntry(lines, entry, corrupt, desktop)) {
+            continue;
+        }
+        entry.Info = RightTrim(entry.Info);
+        entry.RecIndex = static_cast<std::int16_t>(place);
+        entry.MsnFilter = MsnOfTelephone;
+        count = place;
+    }
+    return count;
+}
+
+bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
+    return LoadPhonebookFile(state, ReadSourceFile(path), desktop);
+}
+
+bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& desktop) {
+    LineReader lines(file.Content);
+    const Text first = lines.NextOrRaise();
+    if (TrimBlanks(first) != phonebookfile::Identification) {
+        Text text = u"Dies ist keine Norvik-175-Registerdatei!";
+        text.reserve(text.size() + first.size() + LineEnd.size() + 2);  // may be a whole file
+        text.append(LineEnd).append(u"(").append(first).append(u")");
+        desktop.Ask({.text = std::move(text), .title = u"Fehlermeldung", .icon = Icon::Critical});
+        return false;
+    }
+    ResetRegister(state);
+    state.LoadReport.clear();
+    desktop.SetPointer(Pointer::Hourglass);
+    const int count = ReadPhonebookEntries(state, lines, desktop);
+    desktop.SetPointer(Pointer::Normal);
+    state.LoadedModel = u"175";
+    state.File = {.Type = state.LoadedModel, .Path = file.Path, .Modified = file.Modified};
+    CheckRegister(state, desktop);
+    desktop.ShowCurrentFile();
+    SetCount(state, count);
+    RefreshStatus(state, desktop);
+    return true;
+}
+
+}  // namespace norvik

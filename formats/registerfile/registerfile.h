@@ -1,0 +1,52 @@
+// The register file of the 195 and 193 (".t9t"): its format, its reader and its two writers.
+// docs/formats/registerfile.md describes the bytes.
+#pragma once
+
+#include "base/desktop.h"
+#include "formats/common/registerfileheader.h"
+#include "formats/common/sourcefile.h"
+#include "register/register.h"
+
+namespace norvik {
+
+/// The kinds of value items: a tag is the number of value bytes plus 1 for integers.
+namespace registerfile {
+inline constexpr Byte EndOfList = 0x00;
+inline constexpr Byte Integer8 = 0x02;
+inline constexpr Byte Integer16 = 0x03;
+inline constexpr Byte Integer32 = 0x04;
+inline constexpr Byte ShortString = 0x06;
+
+/// The most that the writers can put into an item.
+inline constexpr std::size_t LongestString = 255;
+inline constexpr int LargestInteger = 0xFFFF;
+/// The 193 holds names of at most so many characters.
+inline constexpr std::size_t NameWidth193 = 20;
+}  // namespace registerfile
+
+/// The ending that the file dialogs append.
+inline constexpr std::string_view RegisterFileEnding = ".t9t";
+
+/// Replaces the register by the entries of a file, with LoadedModel, the current file and the
+/// findings' box; then checks it and shows the file. A failure is shown as "mnuLade193195: …" and
+/// leaves the entries read so far and the old count. A record whose name or number has a wrong tag
+/// stops the program hard. Gives whether the whole file was taken.
+bool LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop);
+/// The same with a file that has been read already.
+bool LoadRegisterFile(RegisterState& state, const SourceFile& file, Desktop& desktop);
+
+/// Writes the used positions in their order as a 195 file and sets RegisterSaved. Raises error 5
+/// for a text of more than 255 characters or a number of 65536 and more; what was written before
+/// stays.
+void WriteRegisterFile195(RegisterState& state, const FilePath& path, Desktop& desktop);
+
+/// The same as a 193 file: no info texts, names cut to 20 characters, no tones, no announcements.
+/// With `onlyMarked` only marked entries; shows a message and writes nothing when AnzMarkiert is 0.
+void WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyMarked,
+                          Desktop& desktop);
+
+/// An integer item: tag and one byte for values up to 127 (negative ones by their low byte), tag
+/// and two bytes from 128 on. Raises error 5 from 65536 on.
+Bytes EncodeInteger(int value);
+
+}  // namespace norvik

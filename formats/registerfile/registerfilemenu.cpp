@@ -1,0 +1,93 @@
+#include "formats/registerfile/registerfilemenu.h"
+
+#include "formats/common/followload.h"
+#include "formats/common/quietsave.h"
+#include "formats/common/undefinederror.h"
+#include "formats/registerfile/registerfile.h"
+
+namespace norvik {
+
+void ReportLoadNVError(const RuntimeError& error, Desktop& desktop) {
+    switch (error.Number()) {
+    case ErrorNumber::FileNotFound:
+    case ErrorNumber::FileAlreadyOpen:
+    case ErrorNumber::DeviceError:
+    case ErrorNumber::BadFileName:
+        desktop.Ask({.text = u"Dateizugriff fehlgeschlagen!",
+                     .title = u"Zugriffsfehler",
+                     .icon = Icon::Critical});
+        return;
+    default:
+        ReportUndefinedError(u"mnuDateiLoadNV", error, desktop);
+    }
+}
+
+void mnuDateiLoadNV(RegisterState& state, Desktop& desktop) {
+    const std::optional<FilePath> chosen =
+        desktop.AskForFileToOpen({.filter = u"NV-195-Datei|*.t9t|Alle Dateien|*.*",
+                                  .ending = std::string(RegisterFileEnding)});
+    if (!chosen) {
+        return;
+    }
+    const FilePath path = WithEnding(*chosen, RegisterFileEnding);
+    try {
+        LoadRegisterFile(state, ReadSourceFile(path), desktop);
+        FollowLoad(state, desktop);
+    } catch (const RuntimeError& error) {
+        ReportLoadNVError(error, desktop);
+    }
+}
+
+bool LoadNVOrReport(RegisterState& state, const SourceReader& read, Desktop& desktop) {
+    try {
+        return LoadRegisterFile(state, read(), desktop);
+    } catch (const RuntimeError& error) {
+        ReportLoadNVError(error, desktop);
+        return false;
+    }
+}
+
+void mnuDateiSaveNV(RegisterState& state, Desktop& desktop) {
+    const std::optional<FilePath> chosen =
+        desktop.AskForFileToSave({.filter = u"norvik-195-Datei|*.t9t|Alle Dateien|*.*",
+                                  .ending = std::string(RegisterFileEnding)});
+    if (!chosen) {
+        return;
+    }
+    const FilePath path = WithEnding(*chosen, RegisterFileEnding);
+    const auto failure = TrySave([&] { WriteRegisterFile195(state, path, desktop); }, desktop);
+    RefreshStatus(state, desktop);
+    ReportNotSaved(failure, desktop);
+}
+
+namespace {
+
+bool AskForReduction(const RegisterState& state, Desktop& desktop) {
+    if (state.LoadedModel == u"193") {
+        return false;
+    }
+    return desktop.Ask({.text = u"Nur markierte Datensätze abspeichern?",
+                        .title = u"Datensatzreduktion",
+                        .icon = Icon::Question,
+                        .buttons = {Button::Yes, Button::No},
+                        .defaultButton = Button::No}) == Button::Yes;
+}
+
+}  // namespace
+
+void MNUDateiSave193(RegisterState& state, Desktop& desktop) {
+    const std::optional<FilePath> chosen =
+        desktop.AskForFileToSave({.filter = u"norvik-193/5-Datei|*.t9t|Alle Dateien|*.*",
+                                  .ending = std::string(RegisterFileEnding)});
+    if (!chosen) {
+        return;
+    }
+    const FilePath path = WithEnding(*chosen, RegisterFileEnding);
+    const bool onlyMarked = AskForReduction(state, desktop);
+    const auto failure =
+        TrySave([&] { WriteRegisterFile193(state, path, onlyMarked, desktop); }, desktop);
+    ShowFirstEntry(state, desktop);
+    ReportNotSaved(failure, desktop);
+}
+
+}  // namespace norvik

@@ -1,0 +1,131 @@
+#include "losses/lossreport.h"
+
+#include "formats/common/transliterate.h"
+#include "formats/ip286/ip286.h"
+#include "losses/lossreport_entry.h"
+#include "registertools/checkregister.h"
+
+#include <algorithm>
+#include <map>
+
+namespace norvik {
+
+namespace {
+
+/// Whether a character would end or spoil the user's line.
+bool IsControl(char16_t character) {
+    return character < u' ' || (character >= u'\u007F' && character <= u'\u009F');
+}
+
+/// What the IP 286 makes of the register as a whole.
+class Ip286Losses {
+  public:
+    explicit Ip286Losses(TextView exclusions) : exclusions_(SplitExclusions(exclusions)) {}
+
+    [[nodiscard]] bool Leaves(const RegisterEntry& entry) const {
+        return IsExcluded(entry, exclusions_);
+    }
+
+    /// Looks at the next entry that is written.
+    void Look(const RegisterEntry& entry, int position, EntryLosses& losses) {
+        ++written_;
+        if (written_ > LargestIP286Register) {
+            losses.Add(LossKind::TooManyEntries,
+                       u"Eintrag " + Decimal(written_) +
+                           u" der Datei; das IP 286 speichert höchstens " +
+                           Decimal(LargestIP286Register));
+        }
+        const Text name(TrimBlanks(Transliterate(entry.Name)));
+        if (name.empty()) {
+            losses.Add(LossKind::BlankName, u"Name ist leer");
+            return;
+        }
+        const auto [first, isNew] = positions_.try_emplace(name, position);
+        if (!isNew) {
+            losses.Add(LossKind::DoubledName, u"gleicher Name wie #" + Decimal(first->second));
+        }
+    }
+
+  private:
+    std::vector<TextView> exclusions_;
+    int written_ = 0;
+    std::map<Text, int> positions_;  ///< where each name occurs first
+};
+
+/// Makes of the entry what is left of it in the target.
+void Convert(RegisterEntry& entry, TargetFormat target, const LossOptions& options,
+             EntryLosses& losses) {
+    switch (target) {
+    case TargetFormat::Register195:
+        return ThroughRegister195(entry, losses);
+    case TargetFormat::Register193:
+        return ThroughRegister193(entry, losses);
+    case TargetFormat::Phonebook175:
+        return ThroughPhonebook175(entry, losses);
+    case TargetFormat::Csv:
+        return ThroughCsv(entry, options.QuotedCsv, losses);
+    case TargetFormat::Ip286:
+        return ThroughIp286(entry, losses);
+    case TargetFormat::MobileExport:
+        return ThroughMobileExport(entry, options.Mobile, losses);
+    case TargetFormat::ChargeStatement:
+        return ThroughChargeStatement(entry, losses);
+    }
+}
+
+/// Whether a load with its check follows.
+bool CanBeLoaded(TargetFormat target) {
+    return target == TargetFormat::Register195 || target == TargetFormat::Register193 ||
+           target == TargetFormat::Phonebook175 || target == TargetFormat::Csv;
+}
+
+void FindEntryLosses(const RegisterEntry& entry, TargetFormat target, const LossOptions& options,
+                     EntryLosses& losses) {
+    RegisterEntry rest = entry;
+    Convert(rest, target, options, losses);
+    if (losses.IsTorn()) {
+        return;
+    }
+    if (CanBeLoaded(target)) {
+        Text findings;  // the repair alone matters
+        CheckEntry(rest, findings);
+    }
+    CompareValues(entry, rest, losses);
+}
+
+bool IsLeftUnmarked(const RegisterEntry& entry, TargetFormat target, const LossOptions& options) {
+    const bool mobile = target == TargetFormat::MobileExport;
+    const bool onlyMarked =
+        (options.OnlyMarked && (mobile || target == TargetFormat::Register193)) ||
+        (options.Mobile.UseReductionFlags && mobile);
+    return onlyMarked && !IsMarked(entry);
+}
+
+}  // namespace
+
+std::vector<Loss> LossReport(const RegisterState& state, TargetFormat target,
+                             const LossOptions& options) {
+    std::vector<Loss> report;
+    const bool ip286 = target == TargetFormat::Ip286;
+    Ip286Losses ip286Losses(options.Exclusions);
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        const RegisterEntry& entry = EntryAt(state, position);
+        if (IsLeftUnmarked(entry, target, options) || (ip286 && ip286Losses.Leaves(entry))) {
+            continue;
+        }
+        EntryLosses losses(report, position, entry.Name);
+        if (ip286) {
+            ip286Losses.Look(entry, position, losses);
+        }
+        FindEntryLosses(entry, target, options, losses);
+    }
+    return report;
+}
+
+Text LossLine(const Loss& loss) {
+    Text line = u"#" + Decimal(loss.Position) + u" " + loss.Name + u": " + loss.What;
+    std::replace_if(line.begin(), line.end(), IsControl, u'?');
+    return line;
+}
+
+}  // namespace norvik

@@ -1,0 +1,164 @@
+// What the text files do not hold.
+#include "formats/charges/chargestatement.h"
+#include "formats/common/globalize.h"
+#include "formats/common/transliterate.h"
+#include "formats/csv/csvsplit.h"
+#include "formats/csv/infoflow.h"
+#include "losses/lossreport_entry.h"
+
+namespace norvik {
+
+namespace {
+
+void CleanTel(Text& number, GlobalizeMode mode, EntryLosses& losses) {
+    if (Changes(number, CleanNumber(number, mode))) {
+        losses.Add(LossKind::NumberCleaned, u"Nummer wird bereinigt: " + number);
+    }
+}
+
+void NoteLineBreak(TextView text, const FieldWords& field, EntryLosses& losses) {
+    if (Contains(text, u"\r") || Contains(text, u"\n")) {
+        losses.Add(LossKind::LineBreak,
+                   Sentence({u"Zeilenende ", field.In, u" zerreißt die Zeile"}));
+    }
+}
+
+void NoteQuote(TextView text, const FieldWords& field, EntryLosses& losses) {
+    if (Contains(text, u"\"")) {
+        losses.Add(LossKind::Quote,
+                   Sentence({u"Anführungszeichen ", field.In, u" beendet den Wert"}));
+    }
+}
+
+using CsvTexts = std::array<Text, csvformat::Columns>;
+
+Text InColumn(std::size_t column) {
+    if (column == csvformat::Name || column == csvformat::Tel) {
+        return Text(column == csvformat::Name ? NameWords.In : NumberWords.In);
+    }
+    const std::size_t line = column - csvformat::Info1 + 1;
+    return u"in Infozeile " + Decimal(static_cast<long long>(line));
+}
+
+/// Looks for what a value of the form cannot hold. In the other form each is a character as any.
+void NoteTearsCsv(const CsvTexts& values, bool quoted, EntryLosses& losses) {
+    const TextView divider(quoted ? &csvformat::Quote : &csvformat::Separator, 1);
+    for (std::size_t column = csvformat::Name; column <= csvformat::Info6; ++column) {
+        const Text& value = values.at(column);
+        if (Contains(value, divider)) {
+            losses.AddTear(
+                quoted ? LossKind::Quote : LossKind::Separator,
+                Sentence({quoted ? u"Anführungszeichen " : u"Semikolon ", InColumn(column),
+                          u": die Spalten dahinter verschieben sich"}));
+        }
+        if (Contains(value, u"\r")) {
+            losses.AddTear(LossKind::LineBreak,
+                           Sentence({u"Zeilenende ", InColumn(column), u" zerreißt die Zeile"}));
+        }
+    }
+}
+
+/// The field that the reader makes of a value without quotes around it.
+TextView PlainField(TextView value) {
+    return SplitPlain(value).Values.front();
+}
+
+void ThroughPlain(Text& text, const FieldWords& field, EntryLosses& losses) {
+    TrimEnd(text, field, losses);
+    if (Changes(text, Text(PlainField(text)))) {
+        losses.Add(LossKind::Quote,
+                   Sentence({u"Anführungszeichen an beiden Enden ", field.Of, u" fallen weg"}));
+    }
+}
+
+void ThroughPlainInfo(Text& info, const CsvTexts& values, EntryLosses& losses) {
+    std::array<TextView, InfoLines> lines;
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        lines.at(line) = PlainField(values.at(csvformat::Info1 + line));
+    }
+    if (Changes(info, AssembleInfo(lines))) {
+        losses.Add(LossKind::Quote,
+                   u"Anführungszeichen an beiden Enden einer Infozeile fallen weg");
+    }
+}
+
+void NoteSeparator(TextView text, TextView separator, const FieldWords& field,
+                   EntryLosses& losses) {
+    if (!separator.empty() && Contains(text, separator)) {
+        losses.Add(LossKind::Separator, Sentence({u"Trennzeichen \"", separator, u"\" ", field.In,
+                                                  u" trennt die Werte"}));
+    }
+}
+
+}  // namespace
+
+void ThroughCsv(RegisterEntry& entry, bool quoted, EntryLosses& losses) {
+    const CsvTexts values = CsvValues(entry);
+    NoteTearsCsv(values, quoted, losses);
+    if (losses.IsTorn()) {
+        return;
+    }
+    TrimEnd(entry.Info, InfoWords, losses);
+    CutInfo(entry.Info, losses);
+    if (!quoted) {
+        ThroughPlain(entry.Name, NameWords, losses);
+        ThroughPlain(entry.Tel, NumberWords, losses);
+        ThroughPlainInfo(entry.Info, values, losses);
+    }
+    Cut(entry.Name, CsvName(entry.Name), NameWords, LossKind::NameCut, losses);
+    Cut(entry.Tel, Text(Slice(entry.Tel, 0, FieldWidth)), NumberWords, LossKind::NumberCut, losses);
+    CleanTel(entry.Tel, GlobalizeMode::CleanForTelephone, losses);
+    entry.Ton &= ToneMask | EnTon;
+    entry.MsnFilter &= MsnFilterMask;
+    if (MsnOf(entry) > LastMsn) {
+        entry.MsnFilter |= MsnOfTelephone;
+    }
+}
+
+void ThroughIp286(RegisterEntry& entry, EntryLosses& losses) {
+    NoteQuote(entry.Name, NameWords, losses);
+    NoteQuote(entry.Tel, NumberWords, losses);
+    NoteLineBreak(entry.Name, NameWords, losses);
+    NoteLineBreak(entry.Tel, NumberWords, losses);
+    if (Changes(entry.Name, Transliterate(entry.Name))) {
+        losses.Add(LossKind::Transliteration, u"Name wird umschrieben: " + entry.Name);
+    }
+    DropInfo(entry, losses);
+    DropValues(entry);
+}
+
+void ThroughMobileExport(RegisterEntry& entry, const MobileExportOptions& options,
+                         EntryLosses& losses) {
+    if (options.DeleteCommaInNames && Changes(entry.Name, WithoutComma(entry.Name))) {
+        losses.Add(LossKind::Comma, u"Komma im Namen fällt weg: " + entry.Name);
+    }
+    CleanTel(entry.Tel, GlobalizeMode::Clean, losses);
+    if (options.UseQuotesForData) {
+        NoteQuote(entry.Name, NameWords, losses);
+    } else {
+        NoteSeparator(entry.Name, options.DataSeparator, NameWords, losses);
+        NoteSeparator(entry.Tel, options.DataSeparator, NumberWords, losses);
+    }
+    NoteLineBreak(entry.Name, NameWords, losses);
+    DropInfo(entry, losses);
+    DropValues(entry);
+}
+
+void ThroughChargeStatement(RegisterEntry& entry, EntryLosses& losses) {
+    if (!HasChargeCounter(entry)) {
+        losses.AddTear(LossKind::EntryLeftOut, u"kein Gebührenzähler, der Eintrag fehlt im Auszug");
+        return;
+    }
+    NoteDeviceBytes(entry.Name, ChargeStatementName(entry), NameWords, losses);
+    NoteLineBreak(entry.Name, NameWords, losses);
+    if (!entry.Tel.empty()) {
+        losses.Add(LossKind::NumberDropped, u"Nummer fällt weg: " + entry.Tel);
+    }
+    DropInfo(entry, losses);
+    const std::int32_t charges = entry.GebEinh;
+    DropValues(entry);
+    entry.MsnFilter |= EnGeb;
+    entry.GebEinh = charges;
+}
+
+}  // namespace norvik

@@ -1,0 +1,113 @@
+#include "qt/entrylist.h"
+
+#include "qt/textconversion.h"
+
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace norvik {
+
+void EntryListModel::SetRows(const std::vector<Text>& rows) {
+    if (rows == rows_) {
+        return;
+    }
+    beginResetModel();
+    rows_ = rows;
+    endResetModel();
+}
+
+const Text& EntryListModel::Row(int row) const {
+    return rows_.at(static_cast<std::size_t>(row));
+}
+
+int EntryListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant EntryListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
+        return {};
+    }
+    const QString row = ToQString(Row(index.row()));
+    // A tool tip knows markup, a row holds none.
+    return role == Qt::DisplayRole
+               ? row
+               : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(row.toHtmlEscaped());
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    constexpr int RoomAbove = 2;
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, RoomAbove);
+}
+
+EntryListView::EntryListView(QWidget* parent) : QListView(parent) {
+    setItemDelegate(new RowDelegate(this));
+    setUniformItemSizes(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
+
+void EntryListView::SelectRow(std::optional<int> row) {
+    const bool before = std::exchange(selecting_, true);
+    if (row) {
+        const QModelIndex index = model()->index(*row, 0);
+        setCurrentIndex(index);
+        scrollTo(index);
+    } else {
+        selectionModel()->clear();
+    }
+    selecting_ = before;
+}
+
+void EntryListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListView::currentChanged(current, previous);
+    if (!selecting_ && !deferred_) {
+        Choose(current);
+    }
+}
+
+void EntryListView::focusInEvent(QFocusEvent* event) {
+    // A list without a current row makes its first one current by itself; nobody chose that.
+    const bool none = !currentIndex().isValid();
+    const bool before = std::exchange(selecting_, true);
+    QListView::focusInEvent(event);
+    if (none) {
+        selectionModel()->clear();
+    }
+    selecting_ = before;
+}
+
+void EntryListView::keyPressEvent(QKeyEvent* event) {
+    const QPersistentModelIndex before = currentIndex();
+    deferred_ = true;
+    QListView::keyPressEvent(event);
+    deferred_ = false;
+    if (currentIndex() != before) {
+        Choose(currentIndex());
+    }
+}
+
+void EntryListView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !indexAt(event->position().toPoint()).isValid()) {
+        return;  // nothing is chosen by other buttons, nor below the rows
+    }
+    deferred_ = true;
+    QListView::mousePressEvent(event);
+}
+
+void EntryListView::mouseReleaseEvent(QMouseEvent* event) {
+    QListView::mouseReleaseEvent(event);
+    const bool pressed = std::exchange(deferred_, false);
+    if (pressed && event->button() == Qt::LeftButton) {
+        Choose(currentIndex());
+    }
+}
+
+void EntryListView::Choose(const QModelIndex& index) {
+    if (index.isValid()) {
+        emit rowChosen(index.row());
+    }
+}
+
+}  // namespace norvik

@@ -1,0 +1,151 @@
+#include "qt/registerlistwindow.h"
+
+#include "qt/entrylist.h"
+#include "qt/textconversion.h"
+#include "qt/widgetmakers.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+QString BoxCaption(std::size_t box) {
+    const std::array<QString, FilterLetters.size()> captions = {
+        QStringLiteral("&AB-Ansage"),   QStringLiteral("&Tonruf"),
+        QStringLiteral("&MSN"),         QStringLiteral("&Gebührenzähler"),
+        QStringLiteral("Anruff&ilter"), QStringLiteral("&VIP-Filter"),
+        QStringLiteral("&CD-Filter"),   QStringLiteral("Für &Datenreduktion markiert"),
+    };
+    return captions.at(box);
+}
+
+}  // namespace
+
+RegisterListWindow::RegisterListWindow(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      model_(new EntryListModel(this)) {
+    setObjectName(QStringLiteral("NVList"));
+    setWindowTitle(QStringLiteral("Telefonregister-Liste filtern - Maske setzen"));
+    auto* layout = new QGridLayout(this);
+    layout->addWidget(MakeBoxes(), 0, 0);
+    layout->addLayout(MakeList(), 0, 1);
+    layout->addLayout(MakeButtons(), 1, 0, 1, 2);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(0, 1);
+    resize(sizeHint().expandedTo(
+        {fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 24}));
+    PlaceBeside(*parent);
+    chkFi_.front()->setFocus();
+}
+
+QWidget* RegisterListWindow::MakeBoxes() {
+    auto* group = new QGroupBox(QStringLiteral("Eigenschaften"), this);
+    auto* layout = new QVBoxLayout(group);
+    for (std::size_t number = 0; number < chkFi_.size(); ++number) {
+        const QString caption = BoxCaption(number);
+        QCheckBox* box = MakeCheckBox("", caption, QString(caption).remove(u'&'), group);
+        box->setObjectName(IndexedName("chkFi", static_cast<int>(number)));
+        connect(box, &QCheckBox::toggled, this, [this] {
+            if (!drawing_) {
+                emit boxesChanged();
+            }
+        });
+        chkFi_.at(number) = box;
+        layout->addWidget(box);
+    }
+    layout->addStretch();
+    return group;
+}
+
+QLayout* RegisterListWindow::MakeList() {
+    ListResult_ = new QListView(this);
+    Name(ListResult_, "ListResult", QStringLiteral("Liste der gefundenen Treffer"));
+    ListResult_->setUniformItemSizes(true);
+    ListResult_->setItemDelegate(new RowDelegate(ListResult_));
+    ListResult_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    ListResult_->setModel(model_);
+    AnzTreffer_ = MakeDisplay("AnzTreffer", QStringLiteral("Anzahl der Treffer"), this);
+    // It only informs: the list always sorts its lines.
+    auto* chkSortiert = MakeCheckBox("chkSortiert", QStringLiteral("Sortiert"),
+                                     QStringLiteral("Liste ist sortiert"), this);
+    chkSortiert->setChecked(true);
+    chkSortiert->setEnabled(false);
+    auto* below = new QHBoxLayout;
+    below->addWidget(new QLabel(QStringLiteral("Treffer: "), this));
+    below->addWidget(AnzTreffer_);
+    below->addStretch();
+    below->addWidget(chkSortiert);
+    auto* layout = new QVBoxLayout;
+    layout->addWidget(
+        MakeLabel(QStringLiteral("&Liste der gefundenen Treffer"), ListResult_, this));
+    layout->addWidget(ListResult_);
+    layout->addLayout(below);
+    return layout;
+}
+
+QLayout* RegisterListWindow::MakeButtons() {
+    auto* btnExit = MakeButton("btnExit", QStringLiteral("&Filter setzen"),
+                               QStringLiteral("Filter setzen"), this);
+    auto* btnCancel =
+        MakeButton("btnCancel", QStringLiteral("Abbrechen"), QStringLiteral("Abbrechen"), this);
+    btnExit->setDefault(true);
+    connect(btnExit, &QPushButton::clicked, this, &RegisterListWindow::exitClicked);
+    connect(btnCancel, &QPushButton::clicked, this, &RegisterListWindow::cancelled);
+    auto* line = new QHBoxLayout;
+    line->addStretch();
+    line->addWidget(btnExit);
+    line->addWidget(btnCancel);
+    return line;
+}
+
+/// To the right of the window where there is room, else to its left, else as far right as the
+/// screen reaches.
+void RegisterListWindow::PlaceBeside(const QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    const QRect frame = window.frameGeometry();
+    QRect place(QPoint(frame.right() + 1, frame.top()), size());
+    if (place.right() > screen.right() && frame.left() - place.width() >= screen.left()) {
+        place.moveRight(frame.left() - 1);
+    } else if (place.right() > screen.right()) {
+        place.moveRight(screen.right());
+        place.moveTop(frame.top() + fontMetrics().height() * 3);
+    }
+    place.moveBottom(std::min(place.bottom(), screen.bottom()));
+    place.moveTopLeft({std::max(place.left(), screen.left()), std::max(place.top(), screen.top())});
+    move(place.topLeft());
+}
+
+void RegisterListWindow::Draw(const RegisterListFields& fields) {
+    const bool before = std::exchange(drawing_, true);
+    for (std::size_t box = 0; box < chkFi_.size(); ++box) {
+        chkFi_.at(box)->setChecked(fields.chkFi.at(box));
+    }
+    model_->SetRows(fields.ListResult);
+    AnzTreffer_->setText(ToQString(fields.AnzTreffer));
+    drawing_ = before;
+}
+
+std::array<bool, FilterLetters.size()> RegisterListWindow::Boxes() const {
+    std::array<bool, FilterLetters.size()> boxes{};
+    for (std::size_t box = 0; box < boxes.size(); ++box) {
+        boxes.at(box) = chkFi_.at(box)->isChecked();
+    }
+    return boxes;
+}
+
+void RegisterListWindow::reject() {
+    emit cancelled();
+}
+
+}  // namespace norvik

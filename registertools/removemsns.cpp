@@ -1,0 +1,28 @@
+#include "registertools/removemsns.h"
+
+namespace norvik {
+
+bool mnuBearbeitenKillMSN(RegisterState& state, Desktop& desktop) {
+    Text question = u"Diese Aktion löscht alle Einstellungen zu abgehenden MSN!";
+    question.append(LineEnd);
+    if (desktop.Ask({.text = question,
+                     .title = u"MSN löschen",
+                     .icon = Icon::Exclamation,
+                     .buttons = {Button::Ok, Button::Cancel},
+                     .defaultButton = Button::Cancel}) != Button::Ok) {
+        return false;
+    }
+    int removed = 0;
+    for (const int index : UsedIndices(state)) {
+        RegisterEntry& entry = state.Register(index);
+        if (MsnOf(entry) <= LastMsn) {
+            entry.MsnFilter |= MsnOfTelephone;
+            ++removed;
+        }
+    }
+    // The blank behind the number is missing, as it always was.
+    desktop.SetStatus(Decimal(removed) + u"abgehende MSN-Einträge wurden gelöscht.");
+    return true;
+}
+
+}  // namespace norvik
