@@ -57,7 +57,7 @@ TEST(DropInfo, TellsTheTextFromTheMark) {
 
 TEST(NoteDeviceBytes, NamesEachPairOnce) {
     EXPECT_THAT(Noted([](EntryLosses& losses) {
-                    NoteDeviceBytes(u"áSá\u0081", u"ßSßü", NameField, losses);
+                    NoteDeviceBytes(u"áSá\u0081", u"ßSßü", NameWords, losses);
                 }),
                 ElementsAre("#7 Eva: im Gerät dasselbe Zeichen im Namen: á wird zu ß, ? wird zu "
                             "ü"));
