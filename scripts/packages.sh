@@ -28,7 +28,7 @@ SCREEN_PACKAGES=(xvfb xdotool imagemagick)
 # To make the pictures of the user's guide.
 SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick)
 # To build and run the tests.
-TEST_PACKAGES=(libgtest-dev libgmock-dev python3 python3-phonenumbers)
+TEST_PACKAGES=(clang libclang-rt-14-dev lld ccache libgtest-dev libgmock-dev python3 python3-phonenumbers)
 # For the linters, the benchmarks and the fuzzers.
 LINT_PACKAGES=(clang-format clang-tidy)
 BENCHMARK_PACKAGES=(libbenchmark-dev python3 abook)

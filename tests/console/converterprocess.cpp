@@ -1,4 +1,5 @@
 #include "tests/console/converterprocess.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -118,7 +119,7 @@ Outcome RunProgram(const std::string& program, const std::vector<std::string>& a
 }
 
 Outcome RunConverter(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
-    return RunProgram(NORVIK_CONVERTER, arguments, surroundings);
+    return RunProgram(ConverterProgramFile().string(), arguments, surroundings);
 }
 
 std::string StringOf(const Bytes& bytes) {

@@ -5,6 +5,7 @@
 #include "console/options.h"
 #include "console/utf8.h"
 #include "tests/console/converterprocess.h"
+#include "tests/support/places.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -36,7 +37,7 @@ Names OptionsIn(const std::string& text) {
 }
 
 std::string SourceText(const char* path) {
-    return StringOf(ReadFile(FilePath(NORVIK_SOURCE_FOLDER) / path));
+    return StringOf(ReadFile(SourceFolder() / path));
 }
 
 /// The options that a manual page explains, each in the line behind ".TP".

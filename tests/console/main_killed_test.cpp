@@ -1,5 +1,6 @@
 // A converter that is killed at any moment leaves the old target or the new one.
 #include "tests/console/converterprocess.h"
+#include "tests/support/places.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -30,13 +31,14 @@ Bytes FullRegisterFile() {
 }
 
 pid_t StartConverter(const FilePath& source, const FilePath& target) {
+    const std::string program = ConverterProgramFile().string();
     const pid_t child = fork();
     if (child == 0) {
         const int nowhere = open("/dev/null", O_WRONLY);
         dup2(nowhere, STDERR_FILENO);
         CountAside();
-        execl(NORVIK_CONVERTER, NORVIK_CONVERTER, "--ueberschreiben", source.c_str(),
-              target.c_str(), nullptr);
+        execl(program.c_str(), program.c_str(), "--ueberschreiben", source.c_str(), target.c_str(),
+              nullptr);
         _exit(127);
     }
     return child;

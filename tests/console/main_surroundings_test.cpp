@@ -1,5 +1,6 @@
 // The program among pipes, odd names, locales and terminals.
 #include "tests/console/converterprogram.h"
+#include "tests/support/places.h"
 
 #include <filesystem>
 
@@ -10,12 +11,15 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
+/// The program as a word of a shell's command.
+const std::string Quoted = "'" + ConverterProgramFile().string() + "'";
+
 TEST_F(ConverterProgram, GoesThroughAShellsPipeline) {
     folder.Write("a.t9t", Example195());
     const Outcome outcome =
         RunProgram("/bin/sh",
-                   {"-c", "cat a.t9t | '" NORVIK_CONVERTER "' --von 195 --nach 175 - - |"
-                          " '" NORVIK_CONVERTER "' --von 175 --nach csv - - | cat"},
+                   {"-c", "cat a.t9t | " + Quoted + " --von 195 --nach 175 - - | " + Quoted +
+                              " --von 175 --nach csv - - | cat"},
                    {.Folder = folder.Path()});
     EXPECT_EQ(outcome.Status, 0);
     EXPECT_THAT(StringOf(outcome.Output), HasSubstr("\r\nAnna;01711;"));
@@ -23,10 +27,9 @@ TEST_F(ConverterProgram, GoesThroughAShellsPipeline) {
 
 TEST_F(ConverterProgram, AReaderThatGoesAwayIsAnErrorOfWriting) {
     folder.Write("a.t9t", FileOfMany(2000));
-    const Outcome outcome = RunProgram("/bin/bash",
-                                       {"-c", "'" NORVIK_CONVERTER "' --nach csv a.t9t - | true;"
-                                              " exit ${PIPESTATUS[0]}"},
-                                       {.Folder = folder.Path()});
+    const Outcome outcome = RunProgram(
+        "/bin/bash", {"-c", Quoted + " --nach csv a.t9t - | true; exit ${PIPESTATUS[0]}"},
+        {.Folder = folder.Path()});
     EXPECT_EQ(outcome.Status, 3);
     EXPECT_THAT(outcome.Errors, HasSubstr("\"-\" nicht geschrieben: "));
 }

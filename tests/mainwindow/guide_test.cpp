@@ -1,6 +1,7 @@
 // The documents of the help menu: what they say of the menu and of the versions must be complete.
 #include "dialogs/help.h"
 #include "mainwindow/menu.h"
+#include "tests/support/places.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
 
@@ -10,7 +11,7 @@
 namespace norvik::test {
 namespace {
 
-const std::filesystem::path HelpFolder = std::filesystem::path(NORVIK_SOURCE_FOLDER) / "docs/help";
+const std::filesystem::path HelpFolder = SourceFolder() / "docs/help";
 
 std::string Document(const std::string& name) {
     const Bytes bytes = ReadFile(HelpFolder / name);

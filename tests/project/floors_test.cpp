@@ -1,5 +1,6 @@
 // The source tree keeps its floors: what may include what, what has a test, how long a file may be,
 // what a header says of itself.
+#include "tests/support/places.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -335,7 +336,7 @@ Findings NamesOfTwoHeaders(const fs::path& root) {
     return findings;
 }
 
-const fs::path Root = NORVIK_SOURCE_FOLDER;
+const fs::path Root = SourceFolder();
 
 TEST(SourceTree, IsFoundWithAllItsFloors) {
     std::set<std::string> folders;

@@ -2,6 +2,7 @@
 // functions, the window, and the program as a process.
 #include "qt/application.h"
 #include "tests/qt/windowfixture.h"
+#include "tests/support/places.h"
 #include "tests/support/processlimits.h"
 
 #include <QProcess>
@@ -125,7 +126,7 @@ class InstalledProgram : public testing::Test {
   protected:
     InstalledProgram() {
         fs::create_directories(Folder / "usr/bin");
-        fs::copy_file(NORVIK_EXECUTABLE, Executable);
+        fs::copy_file(EditorProgramFile(), Executable);
         Folder.Write("usr/share/norvik-telefonregister/nvreadme.htm", "Text");
         fs::create_directory(Home);
         Folder.Write("kaputt.t9t", Join({Raw("06 0D 'TStCollection' 02 64 01"),
@@ -202,7 +203,7 @@ TEST_F(InstalledProgram, ReadsItsOwnSettingsWhereTheUserMayWrite) {
 
 /// The command of the desktop entry for a file, its parts filled in as a file manager does.
 QStringList DesktopCommand(const QString& file) {
-    QFile entry(NORVIK_SOURCE_FOLDER "/packaging/norvik-telefonregister.desktop");
+    QFile entry(SourceFolder() / "packaging/norvik-telefonregister.desktop");
     EXPECT_TRUE(entry.open(QIODevice::ReadOnly));
     QStringList command;
     for (const QString& line : QString::fromUtf8(entry.readAll()).split('\n')) {

@@ -1,5 +1,6 @@
 // The program itself, as a process of its own.
 #include "tests/qt/windowfixture.h"
+#include "tests/support/places.h"
 
 #include <QProcess>
 
@@ -13,7 +14,7 @@ class WindowProcess : public testing::Test {
   protected:
     WindowProcess() {
         executable_ = Folder / "norvik-telefonregister";
-        std::filesystem::copy_file(NORVIK_EXECUTABLE, executable_);
+        std::filesystem::copy_file(EditorProgramFile(), executable_);
     }
 
     /// Runs the program to its end and gives its exit status.

@@ -3,6 +3,7 @@
 #include "register/settings.h"
 #include "sync/loadsyncdatabase.h"
 #include "sync/searchsyncaddress.h"
+#include "tests/support/places.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
 
@@ -16,7 +17,7 @@ namespace {
 using testing::Contains;
 using testing::HasSubstr;
 
-const FilePath Samples = FilePath(NORVIK_SOURCE_FOLDER) / "samples";
+const FilePath Samples = SourceFolder() / "samples";
 
 /// The settings of the sample, with the whole path of the address file.
 Settings SampleSettings() {

@@ -1,6 +1,7 @@
 // The sample call list.
 #include "formats/calllist/calllist.h"
 #include "tests/formats/calllist/calllistbytes.h"
+#include "tests/support/places.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@
 namespace norvik::test {
 namespace {
 
-const FilePath Sample = FilePath(NORVIK_SOURCE_FOLDER) / "samples" / "anrufliste.t9a";
+const FilePath Sample = SourceFolder() / "samples" / "anrufliste.t9a";
 
 struct SampleCall {
     const char* Number;

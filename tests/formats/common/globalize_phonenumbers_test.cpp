@@ -3,6 +3,7 @@
 #include "formats/mobile/mobileexport.h"
 
 #include "tests/support/builders.h"
+#include "tests/support/places.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
 
@@ -115,8 +116,7 @@ Library Ask() {
     }
     const TestFolder folder;
     const FilePath answers = folder / "answers";
-    const FilePath script =
-        FilePath(NORVIK_SOURCE_FOLDER) / "tests" / "formats" / "common" / "examplenumbers.py";
+    const FilePath script = SourceFolder() / "tests" / "formats" / "common" / "examplenumbers.py";
     const std::string command =
         Python + "'" + script.string() + "' '" + folder.Write("own", ownArea).string() + "' '" +
         folder.Write("spellings", spellings).string() + "' > '" + answers.string() + "'";

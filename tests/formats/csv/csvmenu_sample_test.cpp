@@ -2,6 +2,7 @@
 #include "formats/csv/csvmenu.h"
 
 #include "tests/support/builders.h"
+#include "tests/support/places.h"
 #include "tests/support/scripteddesktop.h"
 
 #include <gmock/gmock.h>
@@ -14,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-const FilePath Sample = FilePath(NORVIK_SOURCE_FOLDER) / "samples" / "telefonbuch.csv";
+const FilePath Sample = SourceFolder() / "samples" / "telefonbuch.csv";
 
 /// The whole transcript of a load with this log and these swaps in the sort's passes.
 std::vector<std::string> ExpectedTranscript(const Text& log, const std::vector<int>& swaps) {

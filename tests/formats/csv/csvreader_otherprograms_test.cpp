@@ -5,6 +5,7 @@
 
 #include "tests/losses/randomregister.h"
 #include "tests/support/builders.h"
+#include "tests/support/places.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
 
@@ -89,7 +90,7 @@ RegisterState RandomRegister(unsigned seed) {
 RegisterState SampleRegister(const FilePath& name) {
     RegisterState state;
     ScriptedDesktop desktop;
-    desktop.AnswerFile(FilePath(NORVIK_SOURCE_FOLDER) / "samples" / name);
+    desktop.AnswerFile(SourceFolder() / "samples" / name);
     mnuDateiLoadNV(state, desktop);
     return state;
 }
@@ -97,8 +98,7 @@ RegisterState SampleRegister(const FilePath& name) {
 RegisterState SampleCSV() {
     RegisterState state;
     ScriptedDesktop desktop;
-    LoadCSV(state, FilePath(NORVIK_SOURCE_FOLDER) / "samples" / "telefonbuch.csv", Settings(),
-            desktop);
+    LoadCSV(state, SourceFolder() / "samples" / "telefonbuch.csv", Settings(), desktop);
     return state;
 }
 

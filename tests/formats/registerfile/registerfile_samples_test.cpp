@@ -3,6 +3,7 @@
 
 #include "tests/formats/registerfile/registerfilebytes.h"
 #include "tests/support/builders.h"
+#include "tests/support/places.h"
 #include "tests/support/scripteddesktop.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-const FilePath Samples = FilePath(NORVIK_SOURCE_FOLDER) / "samples";
+const FilePath Samples = SourceFolder() / "samples";
 const FilePath Sample195 = Samples / "telefonbuch.t9t";
 const FilePath Sample193 = Samples / "telefonbuch193.t9t";
 
