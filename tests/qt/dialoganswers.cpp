@@ -253,7 +253,13 @@ void DialogAnswers::CloseForgotten() {
 }
 
 bool BecomesActive(const QWidget& window) {
-    return QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; });
+    const auto isActive = [&window] { return QApplication::activeWindow() == &window; };
+    if (!isActive()) {
+        // One round of events is enough as a rule; qWaitFor would sleep behind it.
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return QTest::qWaitFor(isActive);
 }
 
 void TypeText(QWidget* widget, const QString& text) {
