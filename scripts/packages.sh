@@ -1,6 +1,9 @@
+# shellcheck shell=bash
+# shellcheck disable=SC2034  # the lists are for those who source this
 # Sourced by the commands in the project's folder: installs Debian packages that are missing.
 
-# Installs those of the named packages that are not there yet; with sudo when not root.
+# Installs those of the named packages that are not there yet; with sudo when not root. Where neither
+# may be, it says what the administrator has to install.
 install_missing() {
     local missing=() package
     for package in "$@"; do
@@ -11,18 +14,32 @@ install_missing() {
     if [ "${#missing[@]}" -eq 0 ]; then
         return 0
     fi
-    echo "Installing missing packages: ${missing[*]}"
-    local sudo=()
+    local sudo=() reason="This command is not run by root, and there is no sudo."
     if [ "$(id -u)" -ne 0 ]; then
         sudo=(sudo)
     fi
-    "${sudo[@]}" apt-get update -qq
-    "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    if [ "${#sudo[@]}" -eq 0 ] || command -v sudo >/dev/null; then
+        echo "Installing missing packages: ${missing[*]}"
+        if "${sudo[@]}" apt-get update -qq &&
+            "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive \
+                apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null; then
+            return 0
+        fi
+        reason="They could not be installed."
+    fi
+    cat >&2 <<SAY
+These packages are missing: ${missing[*]}
+$reason Ask the administrator of this machine to install them, as root:
+    apt-get install --no-install-recommends ${missing[*]}
+Then call this command again.
+SAY
+    return 1
 }
 
 # What it takes to build and start the editor.
 EDITOR_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
+# To make a Debian package of it: cpack finds its dependencies with these.
+PACKAGE_PACKAGES=(dpkg-dev file gzip)
 # To show it where there is no display.
 SCREEN_PACKAGES=(xvfb xdotool imagemagick)
 # To make the pictures of the user's guide.
@@ -30,7 +47,7 @@ SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick)
 # To build and run the tests.
 TEST_PACKAGES=(clang libclang-rt-14-dev lld ccache libgtest-dev libgmock-dev python3 python3-phonenumbers)
 # For the linters, the benchmarks and the fuzzers.
-LINT_PACKAGES=(clang-format clang-tidy)
+LINT_PACKAGES=(clang-format clang-tidy git hunspell hunspell-de-de hunspell-en-us python3 shellcheck)
 BENCHMARK_PACKAGES=(libbenchmark-dev python3 abook)
 COVERAGE_PACKAGES=(gcovr)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm-14)

@@ -2,23 +2,26 @@
 # Builds the Debian package and looks at it as its users would: what it holds, what it depends on,
 # what lintian says, whether it runs where it was unpacked (as another user, with and without a
 # screen), and whether removing it leaves nothing. To be run by hand, as root:
-#     tests/packaging/package_test.sh [--chroot]
-# --chroot also installs it with all its dependencies into a new Debian system (some minutes).
+#     tests/packaging/package_test.sh [--here]
+# The package is built by ./package in a new, bare Debian system, and installed with all that it
+# depends on in another one (some minutes, some 600 MB to fetch). With --here, or where there can be no
+# such system, it is built in this one, and none installs it.
 # The package is left in build/package/.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=scripts/packages.sh
 . "$root/scripts/packages.sh"
+if [ "$#" -gt 1 ] || [ "${1:---here}" != --here ]; then
+    echo "usage: tests/packaging/package_test.sh [--here]" >&2
+    exit 2
+fi
 if [ "$(id -u)" -ne 0 ]; then
     echo "must be run as root: it starts the program as another user" >&2
     exit 2
 fi
 install_missing "${EDITOR_PACKAGES[@]}" lintian desktop-file-utils shared-mime-info man-db \
-    xvfb openbox xdotool libglib2.0-bin
-if [ "${1:-}" = --chroot ]; then
-    install_missing debootstrap
-fi
+    xvfb openbox xdotool libglib2.0-bin "${PACKAGE_PACKAGES[@]}"
 
 work=$(mktemp -d)
 chmod 755 "$work"
@@ -26,7 +29,10 @@ processes=()
 # shellcheck disable=SC2317  # called by the trap
 clean_up() {
     [ "${#processes[@]}" -eq 0 ] || kill "${processes[@]}" 2>/dev/null || true
-    umount "$work/debian/proc" "$work/debian/sys" 2>/dev/null || true
+    awk -v "work=$work/" 'index($2, work) == 1 { print $2 }' /proc/mounts | sort -r |
+        while IFS= read -r mounted; do
+            umount "$mounted" || true
+        done
     rm -rf --one-file-system "$work"
 }
 trap clean_up EXIT
@@ -44,16 +50,66 @@ wait_until() {
     fail "waited in vain for: $*"
 }
 
-step "build"
+# A bare Debian system of this one's release, from the place where this one has its packages from.
+bare=$work/bare
+make_bare_system() {
+    local release mirror
+    release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
+    # shellcheck disable=SC2016  # apt fills this in
+    mirror=$(apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' | awk -v "release=$release" '$2 == release && $3 == "main" { print $1; exit }')
+    if [ -z "$release" ] || [ -z "$mirror" ]; then
+        echo "apt knows no Debian \"$release\""
+        return 1
+    fi
+    install_missing debootstrap || return 1
+    if ! debootstrap --variant=minbase "$release" "$bare" "$mirror" >"$work/debootstrap.log" 2>&1; then
+        tail -n 5 "$work/debootstrap.log"
+        return 1
+    fi
+    # The way to the packages is this system's, too.
+    apt-config dump | grep -E '^Acquire::(.*Proxy|Check-)' > "$bare/etc/apt/apt.conf.d/99way" || true
+    rm -f "$bare"/var/cache/apt/archives/*.deb
+}
+
+# A copy of it, at $1.
+new_system() {
+    cp -a "$bare" "$1"
+    mount -t proc proc "$1/proc"
+}
+
+inside() {
+    local system=$1
+    shift
+    chroot "$system" env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root \
+        PATH=/usr/sbin:/usr/bin:/sbin:/bin "$@"
+}
+
+builder=
 cd "$root"
-(
-    umask 077  # the package's files must be readable for everybody all the same
-    cmake --preset release -B build/package -DNORVIK_BENCHMARKS=OFF >/dev/null
-    cmake --build build/package
-    rm -f build/package/*.deb
-    cd build/package
-    cpack -G DEB >/dev/null
-)
+mkdir -p build/package
+rm -f build/package/*.deb
+if [ "${1:-}" = --here ]; then
+    step "no bare Debian system, as wanted"
+elif step "a bare Debian system" && make_bare_system; then
+    builder=$work/builder
+else
+    step "no bare Debian system (see above): built here, and installed nowhere"
+fi
+
+step "build"
+if [ -n "$builder" ]; then
+    new_system "$builder"
+    mkdir "$builder/norvik"
+    git -c safe.directory='*' ls-files -z --cached --others --exclude-standard |
+        xargs -0 cp -P --parents -t "$builder/norvik"
+    inside "$builder" bash -c 'umask 077 && cd / && /norvik/package' >"$work/build.log" 2>&1 ||
+        fail "./package: $(tail -n 30 "$work/build.log")"
+    grep -E '^Installing missing packages:' "$work/build.log"
+    cp "$builder"/norvik/build/package/*.deb build/package/
+else
+    (umask 077 && ./package)  # the package's files must be readable for everybody all the same
+fi
 package=$(echo build/package/norvik-telefonregister_*.deb)
 [ -f "$package" ] || fail "no package: $package"
 echo "$package: $(stat -c %s "$package") bytes"
@@ -65,13 +121,7 @@ field() { dpkg-deb -f "$package" "$1"; }
 [ "$(field Maintainer)" = "Norvik Telefonregister <telefonregister@norvik.invalid>" ] ||
     fail "maintainer: $(field Maintainer)"
 echo "Depends: $(field Depends)"
-for dependency in libc6 libgcc-s1 libqt6core6 libqt6gui6 libqt6widgets6 'libstdc++6' \
-    qt6-translations-l10n; do
-    case ", $(field Depends)," in
-        *", $dependency,"* | *", $dependency ("*) ;;
-        *) fail "does not depend on $dependency" ;;
-    esac
-done
+packaging/checkdepends.sh "$package" || fail "dependencies"
 [ "$(dpkg-deb -I "$package" | grep -cE ' (preinst|postinst|prerm|postrm) ')" = 0 ] ||
     fail "needs no scripts of its own"
 
@@ -80,6 +130,7 @@ program_lines() {
     cat <<'LIST'
 ./usr/bin/norvik-telefonregister
 ./usr/share/applications/norvik-telefonregister.desktop
+./usr/share/applications/zz-norvik-telefonregister-csv.desktop
 ./usr/share/doc/norvik-telefonregister/changelog.gz
 ./usr/share/doc/norvik-telefonregister/copyright
 ./usr/share/icons/hicolor/scalable/apps/norvik-telefonregister.svg
@@ -108,7 +159,7 @@ lintian --fail-on error --allow-root "$package" || fail "lintian"
 step "unpacked"
 prefix=$work/leer\ und\ Ü
 dpkg -x "$package" "$prefix"
-desktop-file-validate "$prefix/usr/share/applications/norvik-telefonregister.desktop"
+desktop-file-validate "$prefix"/usr/share/applications/*.desktop
 update-mime-database "$prefix/usr/share/mime" 2>/dev/null  # it says that no desktop looks there
 update-desktop-database "$prefix/usr/share/applications"
 for page in "$prefix"/usr/share/man/man1/*.gz; do
@@ -125,8 +176,20 @@ for ending in t9t:telefonregister pbo:telefonbuch T9T:telefonregister; do
     type=application/x-norvik-${ending##*:}
     [[ $(asked info -a standard::content-type "$work/a.${ending%%:*}") == *"content-type: $type" ]] ||
         fail "the type of .${ending%%:*} is not $type"
-    [[ $(asked mime "$type") == *"norvik-telefonregister.desktop"* ]] || fail "no program for $type"
+    [[ $(asked mime "$type") == *" norvik-telefonregister.desktop"* ]] || fail "no program for $type"
 done
+# A CSV file may be opened with it, but is not by itself where there is another program for it.
+[[ $(asked mime text/csv) == *"zz-norvik-telefonregister-csv.desktop"* ]] || fail "not offered for .csv"
+for other in abc zettel; do
+    printf '[Desktop Entry]\nType=Application\nName=%s\nExec=true %%f\nMimeType=text/csv;\n' "$other" \
+        > "$prefix/usr/share/applications/$other.desktop"
+    update-desktop-database "$prefix/usr/share/applications"
+    # shellcheck disable=SC1111  # gio's own quotes
+    [[ $(asked mime text/csv) == "Default application for “text/csv”: $other.desktop"*zz-norvik* ]] ||
+        fail "the programs for .csv: $(asked mime text/csv)"
+    rm "$prefix/usr/share/applications/$other.desktop"
+done
+update-desktop-database "$prefix/usr/share/applications"
 
 # A user who may not write where the program stands.
 home=$work/home
@@ -222,34 +285,51 @@ dpkg --root="$system" -r norvik-telefonregister >/dev/null 2>&1
 dpkg --root="$system" -l norvik-telefonregister 2>/dev/null | grep '^[a-z]c' && fail "left settings"
 
 step "cmake --install"
-DESTDIR=$work/ziel cmake --install build/package --prefix /opt/norvik >/dev/null
-(cd "$work/ziel/opt/norvik" && find . -type f) | sed 's|^\.|./usr|' | sort |
+install=(cmake --install "$root/build/package" --prefix /opt/norvik)
+if [ -n "$builder" ]; then
+    install=(inside "$builder" env DESTDIR=/ziel cmake --install /norvik/build/package --prefix /opt/norvik)
+fi
+DESTDIR=$work/ziel "${install[@]}" >/dev/null
+(cd "${builder:-$work}/ziel/opt/norvik" && find . -type f) | sed 's|^\.|./usr|' | sort |
     diff "$work/contents" - || fail "cmake --install puts other files"
 
-if [ "${1:-}" = --chroot ]; then
-    step "a new Debian system"
+if [ -n "$builder" ]; then
+    step "installed in a bare Debian system"
     debian=$work/debian
-    debootstrap --variant=minbase bookworm "$debian" >"$work/debootstrap.log" ||
-        fail "debootstrap: $(tail -n 5 "$work/debootstrap.log")"
+    new_system "$debian"
     cp "$package" "$debian/tmp/norvik.deb"
-    inside() { chroot "$debian" env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 "$@"; }
-    # First everything that it depends on, so that removing can be compared.
-    inside apt-get install -y -qq --no-install-recommends shared-mime-info desktop-file-utils \
-        hicolor-icon-theme >/dev/null 2>&1
-    inside apt-get install -y -qq --no-install-recommends /tmp/norvik.deb >"$work/apt.log" 2>&1 ||
-        fail "apt-get: $(tail -n 5 "$work/apt.log")"
-    inside ldd /usr/bin/norvik-telefonregister | grep 'not found' && fail "libraries are missing"
+    inside "$debian" apt-get update -qq
+    # First what shows the desktop's files, so that removing can be compared.
+    inside "$debian" apt-get install -y -qq --no-install-recommends shared-mime-info \
+        desktop-file-utils hicolor-icon-theme >/dev/null 2>&1
+    inside "$debian" apt-get install -y -qq --no-install-recommends /tmp/norvik.deb \
+        >"$work/apt.log" 2>&1 || fail "apt-get: $(tail -n 5 "$work/apt.log")"
+    inside "$debian" ldd /usr/bin/norvik-telefonregister | grep 'not found' && fail "libraries are missing"
     grep -q 'x-norvik-telefonregister:\*.t9t' "$debian/usr/share/mime/globs2" ||
         fail "the type is not known to the system"
+    user=(setpriv --reuid=12345 --regid=12345 --clear-groups)
+    converted=$(inside "$debian" "${user[@]}" norvik-konverter --version)
+    [ "$converted" = "norvik-konverter $(field Version)" ] || fail "--version: $converted"
+    cp samples/telefonbuch.t9t "$debian/tmp/"
+    chmod 644 "$debian/tmp/telefonbuch.t9t"
+    inside "$debian" "${user[@]}" norvik-konverter /tmp/telefonbuch.t9t - --nach csv >"$work/csv" 2>/dev/null ||
+        [ "$?" -eq 1 ] || fail "the converter"  # 1: the sample has three impossible values
+    [ -s "$work/csv" ] || fail "the converter wrote nothing"
     cp "$broken" "$debian/tmp/Müllers, neu.t9t"
     mkdir -p "$debian/tmp/daten/norvik"  # without settings, a box would wait for an answer
     printf '[common]\r\n' > "$debian/tmp/daten/norvik/norvik.ini"
-    status=0
-    inside env QT_QPA_PLATFORM=offscreen XDG_DATA_HOME=/tmp/daten timeout 60 setpriv --reuid=12345 --regid=12345 \
-        --clear-groups norvik-telefonregister --datei "/tmp/Müllers, neu.t9t" || status=$?
+    editor=(env QT_QPA_PLATFORM=offscreen XDG_DATA_HOME=/tmp/daten timeout)
+    editor_status() {
+        local status=0
+        inside "$debian" "${user[@]}" "${editor[@]}" "$@" 2>/dev/null || status=$?
+        echo "$status"
+    }
+    status=$(editor_status 5 norvik-telefonregister)
+    [ "$status" = "$still_running" ] || fail "the editor ended by itself with status $status"
+    status=$(editor_status 60 norvik-telefonregister --datei "/tmp/Müllers, neu.t9t")
     [ "$status" = 1 ] || fail "status $status instead of 1"
-    inside apt-get remove -y -qq norvik-telefonregister >/dev/null 2>&1
-    ! inside which norvik-telefonregister || fail "not removed"
+    inside "$debian" apt-get remove -y -qq norvik-telefonregister >/dev/null 2>&1
+    ! inside "$debian" which norvik-telefonregister norvik-konverter || fail "not removed"
     find "$debian" -xdev -path "$debian/proc" -prune -o -iname '*norvik*' -print |
         grep -v "^$debian/tmp/\|^$debian/var/\(log\|cache\)/" && fail "removing left something"
 fi
