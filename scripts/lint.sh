@@ -1,11 +1,20 @@
 #!/usr/bin/env bash
-# clang-format (check only) over all sources, and clang-tidy over the product's, which needs the
-# compile commands of build/dev.
+# clang-format (check only) over all sources, shellcheck over all shell scripts, the spell check over
+# all texts, and clang-tidy over the product's sources, which needs the compile commands of build/dev.
 set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
 echo "clang-format: clean"
+
+scripts/shellcheck.sh
+echo "shellcheck: clean"
+
+# First whether it finds what it is made to find.
+tests/scripts/spelling_test.sh
+tests/scripts/precommit_test.sh
+scripts/spelling.py
+echo "spell check: clean"
 
 # A process a core; each prints only what it finds.
 git ls-files '*.cpp' ':!tests' ':!fuzzers' ':!benchmarks' |

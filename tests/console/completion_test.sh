@@ -36,6 +36,7 @@ expect '--verluste|--version|--von' a.t9t --v
 expect '' --falsch
 
 # A folder behind "~", as bash gives it.
+# shellcheck disable=SC2088  # as bash hands it over
 HOME=$folder expect '~/ordner.x' '~/or'
 
 # Values, also behind "=", which bash makes a word of its own.
