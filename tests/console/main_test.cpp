@@ -40,7 +40,7 @@ TEST_F(ConverterProgram, ShowsItsHelpAndItsVersion) {
     EXPECT_THAT(help.Errors, IsEmpty());
     const Outcome version = Run({"--version"});
     EXPECT_EQ(version.Status, 0);
-    EXPECT_EQ(StringOf(version.Output), "norvik-konverter 1.0.0\n");
+    EXPECT_EQ(StringOf(version.Output), "norvik-konverter 1.1.0\n");
 }
 
 TEST_F(ConverterProgram, AFindingOfTheCheckGivesStatusOneAndAWholeTarget) {

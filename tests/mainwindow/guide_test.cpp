@@ -115,5 +115,31 @@ TEST(Guide, ListOfChangesNamesEveryVersionOfTheAboutBoxInItsOrder) {
     EXPECT_EQ(versions, 6U);
 }
 
+TEST(Guide, ListOfChangesGoesOnToTheVersionOfTheProgram) {
+    std::smatch found;
+    const std::string project = Document("../../CMakeLists.txt");
+    ASSERT_TRUE(std::regex_search(project, found,
+                                  std::regex("VERSION (([0-9]+\\.[0-9]+)\\.[0-9]+) LANGUAGES")));
+    const std::string version = found[1];
+    const std::string changes = Document("whatsnew.txt");
+    const std::size_t newest = changes.find("\n\nV ");
+    ASSERT_NE(newest, std::string::npos);
+    const std::string entry = "\n\nV " + found[2].str() + "  ";
+    EXPECT_EQ(changes.substr(newest, entry.size()), entry);
+    EXPECT_LT(newest, changes.find("\nV 1.0  "));
+    EXPECT_LT(changes.find("\nV 1.0  "), changes.find("\nV 0.96d  "));
+
+    EXPECT_EQ(Document("../../packaging/debian/changelog")
+                  .rfind("norvik-telefonregister (" + version + ") ", 0),
+              0U);
+    for (const char* page : {"../norvik-konverter.1", "../norvik-telefonregister.1"}) {
+        EXPECT_TRUE(Contains(Document(page), "\"Norvik Telefonregister " + version + "\"")) << page;
+    }
+    const std::string developers = Document("../../CHANGELOG.md");
+    const std::size_t heading = developers.find("\n## ");
+    ASSERT_NE(heading, std::string::npos);
+    EXPECT_EQ(developers.substr(heading, version.size() + 5), "\n## " + version + "\n");
+}
+
 }  // namespace
 }  // namespace norvik::test
