@@ -20,7 +20,7 @@ bool mnuBearbeitenKillMSN(RegisterState& state, Desktop& desktop) {
             ++removed;
         }
     }
-    // The blank behind the number is missing, as it always was.
+    // Without a blank behind the number.
     desktop.SetStatus(Decimal(removed) + u"abgehende MSN-Einträge wurden gelöscht.");
     return true;
 }

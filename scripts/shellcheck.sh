@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# shellcheck over the shell scripts among the given files, without files over all that git knows,
+# Runs shellcheck over the shell scripts among the given files, without files over all that git knows,
 # whatever their names end in: scripts/shellcheck.sh [FILE…]
 set -euo pipefail
 

@@ -67,19 +67,19 @@ Text WithoutMnemonic(TextView caption) {
     return text;
 }
 
-TEST(MenuTable, HoldsExactlyTheAgreedItemsInTheAgreedOrder) {
-    std::vector<std::string_view> agreed;
+TEST(MenuTable, HoldsExactlyTheseItemsInThisOrder) {
+    std::vector<std::string_view> expected;
     for (const NamedItem& item : AllItems) {
-        agreed.push_back(item.Name);
+        expected.push_back(item.Name);
     }
     std::vector<std::string_view> names;
     for (const MenuRow& row : MenuTable()) {
         names.push_back(row.Name);
     }
-    EXPECT_EQ(names, agreed);
+    EXPECT_EQ(names, expected);
 }
 
-TEST(MenuTable, EveryRowHasTheAgreedMenuAndCaption) {
+TEST(MenuTable, EveryRowHasItsMenuAndCaption) {
     for (const NamedItem& item : AllItems) {
         const MenuRow& row = RowNamed(item.Name);
         EXPECT_EQ(row.Menu, item.Menu) << row.Name;
@@ -88,7 +88,7 @@ TEST(MenuTable, EveryRowHasTheAgreedMenuAndCaption) {
     }
 }
 
-TEST(MenuTable, TheSevenMenusStandInTheAgreedOrder) {
+TEST(MenuTable, TheSevenMenusStandInTheirOrder) {
     std::vector<std::string_view> menus;
     for (const MenuRow& row : MenuTable()) {
         if (menus.empty() || menus.back() != row.Menu) {

@@ -90,7 +90,7 @@ cd "$root"
 mkdir -p build/package
 rm -f build/package/*.deb
 if [ "${1:-}" = --here ]; then
-    step "no bare Debian system, as wanted"
+    step "no bare Debian system"
 elif step "a bare Debian system" && make_bare_system; then
     builder=$work/builder
 else

@@ -39,12 +39,14 @@ stage() {
 stage a.cpp '// A number.\nint number = 1;\n'
 stage b 'no script\n'
 stage c.md 'A text.\n'
+# shellcheck disable=SC2016  # for the staged scripts
 stage "d e.sh" '#!/bin/bash\necho "$1"\n'
 expect "all right" 0 ""
 stage a.cpp '// A number.\nint   number=1;\n'
 expect "the format" 1 "a.cpp:2:4: error: code should be clang-formatted"
 stage a.cpp '// A numbber.\nint number = 1;\n'
 expect "a comment" 1 "a.cpp:1: numbber"
+# shellcheck disable=SC2016
 stage b '#!/usr/bin/env bash\necho $1\n'
 expect "a script" 1 "SC2086"
 stage c.md 'A texxt.\n'

@@ -48,7 +48,7 @@ char Quote = '"';  // afterx it
 TEXT
 cp qt/window.cpp tests/window_test.cpp
 printf '#!/usr/bin/env python3\n"""The docx string."""\nxname = "xtext"  # a commenxt\n' > scripts/tool.py
-printf '#!/usr/bin/env bash\n# A commexnt\nxname=1  # anothexr\necho "xtext #xtext"\n' > .ci/run
+printf '#!/usr/bin/env bash\n# A commexnt\nxname=1  # anothexr\necho "#xtext"\n' > .ci/run
 printf '[Desktop Entry]\n# A commexnt\nComment=Ein Texxt\nExec=xprogram\n' > packaging/norvik.desktop
 printf 'norvik (1.0) unstable; urgency=xlow\n\n  * Ein Fexhler.\n\n -- Xname <a@b.invalid>  Sat\n' \
     > packaging/debian/changelog

@@ -146,7 +146,7 @@ TEST(MnuDateiSaveCSV, ATextThatTheFileCannotHoldIsReported) {
 }
 
 #ifndef _WIN32
-TEST(MnuDateiSaveCSV, FailsAtEveryByteAsDescribed) {
+TEST(MnuDateiSaveCSV, TellsOfAFailureAtEveryByte) {
     for (const Button answer : {Button::Yes, Button::No}) {
         const Bytes& whole = answer == Button::Yes ? Quoted() : Plain();
         for (std::size_t room = 0; room <= whole.size(); ++room) {

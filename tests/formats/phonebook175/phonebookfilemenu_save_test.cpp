@@ -120,7 +120,7 @@ TEST(MnuDateiSave175, ATextThatTheFileCannotHoldIsPassedOver) {
 }
 
 #ifndef _WIN32
-TEST(MnuDateiSave175, FailsAtEveryByteAsDescribed) {
+TEST(MnuDateiSave175, TellsOfAFailureAtEveryByte) {
     for (std::size_t room = 0; room <= Whole().size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
         const TestFolder folder;

@@ -147,7 +147,7 @@ Reading ReadByProgram(const Bytes& records, RegisterState& state) {
 }
 
 /// Expects that the program reads the records as the plain reader does.
-void ExpectReadAsDescribed(const Bytes& records, RegisterState& state) {
+void ExpectReadAsByThePlainReader(const Bytes& records, RegisterState& state) {
     constexpr int MoreThanAnyTestReads = 100;
     for (int place = 1; place <= MoreThanAnyTestReads; ++place) {
         ClearEntry(state, place);
@@ -269,7 +269,7 @@ TEST(RegisterFileDamage, AFileCutAtAnyByteIsReadWithoutAnError) {
             SCOPED_TRACE("cut behind " + std::to_string(cut) + " bytes");
             const Bytes bytes(records.begin(), records.begin() + static_cast<std::ptrdiff_t>(cut));
             EXPECT_EQ(PlainReader(bytes).Read().ending, Ending::Regular);
-            ExpectReadAsDescribed(bytes, state);
+            ExpectReadAsByThePlainReader(bytes, state);
         }
     }
 }
@@ -288,7 +288,7 @@ const std::vector<Byte>& Replacements() {
     return bytes;
 }
 
-TEST(RegisterFileDamage, EveryByteChangedIsReadAsDescribed) {
+TEST(RegisterFileDamage, EveryByteChangedIsReadAsByThePlainReader) {
     RegisterState state;
     for (const Bytes& records : {Records195(), Records193()}) {
         for (std::size_t at = 0; at < records.size(); ++at) {
@@ -296,13 +296,13 @@ TEST(RegisterFileDamage, EveryByteChangedIsReadAsDescribed) {
                 SCOPED_TRACE("byte " + std::to_string(at) + " is " + std::to_string(replacement));
                 Bytes bytes = records;
                 bytes[at] = replacement;
-                ExpectReadAsDescribed(bytes, state);
+                ExpectReadAsByThePlainReader(bytes, state);
             }
         }
     }
 }
 
-TEST(RegisterFileDamage, BytesInsertedAndRemovedAreReadAsDescribed) {
+TEST(RegisterFileDamage, BytesInsertedAndRemovedAreReadAsByThePlainReader) {
     RegisterState state;
     for (const Bytes& records : {Records195(), Records193()}) {
         for (std::size_t at = 0; at < records.size(); ++at) {
@@ -310,17 +310,17 @@ TEST(RegisterFileDamage, BytesInsertedAndRemovedAreReadAsDescribed) {
             const auto offset = static_cast<std::ptrdiff_t>(at);
             Bytes removed = records;
             removed.erase(removed.begin() + offset);
-            ExpectReadAsDescribed(removed, state);
+            ExpectReadAsByThePlainReader(removed, state);
             for (const Byte insertion : Replacements()) {
                 Bytes inserted = records;
                 inserted.insert(inserted.begin() + offset, insertion);
-                ExpectReadAsDescribed(inserted, state);
+                ExpectReadAsByThePlainReader(inserted, state);
             }
         }
     }
 }
 
-TEST(RegisterFileDamage, BytesWithoutSenseAreReadAsDescribed) {
+TEST(RegisterFileDamage, BytesWithoutSenseAreReadAsByThePlainReader) {
     RegisterState state;
     for (unsigned seed = 1; seed <= 3000; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
@@ -333,12 +333,12 @@ TEST(RegisterFileDamage, BytesWithoutSenseAreReadAsDescribed) {
             const int which = kind(random);
             bytes.push_back(which < 5 ? Tags[which] : static_cast<Byte>(random() % 256));
         }
-        ExpectReadAsDescribed(bytes, state);
+        ExpectReadAsByThePlainReader(bytes, state);
     }
 }
 
 /// Whether the boxes of a load are among those that the operation has.
-bool IsDescribed(const std::string& question) {
+bool IsABoxOfALoad(const std::string& question) {
     return question == "entry" || question == "list" || question == "file" ||
            question.starts_with("open ") ||
            question == OkBox(u"Abweichender Header", u"norvik 195 laden", "Exclamation") ||
@@ -349,7 +349,7 @@ bool IsDescribed(const std::string& question) {
                 "\" title \"Fehlerprüfung\" icon Information buttons Ok default Ok -> Ok"));
 }
 
-TEST(RegisterFileDamage, TheMenuOperationEndsInADescribedWayWhateverByteIsChanged) {
+TEST(RegisterFileDamage, TheMenuOperationEndsInOrderWhateverByteIsChanged) {
     const TestFolder folder;
     const Bytes whole = Join({FileHeader(), Records195()});
     for (std::size_t at = 0; at < whole.size(); ++at) {
@@ -372,7 +372,7 @@ TEST(RegisterFileDamage, TheMenuOperationEndsInADescribedWayWhateverByteIsChange
                     << desktop.Transcript.back();
             }
             for (const std::string& question : desktop.Questions()) {
-                EXPECT_TRUE(IsDescribed(question)) << question;
+                EXPECT_TRUE(IsABoxOfALoad(question)) << question;
             }
         }
     }

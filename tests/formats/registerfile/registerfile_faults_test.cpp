@@ -86,7 +86,7 @@ Bytes FirstOf(const Bytes& bytes, std::size_t count) {
     return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count)};
 }
 
-TEST(RegisterFileFaults, ASaveForThe195FailsAtEveryByteAsDescribed) {
+TEST(RegisterFileFaults, ASaveForThe195TellsOfAFailureAtEveryByte) {
     const Bytes& whole = Whole195();
     for (std::size_t room = 0; room < whole.size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
@@ -128,7 +128,7 @@ TEST(RegisterFileFaults, ASaveForThe195WithJustEnoughRoomIsWhole) {
     EXPECT_EQ(ReadFile(folder / "a.t9t"), Whole195());
 }
 
-TEST(RegisterFileFaults, ASaveForThe193FailsAtEveryByteAsDescribed) {
+TEST(RegisterFileFaults, ASaveForThe193TellsOfAFailureAtEveryByte) {
     const Bytes& whole = Whole193();
     for (std::size_t room = 0; room < whole.size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
@@ -156,7 +156,7 @@ TEST(RegisterFileFaults, ASaveForThe193FailsAtEveryByteAsDescribed) {
     }
 }
 
-TEST(RegisterFileFaults, ASaveOfMarkedEntriesFailsAtEveryByteAsDescribed) {
+TEST(RegisterFileFaults, ASaveOfMarkedEntriesTellsOfAFailureAtEveryByte) {
     const Bytes& whole = Marked193();
     for (std::size_t room = 0; room <= whole.size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
