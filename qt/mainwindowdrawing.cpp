@@ -1,0 +1,151 @@
+// How the main window draws the program's fields.
+#include "mainwindow/handlers.h"
+#include "mainwindow/listrows.h"
+#include "qt/entryfield.h"
+#include "qt/entrylist.h"
+#include "qt/mainwindow.h"
+#include "qt/registerlistwindow.h"
+#include "qt/textconversion.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+/// Names from a file may be longer than any list can show.
+constexpr std::size_t LongestItem = 200;
+
+QColor ToQColor(const Colour& colour) {
+    return {colour.Red, colour.Green, colour.Blue};
+}
+
+/// A window title in which no part has a meaning of its own for the toolkit.
+QString EscapedTitle(TextView caption) {
+    return ToQString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+void DrawItems(QComboBox* list, const std::vector<Text>& items, int selected) {
+    bool same = list->count() == static_cast<int>(items.size());
+    for (int i = 0; same && i < list->count(); ++i) {
+        same = list->itemText(i) == ToQString(items[static_cast<std::size_t>(i)]).left(LongestItem);
+    }
+    if (!same) {
+        list->clear();
+        for (const Text& item : items) {
+            list->addItem(ToQString(item).left(LongestItem));
+        }
+    }
+    list->setCurrentIndex(selected);
+}
+
+}  // namespace
+
+void MainWindow::Draw() {
+    const bool before = std::exchange(drawing_, true);
+    const MainWindowFields& fields = program_.Fields;
+    for (std::size_t i = 0; i < fields.Anzeigefeld.size(); ++i) {
+        if (widgets_.Texts.at(i) != nullptr) {
+            widgets_.Texts.at(i)->Show(fields.Anzeigefeld.at(i));
+        } else {
+            widgets_.Diagnostics.at(i)->setText(ToQString(fields.Anzeigefeld.at(i)));
+        }
+    }
+    DrawChoices();
+    DrawCounts();
+    DrawSaveChange();
+    widgets_.btnSearchMore->setEnabled(fields.btnSearchMoreEnabled);
+    for (QAction* action : saveActions_) {
+        action->setEnabled(fields.SaveMenusEnabled);
+    }
+    for (const auto& [action, check] : checkActions_) {
+        action->setChecked(fields.*check);
+    }
+    findChild<QMenu*>(QStringLiteral("mnuSync"))->setEnabled(program_.Sync.SyncLoaded);
+    SelectListRow();
+    if (list_ != nullptr) {
+        list_->Draw(program_.List);
+    }
+    drawing_ = before;
+}
+
+void MainWindow::DrawChoices() {
+    const MainWindowFields& fields = program_.Fields;
+    DrawItems(widgets_.DDTon, fields.DDTonItems, fields.DDTon);
+    DrawItems(widgets_.DDAB, fields.DDABItems, fields.DDAB);
+    DrawItems(widgets_.DDMSN, fields.DDMSNItems, fields.DDMSN);
+    widgets_.chkTon->setChecked(fields.chkTon);
+    widgets_.chkCharge->setChecked(fields.chkCharge);
+    widgets_.OptFilter.at(static_cast<std::size_t>(fields.OptFilter))->setChecked(true);
+    widgets_.AnzGeb->setText(ToQString(fields.AnzGeb));
+    widgets_.chkExport->setChecked(fields.chkExport);
+    widgets_.chkListFilter->setChecked(fields.chkListFilter);
+}
+
+void MainWindow::DrawCounts() const {
+    const RegisterState& state = program_.State;
+    widgets_.AnzGes->setNum(state.AnzGes);
+    widgets_.AnzNr->setNum(state.AnzNr);
+    widgets_.AnzMarkiert->setNum(state.AnzMarkiert);
+    widgets_.Index->setNum(program_.Fields.Index);
+    widgets_.Satzwahl->setRange(1, state.Satzwahl.Maximum);
+    widgets_.Satzwahl->setValue(state.Satzwahl.Value);
+}
+
+void MainWindow::DrawSaveChange() const {
+    QPalette palette;
+    if (program_.Fields.btnSaveChange != EditState::Neutral) {
+        const bool pending = program_.Fields.btnSaveChange == EditState::Pending;
+        palette = widgets_.btnSaveChange->palette();
+        palette.setColor(QPalette::Button, ToQColor(pending ? PendingColour : StoredColour));
+        palette.setColor(QPalette::ButtonText, Qt::black);  // legible in a dark theme, too
+    }
+    widgets_.btnSaveChange->setPalette(palette);
+}
+
+void MainWindow::SelectListRow() const {
+    widgets_.TelRegListe->SelectRow(
+        RowOfPosition(program_.Fields.TelRegListe, program_.State.AnzNr));
+}
+
+void MainWindow::ShowCurrentEntry() {
+    ShowEntry(program_);
+    for (EntryField* field : widgets_.Texts) {
+        if (field != nullptr) {
+            field->ForgetUndo();
+        }
+    }
+    Draw();
+}
+
+void MainWindow::RebuildList() {
+    RebuildRows(program_);
+    const bool before = std::exchange(drawing_, true);
+    model_->SetRows(program_.Fields.TelRegListe);
+    DrawCounts();
+    SelectListRow();
+    drawing_ = before;
+}
+
+void MainWindow::DrawStatus(const QString& text) const {
+    widgets_.Status->setText(text);
+    widgets_.Status->repaint();
+}
+
+void MainWindow::DrawCurrentFile() {
+    const CurrentFile& file = program_.State.File;
+    setWindowTitle(EscapedTitle(CaptionOf(file)));
+    widgets_.AnzQuelle->setText(ToQString(file.Type));
+    widgets_.AnzQuellZeit->setText(ToQString(SourceTimeOf(file)));
+}
+
+}  // namespace norvik
