@@ -1,4 +1,5 @@
 // Any bytes as an address database, with a mapping that names fields, none and impossible ones.
+// Sources: sync/synctables.cpp sync/quotedfields.cpp
 #include "sync/synctables.h"
 
 #include <cstdlib>

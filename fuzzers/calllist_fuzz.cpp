@@ -1,4 +1,5 @@
 // Any bytes as a call list's file, of which every question is answered.
+// Sources: formats/calllist/calllist.cpp
 #include "base/runtimeerror.h"
 #include "formats/calllist/calllist.h"
 #include "tests/support/idledesktop.h"

@@ -1,4 +1,5 @@
 // Any bytes as a command line.
+// Sources: mainwindow/commandline.cpp
 #include "mainwindow/commandline.h"
 #include "tests/support/idledesktop.h"
 

@@ -1,5 +1,6 @@
 // Any bytes as a CSV file, with and without the removal of doubled lines; the header's quotes
 // decide which splitter is at work.
+// Sources: formats/csv/csvreader.cpp formats/csv/csvsplit.cpp
 #include "formats/csv/csvformat.h"
 #include "register/register.h"
 #include "tests/support/idledesktop.h"

@@ -1,4 +1,5 @@
 // A mode and any text as a number, with prefixes taken from the input as well.
+// Sources: formats/common/globalize.cpp
 #include "formats/common/globalize.h"
 #include "tests/support/idledesktop.h"
 

@@ -1,4 +1,5 @@
 // Any text, its line feeds between the fields, as the info fields of a line.
+// Sources: formats/csv/infoflow.cpp
 #include "base/windows1252.h"
 #include "formats/csv/infoflow.h"
 #include "register/entry.h"

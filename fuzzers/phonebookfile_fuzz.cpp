@@ -1,4 +1,5 @@
 // Any bytes as the lines behind the identification line of a 175 phonebook file.
+// Sources: formats/phonebook175/phonebookfilereader.cpp base/lines.cpp
 #include "base/lines.h"
 #include "formats/phonebook175/phonebookfile.h"
 #include "tests/support/idledesktop.h"

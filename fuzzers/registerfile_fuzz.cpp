@@ -1,4 +1,5 @@
 // Any bytes as a register file: read, checked, sorted, searched, shown and written again.
+// Sources: formats/registerfile/registerfilereader.cpp
 #include "formats/registerfile/registerfilereader.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/showentry.h"

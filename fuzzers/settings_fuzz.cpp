@@ -1,5 +1,6 @@
 // Any bytes as a settings file: read, applied, its price shown; what is written of it reads the
 // same.
+// Sources: register/settings.cpp
 #include "register/settings.h"
 
 #include <cstdlib>

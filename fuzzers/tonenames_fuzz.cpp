@@ -1,4 +1,5 @@
 // Any bytes as a tone-names file.
+// Sources: ringtones/tonenames.cpp
 #include "ringtones/tonenames.h"
 
 #include <cstdlib>

@@ -24,20 +24,23 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build" / "mutation"
 
+# Beside the rooms of the formats.
 SOURCES = {
-    "195/193": ["formats/registerfile/registerfilereader.cpp", "formats/registerfile/registerfilewriter.cpp"],
-    "175": ["formats/phonebook175/phonebookfilereader.cpp", "formats/phonebook175/phonebookfilewriter.cpp"],
-    "CSV": ["formats/csv/csvreader.cpp", "formats/csv/csvwriter.cpp", "formats/csv/csvsplit.cpp",
-            "formats/csv/infoflow.cpp"],
-    "IP 286": ["formats/ip286/ip286.cpp"],
-    "call list": ["formats/calllist/calllist.cpp"],
-    "charge statement": ["formats/charges/chargestatement.cpp"],
-    "mobile export": ["formats/mobile/mobileexport.cpp"],
     "sort": ["registertools/sortregister.cpp"],
     "check": ["registertools/checkregister.cpp"],
     "line-access zero": ["registertools/lineaccesszero.cpp"],
     "globalise": ["formats/common/globalize.cpp"],
 }
+
+
+def all_sources():
+    """The sources by group: a format's are those of its room, the menu items left out."""
+    rooms = sorted(path for path in (ROOT / "formats").iterdir()
+                   if path.is_dir() and path.name != "common")
+    groups = {room.name: sorted(str(path.relative_to(ROOT)) for path in room.glob("*.cpp")
+                                if not path.stem.endswith("menu")) for room in rooms}
+    return {**groups, **SOURCES}
+
 
 # What stands between other tokens and what takes its place.
 OPERATORS = {
@@ -139,7 +142,7 @@ def main():
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("sources", nargs="*", metavar="SOURCE")
     options = parser.parse_args()
-    groups = {"chosen": options.sources} if options.sources else SOURCES
+    groups = {"chosen": options.sources} if options.sources else all_sources()
     commands = prepare()
     draw = random.Random(options.seed)
     drawn = []
