@@ -1,6 +1,6 @@
 // What the operations need of a screen: to ask the user and to show their work. Implemented by the
-// window (qt/) and by the tests' scripted desktop. Everything runs on one thread; every call
-// returns when it is done.
+// window (qt/), by the converter (console/) and by the tests' scripted desktop. Everything runs on
+// one thread; every call returns when it is done. dialogs/windows.h opens the other windows.
 #pragma once
 
 #include "base/files.h"
@@ -60,41 +60,21 @@ class Desktop {
     /// A name to save under; the user has agreed to replace a file of that name.
     virtual std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) = 0;
 
-    // Show.
+    // Show. A desktop without a screen shows nothing.
 
     /// Shows `text` in the status line and repaints it at once.
-    virtual void SetStatus(TextView text) = 0;
-    virtual void Beep() = 0;
-    virtual void SetPointer(Pointer pointer) = 0;
+    virtual void SetStatus(TextView /*text*/) {}
+    virtual void Beep() {}
+    virtual void SetPointer(Pointer /*pointer*/) {}
     /// Shows the register's entry at its current position (AnzNr) in the main window's fields.
-    virtual void ShowEntry() = 0;
+    virtual void ShowEntry() {}
     /// Builds the main window's list anew and shows the counts.
-    virtual void RebuildList() = 0;
+    virtual void RebuildList() {}
     /// Shows type, path and date of the current file.
-    virtual void ShowCurrentFile() = 0;
+    virtual void ShowCurrentFile() {}
     /// Moves the input focus to one of the main window's text fields (0 name, 1 number, 8 to 13
     /// info lines).
-    virtual void FocusField(int field) = 0;
-    /// Closes the main window as its close box does.
-    virtual void CloseMainWindow() = 0;
-
-    // The other windows.
-
-    /// Shows the dialog of the mobile export and returns when it is closed.
-    virtual void ShowMobileExport() = 0;
-    /// Shows the register list beside the main window, or brings it to the front.
-    virtual void ShowRegisterList() = 0;
-    virtual void CloseRegisterList() = 0;
-    /// Shows the settings dialog and returns when it is closed.
-    virtual void ShowSettings() = 0;
-
-    // Hand over.
-
-    /// Opens a document with the program that the desktop has for it. Gives 33 when it was handed
-    /// over, 2 when there is no such document, 31 when no program opens it.
-    virtual int OpenDocument(const FilePath& document) = 0;
-    /// Opens a text in the desktop's text editor, whether it exists or not.
-    virtual void OpenInTextEditor(const FilePath& document) = 0;
+    virtual void FocusField(int /*field*/) {}
 };
 
 }  // namespace norvik

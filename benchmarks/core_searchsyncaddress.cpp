@@ -3,20 +3,13 @@
 #include "formats/common/globalize.h"
 #include "sync/searchsyncaddress.h"
 #include "tests/support/idledesktop.h"
+#include "tests/support/settings.h"
 
 #include <benchmark/benchmark.h>
 
 namespace norvik::benchmarks {
 
 namespace {
-
-Settings Berlin() {
-    Settings settings;
-    settings.Table.SetValue(Setting::CountryCode, u"49");
-    settings.Table.SetValue(Setting::RegionCode, u"30");
-    ApplySettings(settings);
-    return settings;
-}
 
 /// Telephone number `number` in one of the four forms that people write.
 std::string Number(std::size_t number) {

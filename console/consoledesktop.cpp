@@ -28,24 +28,4 @@ std::optional<FilePath> ConsoleDesktop::AskForFileToSave(const FileDialog& /*dia
     return std::nullopt;
 }
 
-void ConsoleDesktop::SetStatus(TextView /*text*/) {}
-void ConsoleDesktop::Beep() {}
-void ConsoleDesktop::SetPointer(Pointer /*pointer*/) {}
-void ConsoleDesktop::ShowEntry() {}
-void ConsoleDesktop::RebuildList() {}
-void ConsoleDesktop::ShowCurrentFile() {}
-void ConsoleDesktop::FocusField(int /*field*/) {}
-void ConsoleDesktop::CloseMainWindow() {}
-void ConsoleDesktop::ShowMobileExport() {}
-void ConsoleDesktop::ShowRegisterList() {}
-void ConsoleDesktop::CloseRegisterList() {}
-void ConsoleDesktop::ShowSettings() {}
-
-int ConsoleDesktop::OpenDocument(const FilePath& /*document*/) {
-    constexpr int NoProgram = 31;
-    return NoProgram;
-}
-
-void ConsoleDesktop::OpenInTextEditor(const FilePath& /*document*/) {}
-
 }  // namespace norvik

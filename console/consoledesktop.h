@@ -24,23 +24,6 @@ class ConsoleDesktop : public Desktop {
     std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
 
-    // There is nothing to show the rest on.
-    void SetStatus(TextView text) override;
-    void Beep() override;
-    void SetPointer(Pointer pointer) override;
-    void ShowEntry() override;
-    void RebuildList() override;
-    void ShowCurrentFile() override;
-    void FocusField(int field) override;
-    void CloseMainWindow() override;
-    void ShowMobileExport() override;
-    void ShowRegisterList() override;
-    void CloseRegisterList() override;
-    void ShowSettings() override;
-    /// 31: no program opens it.
-    int OpenDocument(const FilePath& document) override;
-    void OpenInTextEditor(const FilePath& document) override;
-
   private:
     Text msn_;
     int boxes_ = 0;

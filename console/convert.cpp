@@ -10,6 +10,7 @@
 #include "console/writetarget.h"
 #include "formats/calllist/calllist.h"
 #include "formats/common/undefinederror.h"
+#include "losses/lossreport.h"
 #include "mainwindow/operations.h"
 
 namespace norvik {
@@ -47,14 +48,14 @@ ExitStatus Print(TextView lines) {
 /// One line for each loss in the target format, or in every format with its name in front.
 Text LossLines(const ConverterOptions& options, const Settings& settings,
                const RegisterState& state) {
-    const LossOptions lossOptions = LossOptionsOf(options, settings);
+    const TargetOptions targetOptions = TargetOptionsOf(options, settings);
     Text lines;
-    for (const TargetFormat format : TargetFormats()) {
+    for (const FileFormat format : TargetFormats()) {
         if (options.To.value_or(format) != format) {
             continue;
         }
-        const Text prefix = options.To ? Text() : FromAscii(NameOf(format)) + u": ";
-        for (const Loss& loss : LossReport(state, format, lossOptions)) {
+        const Text prefix = options.To ? Text() : FromAscii(RowOf(format).Word) + u": ";
+        for (const Loss& loss : LossReport(state, format, targetOptions)) {
             lines.append(prefix).append(Printable(LossLine(loss))).append(LineEnd);
         }
     }
@@ -161,8 +162,7 @@ ExitStatus Convert(const ConverterOptions& options) {
     } catch (const RuntimeError& error) {
         return NotWritten(options.Target, error.Description());
     }
-    return options.From == SourceFormat::CallList ? ConvertCalls(options)
-                                                  : ConvertRegister(options);
+    return options.From == FileFormat::CallList ? ConvertCalls(options) : ConvertRegister(options);
 }
 
 ExitStatus RunConverter(std::span<const std::string_view> arguments) {

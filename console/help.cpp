@@ -1,24 +1,24 @@
 #include "console/help.h"
 
 #include "console/messages.h"
+#include "formats/formattable.h"
+
+#include <algorithm>
 
 namespace norvik {
 
 namespace {
 
-constexpr TextView Help = uR"(Aufruf: norvik-konverter [Optionen] QUELLE ZIEL
+constexpr std::size_t Width = 80;
+constexpr std::size_t Explanations = 24;  ///< the column in which they stand
+
+constexpr TextView Calls = uR"(Aufruf: norvik-konverter [Optionen] QUELLE ZIEL
         norvik-konverter --pruefen [Optionen] QUELLE
         norvik-konverter --verluste [--nach FORMAT] [Optionen] QUELLE
 
-Wandelt ein Telefonregister von einem Format in ein anderes um. Das Format folgt
-aus der Endung: QUELLE .t9t, .pbo, .csv oder .t9a (Anrufliste), ZIEL .t9t, .pbo,
-.csv, .pbb oder .geb. "-" ist die Standardein- oder -ausgabe.
+)";
 
-  --von FORMAT          Format der QUELLE: 195, 193, 175 oder csv
-  --nach FORMAT         Format des ZIELs: 195, 193, 175, csv, ip286, simsurf
-                        oder gebuehren; ein ZIEL .t9t wird ohne --nach 193 eine
-                        195-Datei
-  --nur-markierte       nur markierte Einträge (193, simsurf)
+constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Einträge (193, simsurf)
   --anfuehrungszeichen  alle Werte in Anführungszeichen (csv)
   --ausschliessen TEXT  ohne die Einträge, deren Nummer TEXT enthält (ip286);
                         mehrfach möglich
@@ -55,11 +55,93 @@ Nummern wurde etwas gemeldet, 2: falscher Aufruf, 3: nicht lesbar oder nicht
 schreibbar, 4: Abbruch wegen einer beschädigten Datei.
 )";
 
+/// "a, b oder c".
+Text Enumerated(const std::vector<Text>& items) {
+    Text text;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        text.append(i == 0 ? u"" : i + 1 == items.size() ? u" oder " : u", ").append(items[i]);
+    }
+    return text;
+}
+
+Text Enumerated(const std::vector<std::string_view>& words) {
+    std::vector<Text> items(words.size());
+    std::transform(words.begin(), words.end(), items.begin(), FromAscii);
+    return Enumerated(items);
+}
+
+/// The endings of the formats that are read, each once, with what it stands for where no word names
+/// it.
+std::vector<Text> SourceEndings() {
+    std::vector<Text> endings;
+    for (const FormatRow& row : FormatTable()) {
+        if (SourceOfEnding(FilePath(row.Ending)) == row.Format) {
+            const Text ending = FromAscii(row.Ending);
+            endings.push_back(row.Word.empty() ? ending + u" (" + Text(row.Called) + u")" : ending);
+        }
+    }
+    return endings;
+}
+
+std::vector<Text> TargetEndings() {
+    std::vector<Text> endings;
+    for (const FormatRow& row : FormatTable()) {
+        if (TargetOfEnding(FilePath(row.Ending)) == row.Format) {
+            endings.push_back(FromAscii(row.Ending));
+        }
+    }
+    return endings;
+}
+
+/// The words of `text` in lines that fit behind `start`; further lines begin below its end.
+Text Folded(TextView start, TextView text) {
+    Text folded(start);
+    std::size_t column = start.size();
+    bool first = true;
+    for (TextView rest = text; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(u' '), rest.size());
+        if (!first && column + 1 + end > Width) {
+            folded.append(u"\n").append(start.size(), u' ');
+            column = start.size();
+        } else if (!first) {
+            folded.append(u" ");
+            ++column;
+        }
+        folded.append(rest.substr(0, end));
+        column += end;
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        first = false;
+    }
+    return folded.append(u"\n");
+}
+
+/// An option's name, in front of its explanation.
+Text OptionColumn(TextView option) {
+    Text column = u"  " + Text(option);
+    return column.append(Explanations - column.size(), u' ');
+}
+
+Text Help() {
+    Text help(Calls);
+    help.append(Folded(
+        {}, u"Wandelt ein Telefonregister von einem Format in ein anderes um. Das Format folgt aus "
+            u"der Endung: QUELLE " +
+                Enumerated(SourceEndings()) + u", ZIEL " + Enumerated(TargetEndings()) +
+                u". \"-\" ist die Standardein- oder -ausgabe."));
+    help.append(u"\n");
+    help.append(
+        Folded(OptionColumn(u"--von FORMAT"), u"Format der QUELLE: " + Enumerated(SourceNames())));
+    help.append(Folded(OptionColumn(u"--nach FORMAT"),
+                       u"Format des ZIELs: " + Enumerated(TargetNames()) +
+                           u"; ein ZIEL .t9t wird ohne --nach 193 eine 195-Datei"));
+    return help.append(OtherOptions);
+}
+
 }  // namespace
 
 Text HelpText() {
     Text text;
-    for (const char16_t character : Help) {
+    for (const char16_t character : Help()) {
         text.append(character == u'\n' ? LineEnd : TextView(&character, 1));
     }
     return text;

@@ -2,9 +2,6 @@
 
 #include "console/standardstreams.h"
 #include "formats/common/followload.h"
-#include "formats/csv/csvmenu.h"
-#include "formats/phonebook175/phonebookfilemenu.h"
-#include "formats/registerfile/registerfilemenu.h"
 #include "registertools/lineaccesszero.h"
 
 namespace norvik {
@@ -13,18 +10,11 @@ namespace {
 
 bool LoadRegister(const ConverterOptions& options, const Settings& settings, RegisterState& state,
                   Desktop& desktop) {
-    const SourceReader read = [&options] { return ReadSource(options.Source); };
-    switch (options.From) {
-    case SourceFormat::RegisterFile:
-        return LoadNVOrReport(state, read, desktop);
-    case SourceFormat::Phonebook175:
-        return Load175OrReport(state, read, desktop);
-    case SourceFormat::Csv:
-        return LoadCSVOrReport(state, settings, read, options.AvoidDoubles, desktop);
-    case SourceFormat::CallList:
-        break;  // holds no register
-    }
-    return false;
+    const FormatRow& row = RowOf(options.From);
+    return row.Load != nullptr &&
+           row.Load(
+               state, [&options] { return ReadSource(options.Source); },
+               {.Csv = {.AvoidDoubles = options.AvoidDoubles}}, settings, desktop);
 }
 
 }  // namespace

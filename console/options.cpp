@@ -13,8 +13,8 @@ namespace {
 /// What has been read of the command line so far.
 struct Reading {
     ConverterOptions Options;
-    std::optional<SourceFormat> From;
-    std::optional<TargetFormat> To;
+    std::optional<FileFormat> From;
+    std::optional<FileFormat> To;
     std::vector<FilePath> Files;
     /// The options that occurred, as places in the table.
     std::vector<std::size_t> Used;
@@ -45,9 +45,8 @@ Text FilledTextValue(TextView option, std::string_view value) {
     return text;
 }
 
-template <typename Format>
-Format FormatValue(TextView option, std::string_view value, std::optional<Format> format,
-                   std::span<const std::string_view> names) {
+FileFormat FormatValue(TextView option, std::string_view value, std::optional<FileFormat> format,
+                       std::span<const std::string_view> names) {
     if (!format) {
         Fail(Text(option) + u": unbekanntes Format " + ShownArgument(value) +
              u"; am nächsten kommt " + FromAscii(Nearest(value, names)));
@@ -94,22 +93,26 @@ bool Anywhere(const ConverterOptions& /*options*/) {
 }
 
 bool OfRegister(const ConverterOptions& options) {
-    return options.From != SourceFormat::CallList;
+    return RowOf(options.From).Load != nullptr;
 }
 
-template <SourceFormat Format>
+template <FileFormat Format>
 bool From(const ConverterOptions& options) {
     return options.From == Format;
 }
 
-template <TargetFormat Format>
+bool ToAny(const ConverterOptions& options) {
+    return options.Losses && options.What == Task::LoadOnly && !options.To;
+}
+
+template <FileFormat Format>
 bool To(const ConverterOptions& options) {
-    const bool toAny = options.Losses && options.What == Task::LoadOnly && !options.To;
-    return OfRegister(options) && (toAny || options.To == Format);
+    return OfRegister(options) && (ToAny(options) || options.To == Format);
 }
 
 bool ToReduced(const ConverterOptions& options) {
-    return To<TargetFormat::Register193>(options) || To<TargetFormat::MobileExport>(options);
+    return OfRegister(options) &&
+           (ToAny(options) || (options.To && RowOf(*options.To).CanLeaveOutUnmarked));
 }
 
 bool ToFormat(const ConverterOptions& options) {
@@ -140,12 +143,12 @@ constexpr std::array<OptionRow, 24> Rows = {{
          reading.To = FormatValue(u"--nach", value, TargetOfName(value), TargetNames());
      }, ToFormat, u"mit einem ZIEL oder mit --verluste"},
     {"--nur-markierte", false, Set<&ConverterOptions::OnlyMarked>, ToReduced, u"für die Ziele 193 und simsurf"},
-    {"--anfuehrungszeichen", false, Set<&ConverterOptions::Quoted>, To<TargetFormat::Csv>, u"für ein Register mit dem Ziel csv"},
-    {"--ausschliessen", true, TakeExclusion, To<TargetFormat::Ip286>, u"für das Ziel ip286"},
-    {"--ohne-doubletten", false, Set<&ConverterOptions::AvoidDoubles>, From<SourceFormat::Csv>, u"für eine QUELLE im Format csv"},
+    {"--anfuehrungszeichen", false, Set<&ConverterOptions::Quoted>, To<FileFormat::Csv>, u"für ein Register mit dem Ziel csv"},
+    {"--ausschliessen", true, TakeExclusion, To<FileFormat::Ip286>, u"für das Ziel ip286"},
+    {"--ohne-doubletten", false, Set<&ConverterOptions::AvoidDoubles>, From<FileFormat::Csv>, u"für eine QUELLE im Format csv"},
     {"--msn", true, [](Reading& reading, std::string_view value) {
          reading.Options.Msn = TextValue(u"--msn", value);
-     }, From<SourceFormat::CallList>, u"für eine Anrufliste (.t9a)"},
+     }, From<FileFormat::CallList>, u"für eine Anrufliste (.t9a)"},
     {"--null-hinzu", false, [](Reading& reading, std::string_view /*value*/) {
          reading.Options.ZeroCode = u"0";
      }, OfRegister, ForRegisters},
@@ -155,13 +158,13 @@ constexpr std::array<OptionRow, 24> Rows = {{
          reading.Options.Sorted = false;
      }, OfRegister, ForRegisters},
     {"--ini", true, TakeSettingsFile, OfRegister, ForRegisters},
-    {"--AddRegionCode", false, Tick<AddRegionCodeBox>, To<TargetFormat::MobileExport>, ForMobileExport},
-    {"--GlobalizeNumber", false, Tick<GlobalizeNumberBox>, To<TargetFormat::MobileExport>, ForMobileExport},
-    {"--Change00to+", false, Tick<Change00toPlusBox>, To<TargetFormat::MobileExport>, ForMobileExport},
-    {"--UseReductionFlags", false, Tick<UseReductionFlagsBox>, To<TargetFormat::MobileExport>, ForMobileExport},
-    {"--DeleteCommaInNames", false, Tick<DeleteCommaInNamesBox>, To<TargetFormat::MobileExport>, ForMobileExport},
-    {"--WriteMemNumber", false, Tick<WriteMemNumberBox>, To<TargetFormat::MobileExport>, ForMobileExport},
-    {"--UseQuotesForData", false, Tick<UseQuotesForDataBox>, To<TargetFormat::MobileExport>, ForMobileExport},
+    {"--AddRegionCode", false, Tick<AddRegionCodeBox>, To<FileFormat::MobileExport>, ForMobileExport},
+    {"--GlobalizeNumber", false, Tick<GlobalizeNumberBox>, To<FileFormat::MobileExport>, ForMobileExport},
+    {"--Change00to+", false, Tick<Change00toPlusBox>, To<FileFormat::MobileExport>, ForMobileExport},
+    {"--UseReductionFlags", false, Tick<UseReductionFlagsBox>, To<FileFormat::MobileExport>, ForMobileExport},
+    {"--DeleteCommaInNames", false, Tick<DeleteCommaInNamesBox>, To<FileFormat::MobileExport>, ForMobileExport},
+    {"--WriteMemNumber", false, Tick<WriteMemNumberBox>, To<FileFormat::MobileExport>, ForMobileExport},
+    {"--UseQuotesForData", false, Tick<UseQuotesForDataBox>, To<FileFormat::MobileExport>, ForMobileExport},
     {"--pruefen", false, Set<&ConverterOptions::Check>, OfRegister, ForRegisters},
     {"--verluste", false, Set<&ConverterOptions::Losses>, OfRegister, ForRegisters},
     {"--ueberschreiben", false, Set<&ConverterOptions::Overwrite>, ToFile, u"mit einem ZIEL"},
@@ -276,7 +279,7 @@ void TakeFiles(Reading& reading) {
 /// What the options say comes before the ending.
 void TakeFormats(Reading& reading) {
     ConverterOptions& options = reading.Options;
-    const std::optional<SourceFormat> from =
+    const std::optional<FileFormat> from =
         reading.From ? reading.From : SourceOfEnding(options.Source);
     if (!from) {
         FailWithoutFormat(options.Source, u"--von");
@@ -284,9 +287,9 @@ void TakeFormats(Reading& reading) {
     options.From = *from;
     const bool hasTarget = options.What == Task::Convert;
     options.To = reading.To || !hasTarget ? reading.To : TargetOfEnding(options.Target);
-    if (options.From == SourceFormat::CallList) {
+    if (options.From == FileFormat::CallList) {
         const bool known = options.To || options.Target == FilePath(StandardStream);
-        if (hasTarget && (!known || options.To.value_or(TargetFormat::Csv) != TargetFormat::Csv)) {
+        if (hasTarget && (!known || options.To.value_or(FileFormat::Csv) != FileFormat::Csv)) {
             Fail(u"eine Anrufliste (.t9a) gibt nur eine CSV-Datei");
         }
         options.To.reset();

@@ -3,8 +3,8 @@
 
 #include "base/files.h"
 #include "base/text.h"
-#include "console/formats.h"
 #include "dialogs/mobileexportfields.h"
+#include "formats/formattable.h"
 
 #include <optional>
 #include <span>
@@ -27,10 +27,10 @@ struct ConverterOptions {
     Task What = Task::Convert;
     FilePath Source = {};
     FilePath Target = {};  ///< empty when there is none
-    SourceFormat From = SourceFormat::RegisterFile;
+    FileFormat From = FileFormat::Register195;
     /// Nothing for the file that a call list gives, and where the losses in every format are
     /// wanted.
-    std::optional<TargetFormat> To = {};
+    std::optional<FileFormat> To = {};
 
     bool Check = false;         ///< "--pruefen"
     bool Losses = false;        ///< "--verluste"

@@ -4,8 +4,6 @@
 #include "base/desktop.h"
 #include "base/runtimeerror.h"
 #include "console/options.h"
-#include "formats/mobile/mobileexport.h"
-#include "losses/lossreport.h"
 #include "register/register.h"
 #include "register/settings.h"
 
@@ -15,8 +13,8 @@ namespace norvik {
 /// boxes of the options: those of the settings are ticked already.
 MobileExportOptions MobileOptions(const ConverterOptions& options, const Settings& settings);
 
-/// What the losses depend on.
-LossOptions LossOptionsOf(const ConverterOptions& options, const Settings& settings);
+/// How the target is written.
+TargetOptions TargetOptionsOf(const ConverterOptions& options, const Settings& settings);
 
 /// Writes the register into `path` as the options say. Gives false, after a message, when marked
 /// entries are wanted and none is marked; nothing is written then. Raises what writing raises.
@@ -25,6 +23,6 @@ bool WriteTarget(const ConverterOptions& options, const Settings& settings, Regi
 
 /// Shows what the window shows in a box when writing in this format fails; nothing where it passes
 /// over the failure.
-void ReportWriteError(TargetFormat format, const RuntimeError& error, Desktop& desktop);
+void ReportWriteError(FileFormat format, const RuntimeError& error, Desktop& desktop);
 
 }  // namespace norvik

@@ -26,30 +26,31 @@ Text Joined(std::initializer_list<TextView> lines) {
     return text;
 }
 
-void OpenDocument(const HelpFolders& folders, TextView name, TextView status, Desktop& desktop) {
-    const int returned = desktop.OpenDocument(FindDocument(folders, name));
+void OpenDocument(const HelpFolders& folders, TextView name, TextView status, Desktop& desktop,
+                  Windows& windows) {
+    const int returned = windows.OpenDocument(FindDocument(folders, name));
     desktop.SetStatus(Text(status) + Decimal(returned));
 }
 
 }  // namespace
 
-void mnuHelpManual(const HelpFolders& folders, Desktop& desktop) {
+void mnuHelpManual(const HelpFolders& folders, Desktop& desktop, Windows& windows) {
     desktop.Ask({.text = u"Sorry, es ist noch kein Handbuch verfügbar. Alles wesentliche steht in "
                          u"README!",
                  .title = u"Entschuldigung",
                  .icon = Icon::Information});
     OpenDocument(folders, u"NorvikRegister-Handbuch.pdf",
-                 u"Start des Handbuchs (Testfunktion) Returncode ShellExecute: ", desktop);
+                 u"Start des Handbuchs (Testfunktion) Returncode ShellExecute: ", desktop, windows);
 }
 
-void mnuHilfeReadme(const HelpFolders& folders, Desktop& desktop) {
+void mnuHilfeReadme(const HelpFolders& folders, Desktop& desktop, Windows& windows) {
     OpenDocument(folders, u"nvreadme.htm",
                  u"Start von README im Webbrowser (Testfunktion) Returncode ShellExecute: ",
-                 desktop);
+                 desktop, windows);
 }
 
-void mnuHilfeWhatsNew(const HelpFolders& folders, Desktop& desktop) {
-    desktop.OpenInTextEditor(FindDocument(folders, u"whatsnew.txt"));
+void mnuHilfeWhatsNew(const HelpFolders& folders, Windows& windows) {
+    windows.OpenInTextEditor(FindDocument(folders, u"whatsnew.txt"));
 }
 
 void mnuHilfeAbout(Desktop& desktop) {

@@ -6,7 +6,6 @@ namespace norvik {
 
 namespace {
 
-constexpr std::string_view Ending = ".pbb";
 constexpr TextView Yes = u"yes";
 constexpr TextView No = u"no";
 constexpr TextView UsualSeparator = u";";
@@ -18,6 +17,10 @@ constexpr std::array<Setting, HandyBoxes> BoxSettings = {
     Setting::UseQuotesForData};
 
 }  // namespace
+
+void mnuDateiHandyexp(Windows& windows) {
+    windows.ShowMobileExport();
+}
 
 MobileExportFields NVHE_Load(const Settings& settings) {
     const SettingsTable& table = settings.Table;
@@ -54,19 +57,20 @@ MobileExportOptions OptionsOf(const MobileExportFields& fields) {
             .DataSeparator = fields.InpSeparator};
 }
 
-void btnExport_Click(const MobileExportFields& fields, const RegisterState& state, const Settings& settings,
-                     Desktop& desktop) {
+void btnExport_Click(const MobileExportFields& fields, const RegisterState& state,
+                     const Settings& settings, Desktop& desktop) {
     const std::optional<FilePath> chosen = desktop.AskForFileToSave(
-        {.filter = u"SIM-Surf|*.pbb|Alle Dateien|*.*", .ending = std::string(Ending)});
+        {.filter = Text(mobileexport::DialogFilter), .ending = std::string(mobileexport::Ending)});
     if (!chosen) {
         return;
     }
-    ExportMobile(state, OptionsOf(fields), settings, WithEnding(*chosen, Ending), desktop);
+    ExportMobile(state, OptionsOf(fields), settings, WithEnding(*chosen, mobileexport::Ending),
+                 desktop);
     desktop.ShowEntry();
 }
 
-void btnSaveSettings_Click(const MobileExportFields& fields, Settings& settings, const FilePath& folder,
-                           Desktop& desktop) {
+void btnSaveSettings_Click(const MobileExportFields& fields, Settings& settings,
+                           const FilePath& folder, Desktop& desktop) {
     SettingsTable table = settings.Table;
     for (std::size_t box = GlobalizeNumberBox; box < HandyBoxes; ++box) {
         table.SetValue(BoxSettings.at(box), fields.chkHE.at(box) ? Yes : No);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "dialogs/windows.h"
 #include "formats/mobile/mobileexport.h"
 #include "register/register.h"
 #include "register/settings.h"
@@ -30,6 +31,9 @@ struct MobileExportFields {
     Text InpSeparator;
 };
 
+/// Shows the dialog.
+void mnuDateiHandyexp(Windows& windows);
+
 /// The fields as the dialog opens: the prefixes, the stored options, and the stored separator or
 /// ";" when none is stored.
 MobileExportFields NVHE_Load(const Settings& settings);
@@ -41,12 +45,12 @@ void chkHE_Click(MobileExportFields& fields, std::size_t box);
 MobileExportOptions OptionsOf(const MobileExportFields& fields);
 
 /// Asks for a file and exports the register into it.
-void btnExport_Click(const MobileExportFields& fields, const RegisterState& state, const Settings& settings,
-                     Desktop& desktop);
+void btnExport_Click(const MobileExportFields& fields, const RegisterState& state,
+                     const Settings& settings, Desktop& desktop);
 
 /// Stores the boxes but the first one, and the separator, in the settings and writes their file in
 /// the program's folder. Raises what writing it raises; the settings then stay as they were.
-void btnSaveSettings_Click(const MobileExportFields& fields, Settings& settings, const FilePath& folder,
-                           Desktop& desktop);
+void btnSaveSettings_Click(const MobileExportFields& fields, Settings& settings,
+                           const FilePath& folder, Desktop& desktop);
 
 }  // namespace norvik

@@ -1,5 +1,7 @@
 #include "dialogs/settingsfields.h"
 
+#include "formats/formattable.h"
+
 #include "sync/quotedfields.h"
 
 #include <charconv>
@@ -57,6 +59,10 @@ bool ChooseFile(Text& field, TextView filter, std::string_view ending, Desktop& 
 
 }  // namespace
 
+void mnuSettingsBasic(Windows& windows) {
+    windows.ShowSettings();
+}
+
 SettingsFields NVSET_Load(const Settings& settings) {
     const SettingsTable& table = settings.Table;
     SettingsFields fields;
@@ -104,7 +110,8 @@ void DDSprache_Click(SettingsFields& fields, Desktop& desktop) {
 }
 
 void btnChangeLoadfile_Click(SettingsFields& fields, Desktop& desktop) {
-    ChooseFile(fields.InpLoadfile, u"NV-195-Datei|*.t9t|Alle Dateien|*.*", ".t9t", desktop);
+    const FormatRow& row = RowOf(FileFormat::Register195);
+    ChooseFile(fields.InpLoadfile, row.OpenFilter, row.Ending, desktop);
 }
 
 void btnChangeSyncfile_Click(SettingsFields& fields, Desktop& desktop) {

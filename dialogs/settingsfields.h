@@ -3,6 +3,7 @@
 
 #include "base/desktop.h"
 #include "dialogs/syncsample.h"
+#include "dialogs/windows.h"
 #include "register/settings.h"
 #include "sync/synctables.h"
 
@@ -39,6 +40,9 @@ struct SettingsFields {
     std::array<Text, SyncItems> Testausgabe;
     SyncSample Sample;
 };
+
+/// Shows the dialog.
+void mnuSettingsBasic(Windows& windows);
 
 /// The fields as the dialog opens: the stored values and the first sample record.
 SettingsFields NVSET_Load(const Settings& settings);

@@ -53,60 +53,42 @@ class Ip286Losses {
 };
 
 /// Makes of the entry what is left of it in the target.
-void Convert(RegisterEntry& entry, TargetFormat target, const LossOptions& options,
+void Convert(RegisterEntry& entry, FileFormat target, const TargetOptions& options,
              EntryLosses& losses) {
-    switch (target) {
-    case TargetFormat::Register195:
-        return ThroughRegister195(entry, losses);
-    case TargetFormat::Register193:
-        return ThroughRegister193(entry, losses);
-    case TargetFormat::Phonebook175:
-        return ThroughPhonebook175(entry, losses);
-    case TargetFormat::Csv:
-        return ThroughCsv(entry, options.QuotedCsv, losses);
-    case TargetFormat::Ip286:
-        return ThroughIp286(entry, losses);
-    case TargetFormat::MobileExport:
-        return ThroughMobileExport(entry, options.Mobile, losses);
-    case TargetFormat::ChargeStatement:
-        return ThroughChargeStatement(entry, losses);
+    const auto* const row = std::find_if(std::begin(LossTable), std::end(LossTable),
+                                         [target](const LossRow& r) { return r.Target == target; });
+    if (row != std::end(LossTable)) {
+        row->Through(entry, options, losses);
     }
 }
 
-/// Whether a load with its check follows.
-bool CanBeLoaded(TargetFormat target) {
-    return target == TargetFormat::Register195 || target == TargetFormat::Register193 ||
-           target == TargetFormat::Phonebook175 || target == TargetFormat::Csv;
-}
-
-void FindEntryLosses(const RegisterEntry& entry, TargetFormat target, const LossOptions& options,
+void FindEntryLosses(const RegisterEntry& entry, FileFormat target, const TargetOptions& options,
                      EntryLosses& losses) {
     RegisterEntry rest = entry;
     Convert(rest, target, options, losses);
     if (losses.IsTorn()) {
         return;
     }
-    if (CanBeLoaded(target)) {
-        Text findings;  // the repair alone matters
+    if (RowOf(target).Load != nullptr) {  // a load with its check follows
+        Text findings;                    // the repair alone matters
         CheckEntry(rest, findings);
     }
     CompareValues(entry, rest, losses);
 }
 
-bool IsLeftUnmarked(const RegisterEntry& entry, TargetFormat target, const LossOptions& options) {
-    const bool mobile = target == TargetFormat::MobileExport;
+bool IsLeftUnmarked(const RegisterEntry& entry, FileFormat target, const TargetOptions& options) {
     const bool onlyMarked =
-        (options.OnlyMarked && (mobile || target == TargetFormat::Register193)) ||
-        (options.Mobile.UseReductionFlags && mobile);
+        (options.OnlyMarked && RowOf(target).CanLeaveOutUnmarked) ||
+        (options.Mobile.UseReductionFlags && target == FileFormat::MobileExport);
     return onlyMarked && !IsMarked(entry);
 }
 
 }  // namespace
 
-std::vector<Loss> LossReport(const RegisterState& state, TargetFormat target,
-                             const LossOptions& options) {
+std::vector<Loss> LossReport(const RegisterState& state, FileFormat target,
+                             const TargetOptions& options) {
     std::vector<Loss> report;
-    const bool ip286 = target == TargetFormat::Ip286;
+    const bool ip286 = target == FileFormat::Ip286;
     Ip286Losses ip286Losses(options.Exclusions);
     for (int position = 1; position <= state.AnzGes; ++position) {
         const RegisterEntry& entry = EntryAt(state, position);

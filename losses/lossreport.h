@@ -1,22 +1,12 @@
 // What a register loses when it is written in another format. docs/formats/losses.md has the table.
 #pragma once
 
-#include "formats/mobile/mobileexport.h"
+#include "formats/formattable.h"
 #include "register/register.h"
 
 #include <vector>
 
 namespace norvik {
-
-enum class TargetFormat {
-    Register195,      ///< ".t9t", with info texts
-    Register193,      ///< ".t9t", without
-    Phonebook175,     ///< ".pbo"
-    Csv,              ///< ".csv", the register's own
-    Ip286,            ///< ".csv", name and number alone
-    MobileExport,     ///< ".pbb"
-    ChargeStatement,  ///< ".geb"
-};
 
 enum class LossKind {
     EntryLeftOut,     ///< not in the charge statement: the entry has no charge counter
@@ -59,21 +49,13 @@ struct Loss {
     bool operator==(const Loss&) const = default;
 };
 
-/// What a target's losses depend on.
-struct LossOptions {
-    bool QuotedCsv = false;   ///< the CSV file is written with its values in quotes
-    bool OnlyMarked = false;  ///< only marked entries are written; the others are not looked at
-    Text Exclusions = {};     ///< as ExportIP286 takes them; excluded entries are not looked at
-    MobileExportOptions Mobile = {};
-};
-
 /// What the entries at positions 1 to count would lose in a file of the target format, entry by
-/// entry. For a format that can be loaded, the register after writing and loading differs in
-/// exactly what is reported; the running numbers, which each load sets anew, are not looked at. An
-/// entry that a line break or a separator tears is reported for that alone. Raises error 5 for a
-/// character outside Windows-1252.
-std::vector<Loss> LossReport(const RegisterState& state, TargetFormat target,
-                             const LossOptions& options = {});
+/// entry; entries that the options leave out are not looked at. For a format that can be loaded,
+/// the register after writing and loading differs in exactly what is reported; the running numbers,
+/// which each load sets anew, are not looked at. An entry that a line break or a separator tears is
+/// reported for that alone. Raises error 5 for a character outside Windows-1252.
+std::vector<Loss> LossReport(const RegisterState& state, FileFormat target,
+                             const TargetOptions& options = {});
 
 /// A loss as one line for the user, without a line end: "#12 Müller: Ansage 3 fällt weg".
 Text LossLine(const Loss& loss);

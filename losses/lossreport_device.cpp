@@ -67,7 +67,8 @@ void TrimStart175(Text& info, EntryLosses& losses) {
 
 }  // namespace
 
-void ThroughRegister195(RegisterEntry& entry, EntryLosses& losses) {
+void ThroughRegister195(RegisterEntry& entry, const TargetOptions& /*options*/,
+                        EntryLosses& losses) {
     TrimEnd(entry.Name, NameWords, losses);
     TrimEnd(entry.Tel, NumberWords, losses);
     TrimEnd(entry.Info, InfoWords, losses);
@@ -79,7 +80,8 @@ void ThroughRegister195(RegisterEntry& entry, EntryLosses& losses) {
     ThroughItems(entry, losses);
 }
 
-void ThroughRegister193(RegisterEntry& entry, EntryLosses& losses) {
+void ThroughRegister193(RegisterEntry& entry, const TargetOptions& /*options*/,
+                        EntryLosses& losses) {
     TrimEnd(entry.Name, NameWords, losses);
     Cut(entry.Name, Text(Slice(entry.Name, 0, registerfile::NameWidth193)), NameWords,
         LossKind::NameCut, losses);
@@ -93,7 +95,8 @@ void ThroughRegister193(RegisterEntry& entry, EntryLosses& losses) {
     entry.MsnFilter |= MsnOfTelephone;
 }
 
-void ThroughPhonebook175(RegisterEntry& entry, EntryLosses& losses) {
+void ThroughPhonebook175(RegisterEntry& entry, const TargetOptions& /*options*/,
+                         EntryLosses& losses) {
     NoteTear175(entry.Name, NameWords, losses);
     NoteTear175(entry.Tel, NumberWords, losses);
     NoteTear175(Slice(TrimBlanks(entry.Info), 0, InfoWidth), InfoWords, losses);

@@ -66,14 +66,30 @@ void DropValues(RegisterEntry& entry);
 // Each of these makes of an entry what is left of it when it was written and loaded again (for a
 // format that is not loaded: what the file holds of it), and notes what the texts lose.
 
-void ThroughRegister195(RegisterEntry& entry, EntryLosses& losses);
-void ThroughRegister193(RegisterEntry& entry, EntryLosses& losses);
-void ThroughPhonebook175(RegisterEntry& entry, EntryLosses& losses);
-void ThroughCsv(RegisterEntry& entry, bool quoted, EntryLosses& losses);
-void ThroughIp286(RegisterEntry& entry, EntryLosses& losses);
-void ThroughMobileExport(RegisterEntry& entry, const MobileExportOptions& options,
-                         EntryLosses& losses);
-void ThroughChargeStatement(RegisterEntry& entry, EntryLosses& losses);
+void ThroughRegister195(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
+void ThroughRegister193(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
+void ThroughPhonebook175(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
+void ThroughCsv(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
+void ThroughIp286(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
+void ThroughMobileExport(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
+void ThroughChargeStatement(RegisterEntry& entry, const TargetOptions& options,
+                            EntryLosses& losses);
+
+struct LossRow {
+    FileFormat Target;
+    void (*Through)(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
+};
+
+/// A row for each format that can be written.
+inline constexpr LossRow LossTable[] = {
+    {FileFormat::Register195, ThroughRegister195},
+    {FileFormat::Register193, ThroughRegister193},
+    {FileFormat::Phonebook175, ThroughPhonebook175},
+    {FileFormat::Csv, ThroughCsv},
+    {FileFormat::Ip286, ThroughIp286},
+    {FileFormat::MobileExport, ThroughMobileExport},
+    {FileFormat::ChargeStatement, ThroughChargeStatement},
+};
 
 /// Notes what differs in the fields that are no text, and whether the export mark is gone.
 void CompareValues(const RegisterEntry& before, const RegisterEntry& after, EntryLosses& losses);

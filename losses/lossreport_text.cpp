@@ -92,15 +92,15 @@ void NoteSeparator(TextView text, TextView separator, const FieldWords& field,
 
 }  // namespace
 
-void ThroughCsv(RegisterEntry& entry, bool quoted, EntryLosses& losses) {
+void ThroughCsv(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses) {
     const CsvTexts values = CsvValues(entry);
-    NoteTearsCsv(values, quoted, losses);
+    NoteTearsCsv(values, options.Quoted, losses);
     if (losses.IsTorn()) {
         return;
     }
     TrimEnd(entry.Info, InfoWords, losses);
     CutInfo(entry.Info, losses);
-    if (!quoted) {
+    if (!options.Quoted) {
         ThroughPlain(entry.Name, NameWords, losses);
         ThroughPlain(entry.Tel, NumberWords, losses);
         ThroughPlainInfo(entry.Info, values, losses);
@@ -115,7 +115,7 @@ void ThroughCsv(RegisterEntry& entry, bool quoted, EntryLosses& losses) {
     }
 }
 
-void ThroughIp286(RegisterEntry& entry, EntryLosses& losses) {
+void ThroughIp286(RegisterEntry& entry, const TargetOptions& /*options*/, EntryLosses& losses) {
     NoteQuote(entry.Name, NameWords, losses);
     NoteQuote(entry.Tel, NumberWords, losses);
     NoteLineBreak(entry.Name, NameWords, losses);
@@ -127,8 +127,9 @@ void ThroughIp286(RegisterEntry& entry, EntryLosses& losses) {
     DropValues(entry);
 }
 
-void ThroughMobileExport(RegisterEntry& entry, const MobileExportOptions& options,
+void ThroughMobileExport(RegisterEntry& entry, const TargetOptions& targetOptions,
                          EntryLosses& losses) {
+    const MobileExportOptions& options = targetOptions.Mobile;
     if (options.DeleteCommaInNames && Changes(entry.Name, WithoutComma(entry.Name))) {
         losses.Add(LossKind::Comma, u"Komma im Namen fällt weg: " + entry.Name);
     }
@@ -144,7 +145,8 @@ void ThroughMobileExport(RegisterEntry& entry, const MobileExportOptions& option
     DropValues(entry);
 }
 
-void ThroughChargeStatement(RegisterEntry& entry, EntryLosses& losses) {
+void ThroughChargeStatement(RegisterEntry& entry, const TargetOptions& /*options*/,
+                            EntryLosses& losses) {
     if (!HasChargeCounter(entry)) {
         losses.AddTear(LossKind::EntryLeftOut, u"kein Gebührenzähler, der Eintrag fehlt im Auszug");
         return;

@@ -158,21 +158,21 @@ void Bild1_Click(const Program& program, Desktop& desktop) {
                  .icon = Icon::Information});
 }
 
-void mnuBearbeitenKillMSN_Click(Program& program, Desktop& desktop) {
-    if (mnuBearbeitenKillMSN(program.State, desktop)) {
+void mnuBearbeitenKillMSN(Program& program, Desktop& desktop) {
+    if (RemoveMsns(program.State, desktop)) {
         program.Fields.DDMSN = 0;
     }
 }
 
-void mnuGebDelete_Click(Program& program, Desktop& desktop) {
-    if (mnuGebDelete(program.State, desktop)) {
+void mnuGebDelete(Program& program, Desktop& desktop) {
+    if (ClearCharges(program.State, desktop)) {
         // What is stored is shown at once; the other fields keep what the user typed.
         program.Fields.AnzGeb = FormatAmount(0);
         program.Fields.Anzeigefeld[ChargeUnitsField] = Decimal(0);
     }
 }
 
-void mnuNameRingtones_Click(Program& program, Desktop& desktop) {
+void mnuNameRingtones(Program& program, Desktop& desktop) {
     const std::optional<std::vector<Text>> names = RenameRingtones(program.Folder, desktop);
     if (!names) {
         return;
@@ -184,11 +184,11 @@ void mnuNameRingtones_Click(Program& program, Desktop& desktop) {
     program.Fields.btnSaveChange = EditState::Neutral;
 }
 
-void mnuDateiLoadSync_Click(Program& program, Desktop& desktop) {
+void mnuDateiLoadSync(Program& program, Desktop& desktop) {
     LoadSyncDatabase(program.Set.Table, program.Sync, desktop);
 }
 
-void mnuSyncAdd_Click(Program& program, Desktop& desktop) {
+void mnuSyncAdd(Program& program, Desktop& desktop) {
     SearchSyncAddress(program.State, program.Sync, program.Set, desktop);
 }
 
@@ -202,8 +202,12 @@ void StoreSettings(Program& program, const SettingsFields& fields, Desktop& desk
     }
 }
 
-void mnuExtraDoubles_Click(Program& program) {
+void mnuExtraDoubles(Program& program) {
     program.Fields.mnuExtraDoubles = !program.Fields.mnuExtraDoubles;
+}
+
+void mnuDateiBeenden(Windows& windows) {
+    windows.CloseMainWindow();
 }
 
 bool MayClose(const Program& program, Desktop& desktop) {

@@ -4,6 +4,7 @@
 
 #include "base/desktop.h"
 #include "dialogs/settingsfields.h"
+#include "dialogs/windows.h"
 #include "mainwindow/program.h"
 
 namespace norvik {
@@ -47,22 +48,24 @@ void Anzeigefeld_KeyDown(Program& program, int field, FieldKey key, bool shift, 
 void Bild1_Click(const Program& program, Desktop& desktop);
 
 /// Removes the outgoing MSN of all entries; the shown entry's choice follows at once.
-void mnuBearbeitenKillMSN_Click(Program& program, Desktop& desktop);
+void mnuBearbeitenKillMSN(Program& program, Desktop& desktop);
 /// Clears all charge counters; the shown amount follows at once.
-void mnuGebDelete_Click(Program& program, Desktop& desktop);
+void mnuGebDelete(Program& program, Desktop& desktop);
 /// Renews the names of the tone list from the tone folder, stores them and shows the entry again.
 /// Raises what writing "rt.lng" raises; the list then shows the new names all the same.
-void mnuNameRingtones_Click(Program& program, Desktop& desktop);
+void mnuNameRingtones(Program& program, Desktop& desktop);
 /// Loads the address database.
-void mnuDateiLoadSync_Click(Program& program, Desktop& desktop);
+void mnuDateiLoadSync(Program& program, Desktop& desktop);
 /// Looks for the shown entry's address.
-void mnuSyncAdd_Click(Program& program, Desktop& desktop);
+void mnuSyncAdd(Program& program, Desktop& desktop);
 /// Stores what the settings dialog holds; the shown amount follows a new price unless the user
 /// cleared it. Raises what writing "norvik.ini" raises; the settings then stay as they were.
 void StoreSettings(Program& program, const SettingsFields& fields, Desktop& desktop);
 /// Reverses the check mark.
-void mnuExtraDoubles_Click(Program& program);
+void mnuExtraDoubles(Program& program);
 
+/// Closes the window as its close box does.
+void mnuDateiBeenden(Windows& windows);
 /// Whether the window may close: asks while the register is not saved.
 bool MayClose(const Program& program, Desktop& desktop);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "dialogs/windows.h"
 #include "mainwindow/program.h"
 
 #include <span>
@@ -17,7 +18,8 @@ struct MenuRow {
     std::string_view Shortcut;  ///< in the toolkit's notation, or empty
     int Group;                  ///< a separator stands between the groups of a menu
     bool SavesRegister;         ///< enabled and disabled together by EnableSaveMenus
-    void (*Run)(Program&, Desktop&);
+    /// Runs the operation of the item's name.
+    void (*Run)(Program&, Desktop&, Windows&);
     bool MainWindowFields::*Check = nullptr;  ///< the item's check mark, if it has one
 };
 

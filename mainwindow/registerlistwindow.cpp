@@ -25,50 +25,57 @@ void FollowMarks(Program& program, Desktop& desktop) {
     }
 }
 
-void Close(Program& program, Desktop& desktop) {
+void Show(Program& program, Windows& windows) {
+    program.List.Open = true;
+    windows.ShowRegisterList();
+}
+
+void Close(Program& program, Windows& windows) {
     program.List = RegisterListFields();
-    desktop.CloseRegisterList();
+    windows.CloseRegisterList();
 }
 
 }  // namespace
 
-void mnuListView_Click(Program& program, Desktop& desktop) {
-    program.List.Open = true;
-    desktop.ShowRegisterList();
+void mnuListView(Program& program, Windows& windows) {
+    Show(program, windows);
 }
 
-void chkFi_Click(Program& program, Desktop& desktop) {
-    RefreshRegisterList(program, desktop);
+void chkFi_Click(Program& program, Desktop& desktop, Windows& windows) {
+    RefreshRegisterList(program, desktop, windows);
 }
 
-void RefreshRegisterList(Program& program, Desktop& desktop) {
+void RefreshRegisterList(Program& program, Desktop& desktop, Windows& windows) {
     const Text filter = FilterText(program.List);
     if (!filter.empty()) {
+        if (!program.List.Open) {
+            Show(program, windows);
+        }
         FillRegisterList(filter, program.State, program.Fields.DDTonItems, program.Set.UnitPrice,
-                         program.List, desktop);
+                         program.List);
         FollowMarks(program, desktop);
     }
 }
 
-void RenewRegisterList(Program& program, Desktop& desktop) {
+void RenewRegisterList(Program& program, Desktop& desktop, Windows& windows) {
     if (!program.List.Open) {
         return;
     }
     program.List.ListResult.clear();
     program.List.AnzTreffer = NoHitCount;
-    RefreshRegisterList(program, desktop);
+    RefreshRegisterList(program, desktop, windows);
 }
 
-void NVList_btnExit_Click(Program& program, Desktop& desktop) {
+void NVList_btnExit_Click(Program& program, Desktop& desktop, Windows& windows) {
     const auto& boxes = program.List.chkFi;
     program.Fields.chkListFilter =
         std::any_of(boxes.begin(), boxes.end(), [](bool ticked) { return ticked; });
     chkListFilter_Click(program, desktop);
-    Close(program, desktop);
+    Close(program, windows);
 }
 
-void NVList_btnCancel_Click(Program& program, Desktop& desktop) {
-    Close(program, desktop);
+void NVList_btnCancel_Click(Program& program, Windows& windows) {
+    Close(program, windows);
 }
 
 }  // namespace norvik

@@ -2,14 +2,11 @@
 
 #include "base/runtimeerror.h"
 #include "formats/common/followload.h"
-#include "formats/csv/csvmenu.h"
-#include "formats/phonebook175/phonebookfilemenu.h"
-#include "formats/registerfile/registerfile.h"
+#include "formats/formattable.h"
 #include "mainwindow/commandline.h"
 #include "mainwindow/operations.h"
 #include "ringtones/tonenames.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace norvik {
@@ -52,23 +49,8 @@ StartFile NamedStartFile(const Text& name) {
 
 /// Loads the start file as its ending says; a failure was reported when this gives false.
 bool LoadByEnding(Program& program, const StartFile& file, Desktop& desktop) {
-    constexpr std::size_t EndingLength = 3;
-    RegisterState& state = program.State;
-    const std::size_t nameLength = file.Name.size();
-    const Text ending =
-        LowerCase(Slice(file.Name, nameLength - std::min(nameLength, EndingLength)));
-    if (ending == u"t9t") {
-        LoadRegisterFile(state, file.Path, desktop);  // reports, and its menu item goes on
-        return true;
-    }
-    if (ending == u"pbo") {
-        return Load175OrReport(state, file.Path, desktop);
-    }
-    if (ending == u"csv") {
-        // A name in the working folder must not look like the option "#D".
-        const bool likeOption = file.Path.native().starts_with('#');
-        return LoadCSVOrReport(state, program.Set, likeOption ? "." / file.Path : file.Path,
-                               desktop);
+    if (const FormatRow* row = RowOfStartFile(file.Name)) {
+        return row->LoadStartFile(program.State, file.Path, program.Set, desktop);
     }
     desktop.Ask({.text = file.Name + u" kann nicht automatisch geladen werden",
                  .title = u"Autoload",

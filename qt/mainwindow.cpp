@@ -75,7 +75,7 @@ void MainWindow::MakeMenus() {
             checkActions_.emplace_back(action, row.Check);
         }
         connect(action, &QAction::triggered, this,
-                [this, run = row.Run] { Run([&] { run(program_, desktop_); }); });
+                [this, run = row.Run] { Run([&] { run(program_, desktop_, desktop_); }); });
     }
 }
 
@@ -218,11 +218,11 @@ void MainWindow::ShowRegisterList() {
         connect(list_, &RegisterListWindow::boxesChanged, this, [this] {
             Run([&] {
                 program_.List.chkFi = list_->Boxes();
-                chkFi_Click(program_, desktop_);
+                chkFi_Click(program_, desktop_, desktop_);
             });
         });
         connect(list_, &RegisterListWindow::exitClicked, this,
-                [this] { Run([&] { NVList_btnExit_Click(program_, desktop_); }); });
+                [this] { Run([&] { NVList_btnExit_Click(program_, desktop_, desktop_); }); });
         connect(list_, &RegisterListWindow::cancelled, this,
                 [this] { Run([&] { NVList_btnCancel_Click(program_, desktop_); }); });
     }

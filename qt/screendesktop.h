@@ -1,7 +1,8 @@
-// The Desktop of a real screen.
+// The Desktop and the Windows of a real screen.
 #pragma once
 
 #include "base/desktop.h"
+#include "dialogs/windows.h"
 
 #include <QtGlobal>
 
@@ -13,7 +14,7 @@ namespace norvik {
 
 class MainWindow;
 
-class ScreenDesktop : public Desktop {
+class ScreenDesktop : public Desktop, public Windows {
   public:
     explicit ScreenDesktop(MainWindow& window) : window_(window) {}
 

@@ -2,7 +2,7 @@
 
 namespace norvik {
 
-bool mnuGebDelete(RegisterState& state, Desktop& desktop) {
+bool ClearCharges(RegisterState& state, Desktop& desktop) {
     Text question = u"Diese Aktion löscht alle individuellen Gebührenzähler!";
     question.append(LineEnd);
     if (desktop.Ask({.text = question,

@@ -7,6 +7,6 @@
 namespace norvik {
 
 /// Asks, then sets the charge counter of every entry to 0. Gives false when the user cancels.
-bool mnuGebDelete(RegisterState& state, Desktop& desktop);
+bool ClearCharges(RegisterState& state, Desktop& desktop);
 
 }  // namespace norvik

@@ -74,11 +74,7 @@ std::vector<Text> SortedByLowerCase(const std::vector<Text>& lines) {
 }  // namespace
 
 void FillRegisterList(TextView filter, RegisterState& state, const std::vector<Text>& toneNames,
-                      double unitPrice, RegisterListFields& fields, Desktop& desktop) {
-    if (!fields.Open) {
-        fields.Open = true;
-        desktop.ShowRegisterList();
-    }
+                      double unitPrice, RegisterListFields& fields) {
     const Reasons wanted = {filter, toneNames, unitPrice};
     std::vector<Text> lines;
     for (int position = 1; position <= state.AnzGes; ++position) {

@@ -26,11 +26,11 @@ struct RegisterListFields {
     Text AnzTreffer = Text(NoHitCount);
 };
 
-/// Shows the list window and fills it with a line for each entry, of all entries in their order,
+/// Fills the list with a line for each entry, of all entries in their order,
 /// and each letter of `filter` whose condition the entry meets; marks the entries with a line as
 /// listed and counts the lines. `toneNames` are the items of the tone list; `unitPrice` is the
 /// price of a charge unit.
 void FillRegisterList(TextView filter, RegisterState& state, const std::vector<Text>& toneNames,
-                      double unitPrice, RegisterListFields& fields, Desktop& desktop);
+                      double unitPrice, RegisterListFields& fields);
 
 }  // namespace norvik

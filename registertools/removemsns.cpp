@@ -2,7 +2,7 @@
 
 namespace norvik {
 
-bool mnuBearbeitenKillMSN(RegisterState& state, Desktop& desktop) {
+bool RemoveMsns(RegisterState& state, Desktop& desktop) {
     Text question = u"Diese Aktion löscht alle Einstellungen zu abgehenden MSN!";
     question.append(LineEnd);
     if (desktop.Ask({.text = question,

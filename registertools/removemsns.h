@@ -8,6 +8,6 @@ namespace norvik {
 
 /// Asks, then sets the outgoing MSN of every entry that has one to that of the telephone and shows
 /// how many there were. Gives false when the user cancels.
-bool mnuBearbeitenKillMSN(RegisterState& state, Desktop& desktop);
+bool RemoveMsns(RegisterState& state, Desktop& desktop);
 
 }  // namespace norvik

@@ -136,7 +136,7 @@ void ReportCallList(const FilePath& output, Desktop& desktop) {
 
 void mnuDateiConvCallListCSV(Desktop& desktop) {
     const std::optional<FilePath> chosen = desktop.AskForFileToOpen(
-        {.filter = u"Anrufliste|*.t9a|Alle Dateien|*.*", .ending = std::string(calllist::Ending)});
+        {.filter = Text(calllist::DialogFilter), .ending = std::string(calllist::Ending)});
     if (!chosen) {
         return;
     }

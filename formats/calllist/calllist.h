@@ -7,6 +7,8 @@ namespace norvik {
 
 namespace calllist {
 inline constexpr std::string_view Ending = ".t9a";
+/// The filter of the open dialog.
+inline constexpr TextView DialogFilter = u"Anrufliste|*.t9a|Alle Dateien|*.*";
 /// Opens the date and the caller's number of a call.
 inline constexpr Byte StringTag = 6;
 inline constexpr std::size_t HeaderLength = 20;

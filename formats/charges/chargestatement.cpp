@@ -6,8 +6,6 @@ namespace norvik {
 
 namespace {
 
-constexpr std::string_view Ending = ".geb";
-
 void WriteLine(OutputFile& output, const Text& line) {
     output.Write(BytesFromText(line + Text(LineEnd)));
 }
@@ -40,20 +38,21 @@ void WriteChargeStatement(const RegisterState& state, double unitPrice, const Fi
     output.Close();
 }
 
-void mnuGebAuszug(const RegisterState& state, double unitPrice, Desktop& desktop) {
+void mnuGebAuszug(const RegisterState& state, const Settings& settings, Desktop& desktop) {
     if (desktop.Ask({.text = u"Diese Aktion speichert alle Gebühren in einer Textdatei.",
                      .title = u"Auszug",
                      .icon = Icon::Exclamation,
                      .buttons = {Button::Ok, Button::Cancel}}) != Button::Ok) {
         return;
     }
-    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
-        {.filter = u"norvik-Gebühren|*.geb|Alle Dateien|*.*", .ending = std::string(Ending)});
+    const std::optional<FilePath> chosen =
+        desktop.AskForFileToSave({.filter = Text(chargestatement::DialogFilter),
+                                  .ending = std::string(chargestatement::Ending)});
     if (!chosen) {
         return;
     }
     desktop.SetStatus(u"Gebührenauszug wird erstellt...");
-    WriteChargeStatement(state, unitPrice, WithEnding(*chosen, Ending));
+    WriteChargeStatement(state, settings.UnitPrice, WithEnding(*chosen, chargestatement::Ending));
     desktop.SetStatus(u"Gebührenauszug erstellt.");
     desktop.ShowEntry();
 }

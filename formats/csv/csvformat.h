@@ -43,8 +43,15 @@ inline constexpr TextView FilterNames = u"KeinAnr.VIP CD  ";
 inline constexpr std::size_t FilterNameLength = 4;
 
 inline constexpr std::string_view Ending = ".csv";
+/// The filter of the dialogs.
+inline constexpr TextView DialogFilter = u"CSV-Datei|*.csv|Alle Dateien|*.*";
 
 }  // namespace csvformat
+
+/// How a CSV file is loaded.
+struct CsvLoadOptions {
+    bool AvoidDoubles = false;  ///< lines that double the one before them are left out
+};
 
 /// Replaces the register by the entries of a CSV file, checks it and shows the file. `file` is its
 /// path, with "#D" in front when doubled lines are to be left out. Raises what reading the file

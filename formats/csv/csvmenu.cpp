@@ -6,14 +6,14 @@
 
 namespace norvik {
 
-void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, bool avoidDoubles,
+void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, const CsvLoadOptions& options,
                      Desktop& desktop) {
     const std::optional<FilePath> chosen = desktop.AskForFileToOpen(
-        {.filter = u"CSV-Datei|*.csv|Alle Dateien|*.*", .ending = std::string(csvformat::Ending)});
+        {.filter = Text(csvformat::DialogFilter), .ending = std::string(csvformat::Ending)});
     if (!chosen) {
         return;
     }
-    FilePath file = avoidDoubles ? "#D" : "";
+    FilePath file = options.AvoidDoubles ? "#D" : "";
     file += WithEnding(*chosen, csvformat::Ending);
     if (LoadCSVOrReport(state, settings, file, desktop)) {
         FollowLoad(state, desktop);
@@ -41,13 +41,14 @@ bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FileP
 }
 
 bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const SourceReader& read,
-                     bool avoidDoubles, Desktop& desktop) {
-    return RunOrReport([&] { LoadCSV(state, read(), avoidDoubles, settings, desktop); }, desktop);
+                     const CsvLoadOptions& options, Desktop& desktop) {
+    return RunOrReport([&] { LoadCSV(state, read(), options.AvoidDoubles, settings, desktop); },
+                       desktop);
 }
 
 void mnuDateiSaveCSV(RegisterState& state, Desktop& desktop) {
     const std::optional<FilePath> chosen = desktop.AskForFileToSave(
-        {.filter = u"CSV-Datei|*.csv|Alle Dateien|*.*", .ending = std::string(csvformat::Ending)});
+        {.filter = Text(csvformat::DialogFilter), .ending = std::string(csvformat::Ending)});
     if (!chosen) {
         return;
     }

@@ -3,25 +3,24 @@
 
 #include "base/desktop.h"
 #include "formats/common/sourcefile.h"
+#include "formats/csv/csvformat.h"
 #include "register/register.h"
 #include "register/settings.h"
 
 namespace norvik {
 
-/// Asks for a CSV file, loads, checks and sorts it and shows its first entry; with `avoidDoubles`
-/// lines that double the one before them are left out. A failure is reported and ends the
-/// operation.
-void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, bool avoidDoubles,
+/// Asks for a CSV file, loads, checks and sorts it and shows its first entry. A failure is
+/// reported and ends the operation.
+void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, const CsvLoadOptions& options,
                      Desktop& desktop);
 
 /// Loads a CSV file, `file` as LoadCSV takes it; a failure is reported as that of mnuDateiLoadCSV.
 /// Gives whether the file was loaded.
 bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FilePath& file,
                      Desktop& desktop);
-/// The same from any source; with `avoidDoubles` lines that double the one before them are left
-/// out.
+/// The same from any source.
 bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const SourceReader& read,
-                     bool avoidDoubles, Desktop& desktop);
+                     const CsvLoadOptions& options, Desktop& desktop);
 
 /// Asks for a name and saves the register as a CSV file. A failure is reported and ends the
 /// operation.

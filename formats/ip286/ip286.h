@@ -10,6 +10,8 @@ namespace norvik {
 
 namespace ip286 {
 inline constexpr std::string_view Ending = ".csv";
+/// The filter of the save dialog.
+inline constexpr TextView DialogFilter = u"CSV-Datei(IP286)|*.csv|Alle Dateien|*.*";
 }  // namespace ip286
 
 /// The telephone keeps at most so many entries.

@@ -36,9 +36,8 @@ void WarnOfLargeRegister(const RegisterState& state, Desktop& desktop) {
 
 void mnuDateiSaveIP286(RegisterState& state, Desktop& desktop) {
     WarnOfLargeRegister(state, desktop);
-    const std::optional<FilePath> chosen =
-        desktop.AskForFileToSave({.filter = u"CSV-Datei(IP286)|*.csv|Alle Dateien|*.*",
-                                  .ending = std::string(ip286::Ending)});
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = Text(ip286::DialogFilter), .ending = std::string(ip286::Ending)});
     if (!chosen) {
         return;
     }

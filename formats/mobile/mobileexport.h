@@ -8,6 +8,12 @@
 
 namespace norvik {
 
+namespace mobileexport {
+inline constexpr std::string_view Ending = ".pbb";
+/// The filter of the save dialog.
+inline constexpr TextView DialogFilter = u"SIM-Surf|*.pbb|Alle Dateien|*.*";
+}  // namespace mobileexport
+
 /// The options of the export, named as the settings name them.
 struct MobileExportOptions {
     bool AddRegionCode = false;       ///< the area prefix goes in front of local numbers

@@ -19,6 +19,8 @@ inline constexpr TextView InfoKey = u"I=";
 inline constexpr std::size_t KeyLength = 2;
 
 inline constexpr std::string_view Ending = ".pbo";
+/// The filter of the dialogs.
+inline constexpr TextView DialogFilter = u"norvik-175-Datei|*.pbo|Alle Dateien|*.*";
 }  // namespace phonebookfile
 
 /// Replaces the register by the entries of a phonebook file, checks it and shows the file. Gives

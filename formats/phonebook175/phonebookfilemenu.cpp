@@ -9,7 +9,7 @@ namespace norvik {
 
 void mnuDateiLoad175(RegisterState& state, Desktop& desktop) {
     const std::optional<FilePath> chosen =
-        desktop.AskForFileToOpen({.filter = u"norvik-175-Datei|*.pbo|Alle Dateien|*.*",
+        desktop.AskForFileToOpen({.filter = Text(phonebookfile::DialogFilter),
                                   .ending = std::string(phonebookfile::Ending)});
     if (chosen && Load175OrReport(state, WithEnding(*chosen, phonebookfile::Ending), desktop)) {
         FollowLoad(state, desktop);
@@ -33,7 +33,7 @@ bool Load175OrReport(RegisterState& state, const SourceReader& read, Desktop& de
 
 void mnuDateiSave175(RegisterState& state, Desktop& desktop) {
     const std::optional<FilePath> chosen =
-        desktop.AskForFileToSave({.filter = u"norvik-175-Datei|*.pbo|Alle Dateien|*.*",
+        desktop.AskForFileToSave({.filter = Text(phonebookfile::DialogFilter),
                                   .ending = std::string(phonebookfile::Ending)});
     if (!chosen) {
         return;

@@ -22,10 +22,13 @@ inline constexpr std::size_t LongestString = 255;
 inline constexpr int LargestInteger = 0xFFFF;
 /// The 193 holds names of at most so many characters.
 inline constexpr std::size_t NameWidth193 = 20;
-}  // namespace registerfile
 
-/// The ending that the file dialogs append.
-inline constexpr std::string_view RegisterFileEnding = ".t9t";
+inline constexpr std::string_view Ending = ".t9t";
+/// The filters of the open dialog and of the two save dialogs.
+inline constexpr TextView OpenFilter = u"NV-195-Datei|*.t9t|Alle Dateien|*.*";
+inline constexpr TextView SaveFilter195 = u"norvik-195-Datei|*.t9t|Alle Dateien|*.*";
+inline constexpr TextView SaveFilter193 = u"norvik-193/5-Datei|*.t9t|Alle Dateien|*.*";
+}  // namespace registerfile
 
 /// Replaces the register by the entries of a file, with LoadedModel, the current file and the
 /// findings' box; then checks it and shows the file. A failure is shown as "mnuLade193195: …" and

@@ -23,13 +23,12 @@ void ReportLoadNVError(const RuntimeError& error, Desktop& desktop) {
 }
 
 void mnuDateiLoadNV(RegisterState& state, Desktop& desktop) {
-    const std::optional<FilePath> chosen =
-        desktop.AskForFileToOpen({.filter = u"NV-195-Datei|*.t9t|Alle Dateien|*.*",
-                                  .ending = std::string(RegisterFileEnding)});
+    const std::optional<FilePath> chosen = desktop.AskForFileToOpen(
+        {.filter = Text(registerfile::OpenFilter), .ending = std::string(registerfile::Ending)});
     if (!chosen) {
         return;
     }
-    const FilePath path = WithEnding(*chosen, RegisterFileEnding);
+    const FilePath path = WithEnding(*chosen, registerfile::Ending);
     try {
         LoadRegisterFile(state, ReadSourceFile(path), desktop);
         FollowLoad(state, desktop);
@@ -48,13 +47,12 @@ bool LoadNVOrReport(RegisterState& state, const SourceReader& read, Desktop& des
 }
 
 void mnuDateiSaveNV(RegisterState& state, Desktop& desktop) {
-    const std::optional<FilePath> chosen =
-        desktop.AskForFileToSave({.filter = u"norvik-195-Datei|*.t9t|Alle Dateien|*.*",
-                                  .ending = std::string(RegisterFileEnding)});
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = Text(registerfile::SaveFilter195), .ending = std::string(registerfile::Ending)});
     if (!chosen) {
         return;
     }
-    const FilePath path = WithEnding(*chosen, RegisterFileEnding);
+    const FilePath path = WithEnding(*chosen, registerfile::Ending);
     const auto failure = TrySave([&] { WriteRegisterFile195(state, path, desktop); }, desktop);
     RefreshStatus(state, desktop);
     ReportNotSaved(failure, desktop);
@@ -76,13 +74,12 @@ bool AskForReduction(const RegisterState& state, Desktop& desktop) {
 }  // namespace
 
 void MNUDateiSave193(RegisterState& state, Desktop& desktop) {
-    const std::optional<FilePath> chosen =
-        desktop.AskForFileToSave({.filter = u"norvik-193/5-Datei|*.t9t|Alle Dateien|*.*",
-                                  .ending = std::string(RegisterFileEnding)});
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = Text(registerfile::SaveFilter193), .ending = std::string(registerfile::Ending)});
     if (!chosen) {
         return;
     }
-    const FilePath path = WithEnding(*chosen, RegisterFileEnding);
+    const FilePath path = WithEnding(*chosen, registerfile::Ending);
     const bool onlyMarked = AskForReduction(state, desktop);
     const auto failure =
         TrySave([&] { WriteRegisterFile193(state, path, onlyMarked, desktop); }, desktop);

@@ -1,4 +1,5 @@
 #include "base/numbers.h"
+#include "tests/support/times.h"
 
 #include <gtest/gtest.h>
 
@@ -174,18 +175,6 @@ TEST(Hex2, IsTheLastTwoUpperCaseDigits) {
 TEST(Hex2, ANegativeValueHasItsTwosComplementDigits) {
     EXPECT_EQ(Hex2(-1), u"FF");
     EXPECT_EQ(Hex2(-32768), u"00");
-}
-
-FileTime LocalTime(int year, int month, int day, int hour, int minute, int second) {
-    std::tm local{};
-    local.tm_year = year - 1900;
-    local.tm_mon = month - 1;
-    local.tm_mday = day;
-    local.tm_hour = hour;
-    local.tm_min = minute;
-    local.tm_sec = second;
-    local.tm_isdst = -1;
-    return std::chrono::system_clock::from_time_t(std::mktime(&local));
 }
 
 TEST(FormatDateTime, WritesTheLocalDayAndMinuteInGermanOrder) {

@@ -25,8 +25,8 @@ class ConverterOption : public testing::Test {
         return ReadFile(folder / target);
     }
 
-    [[nodiscard]] Bytes InWindow(TargetFormat to, const WindowAnswers& answers = {}) const {
-        return WindowWrites(source, SourceFormat::RegisterFile, to, answers);
+    [[nodiscard]] Bytes InWindow(FileFormat to, const WindowAnswers& answers = {}) const {
+        return WindowWrites(source, FileFormat::Register195, to, answers);
     }
 
     const TestFolder folder;
@@ -36,19 +36,19 @@ class ConverterOption : public testing::Test {
 TEST_F(ConverterOption, AnfuehrungszeichenPutsTheValuesIntoQuotes) {
     const Bytes quoted = Converted({"--anfuehrungszeichen"});
     EXPECT_THAT(StringOf(quoted), HasSubstr("\r\n\"Anna\";\"01711\";\"\";"));
-    EXPECT_EQ(quoted, InWindow(TargetFormat::Csv, {.Quoted = true}));
+    EXPECT_EQ(quoted, InWindow(FileFormat::Csv, {.Quoted = true}));
 }
 
 TEST_F(ConverterOption, NurMarkierteWritesTheMarkedEntriesOfA193) {
     const Bytes marked = Converted({"--nur-markierte", "--nach", "193"}, "neu.t9t");
     EXPECT_EQ(marked, FileOf({Raw("0200 0201 06 02 'B' 94 06 04 '0301' 0200 03 91 00 020C 0200")}));
-    EXPECT_EQ(marked, InWindow(TargetFormat::Register193, {.OnlyMarked = true}));
+    EXPECT_EQ(marked, InWindow(FileFormat::Register193, {.OnlyMarked = true}));
 }
 
 TEST_F(ConverterOption, NurMarkierteWritesTheMarkedEntriesOfTheMobileExport) {
     EXPECT_EQ(Converted({"--nur-markierte"}, "a.pbb"), Raw("'B' F6 ';0301' 0D0A"));
     EXPECT_EQ(Converted({"--UseReductionFlags"}, "b.pbb"), Raw("'B' F6 ';0301' 0D0A"));
-    EXPECT_EQ(InWindow(TargetFormat::MobileExport, {.Boxes = {UseReductionFlagsBox}}),
+    EXPECT_EQ(InWindow(FileFormat::MobileExport, {.Boxes = {UseReductionFlagsBox}}),
               Raw("'B' F6 ';0301' 0D0A"));
 }
 
@@ -68,7 +68,7 @@ TEST_F(ConverterOption, AusschliessenLeavesOutNumbersThatHoldTheText) {
     const Bytes rest = Converted({"--ausschliessen", "**", "--nach=ip286", "--ausschliessen=017"});
     EXPECT_EQ(rest,
               Raw("'\"Name\",\"Telefonnummer\",\"Konto\"' 0D0A '\"Boe\",\"0301\",\"1\"' 0D0A"));
-    EXPECT_EQ(rest, InWindow(TargetFormat::Ip286, {.Exclusions = {u"**", u"017"}}));
+    EXPECT_EQ(rest, InWindow(FileFormat::Ip286, {.Exclusions = {u"**", u"017"}}));
 }
 
 TEST_F(ConverterOption, TheIp286ReportsWhatItHasExported) {
@@ -82,14 +82,14 @@ TEST_F(ConverterOption, NullHinzuPutsZerosInFront) {
     const Bytes added = Converted({"--null-hinzu"});
     EXPECT_THAT(StringOf(added), HasSubstr("\r\nZita;12;"));
     EXPECT_THAT(StringOf(added), HasSubstr("\r\nAnna;001711;"));
-    EXPECT_EQ(added, InWindow(TargetFormat::Csv, {.ZeroCode = u"0"}));
+    EXPECT_EQ(added, InWindow(FileFormat::Csv, {.ZeroCode = u"0"}));
 }
 
 TEST_F(ConverterOption, NullWegTakesZerosAndMarksInternalNumbers) {
     const Bytes removed = Converted({"--null-weg", "##"});
     EXPECT_THAT(StringOf(removed), HasSubstr("\r\nZita;##**12;"));
     EXPECT_THAT(StringOf(removed), HasSubstr("\r\nAnna;1711;"));
-    EXPECT_EQ(removed, InWindow(TargetFormat::Csv, {.ZeroCode = u"##"}));
+    EXPECT_EQ(removed, InWindow(FileFormat::Csv, {.ZeroCode = u"##"}));
 }
 
 TEST_F(ConverterOption, ANumberThatIsCutIsReported) {
@@ -122,9 +122,9 @@ TEST_F(ConverterOption, OhneDoublettenLeavesOutLinesThatOccurTwice) {
     EXPECT_EQ(outcome.Errors, "Doublette entfernt: Anna\nDoppelter Name: Anna\n"
                               "Es wurden 0 Fehler korrigiert\n\n"
                               "Doublette entfernt: Anna\nDoppelter Name: Anna\n");
-    EXPECT_EQ(ReadFile(folder / "neu.pbo"),
-              WindowWrites(doubles, SourceFormat::Csv, TargetFormat::Phonebook175,
-                           {.AvoidDoubles = true}));
+    EXPECT_EQ(
+        ReadFile(folder / "neu.pbo"),
+        WindowWrites(doubles, FileFormat::Csv, FileFormat::Phonebook175, {.AvoidDoubles = true}));
 }
 
 TEST_F(ConverterOption, IniGivesThePriceOfTheUnit) {
@@ -133,7 +133,7 @@ TEST_F(ConverterOption, IniGivesThePriceOfTheUnit) {
     answers.Set.Table.SetValue(Setting::Unit, u"0,25");
     const Bytes statement = Converted({"--ini", ini.string()}, "neu.geb");
     EXPECT_THAT(StringOf(statement), HasSubstr("\r\n3,00\tB\xF6\r\n"));
-    EXPECT_EQ(statement, InWindow(TargetFormat::ChargeStatement, answers));
+    EXPECT_EQ(statement, InWindow(FileFormat::ChargeStatement, answers));
     EXPECT_THAT(StringOf(Converted({}, "ohne.geb")), HasSubstr("\r\n0,00\tB\xF6\r\n"));
 }
 
@@ -191,9 +191,9 @@ TEST_P(ConverterMobileOption, IsTheBoxOfTheDialogAndTheSettingOfItsName) {
     answers.Set.Table.SetValue(Setting::CountryCode, u"49");
     answers.Set.Table.SetValue(Setting::RegionCode, u"30");
     answers.Set.Table.SetValue(Setting::DataSeparator, u",");
-    const Bytes plain = InWindow(TargetFormat::MobileExport, answers);
+    const Bytes plain = InWindow(FileFormat::MobileExport, answers);
     answers.Boxes = {GetParam().Box};
-    const Bytes expected = InWindow(TargetFormat::MobileExport, answers);
+    const Bytes expected = InWindow(FileFormat::MobileExport, answers);
 
     EXPECT_EQ(Converted({"--ini", ini.string()}, "ohne.pbb"), plain);
     EXPECT_EQ(Converted({"--ini", ini.string(), GetParam().Option}, "option.pbb"), expected);

@@ -19,36 +19,36 @@ using testing::IsEmpty;
 struct Source {
     const char* Name;
     const char* Word;
-    SourceFormat Format;
+    FileFormat Format;
     Bytes (*File)();
 };
 
 struct Target {
     const char* Ending;
     const char* Word;
-    TargetFormat Format;
+    FileFormat Format;
 };
 
 constexpr Source Sources[] = {
-    {"alt.t9t", "195", SourceFormat::RegisterFile, Example195},
-    {"alt193.t9t", "193", SourceFormat::RegisterFile, Example193},
-    {"alt.pbo", "175", SourceFormat::Phonebook175, Example175},
-    {"alt.csv", "csv", SourceFormat::Csv, ExampleCsv},
+    {"alt.t9t", "195", FileFormat::Register195, Example195},
+    {"alt193.t9t", "193", FileFormat::Register195, Example193},
+    {"alt.pbo", "175", FileFormat::Phonebook175, Example175},
+    {"alt.csv", "csv", FileFormat::Csv, ExampleCsv},
 };
 
 constexpr Target Targets[] = {
-    {".t9t", "195", TargetFormat::Register195},
-    {".t9t", "193", TargetFormat::Register193},
-    {".pbo", "175", TargetFormat::Phonebook175},
-    {".csv", "csv", TargetFormat::Csv},
-    {".csv", "ip286", TargetFormat::Ip286},
-    {".pbb", "simsurf", TargetFormat::MobileExport},
-    {".geb", "gebuehren", TargetFormat::ChargeStatement},
+    {".t9t", "195", FileFormat::Register195},
+    {".t9t", "193", FileFormat::Register193},
+    {".pbo", "175", FileFormat::Phonebook175},
+    {".csv", "csv", FileFormat::Csv},
+    {".csv", "ip286", FileFormat::Ip286},
+    {".pbb", "simsurf", FileFormat::MobileExport},
+    {".geb", "gebuehren", FileFormat::ChargeStatement},
 };
 
 /// The endings alone do not name these.
-bool NeedsWord(TargetFormat format) {
-    return format == TargetFormat::Register193 || format == TargetFormat::Ip286;
+bool NeedsWord(FileFormat format) {
+    return format == FileFormat::Register193 || format == FileFormat::Ip286;
 }
 
 class Pair : public testing::TestWithParam<std::tuple<Source, Target>> {
@@ -91,7 +91,7 @@ TEST_P(Pair, ByItsWordsGoesIntoFilesOfAnyName) {
     const Outcome outcome = RunConverter(
         {"--von", source.Word, plain.string(), "--nach", target.Word, (folder / "ziel").string()});
     EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
-    if (target.Format == TargetFormat::ChargeStatement) {
+    if (target.Format == FileFormat::ChargeStatement) {
         EXPECT_THAT(StringOf(ReadFile(folder / "ziel")),
                     testing::HasSubstr("\r\nQuelle: " + plain.string() + "\r\n"));
     } else {
@@ -104,7 +104,7 @@ TEST_P(Pair, GoesThroughPipes) {
         {std::string("--von=") + source.Word, std::string("--nach=") + target.Word, "-", "-"},
         {.Input = source.File()});
     EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
-    if (target.Format == TargetFormat::ChargeStatement) {
+    if (target.Format == FileFormat::ChargeStatement) {
         // What comes through a pipe has neither a path nor a date.
         EXPECT_THAT(StringOf(outcome.Output),
                     testing::HasSubstr("   Zeit: \r\nQuelle: -\r\nEINZELGEB\xDCHR\tNAME\r\n"));

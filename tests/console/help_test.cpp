@@ -1,9 +1,9 @@
 // The help, the manual page and the completion know every option, and no other.
 #include "console/help.h"
 
-#include "console/formats.h"
 #include "console/options.h"
 #include "console/utf8.h"
+#include "formats/formattable.h"
 #include "tests/console/converterprocess.h"
 #include "tests/support/places.h"
 #include "tests/support/testfolder.h"
@@ -17,7 +17,25 @@
 namespace norvik::test {
 namespace {
 
+using testing::HasSubstr;
 using Names = std::set<std::string>;
+
+std::string Joined(const std::vector<std::string_view>& words) {
+    std::string text;
+    for (const std::string_view word : words) {
+        text.append(text.empty() ? "" : " ").append(word);
+    }
+    return text;
+}
+
+/// "a, b oder c".
+std::string Enumerated(const std::vector<std::string_view>& words) {
+    std::string text;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        text.append(i == 0 ? "" : i + 1 == words.size() ? " oder " : ", ").append(words[i]);
+    }
+    return text;
+}
 
 Names Expected() {
     const std::vector<std::string_view> names = OptionNames();
@@ -59,9 +77,17 @@ TEST(Help, NamesEveryOption) {
 
 TEST(Help, NamesEveryFormat) {
     const std::string help = ToUtf8(HelpText());
-    for (const std::string_view name : TargetNames()) {
-        EXPECT_NE(help.find(name), std::string::npos) << name;
-    }
+    EXPECT_THAT(
+        help,
+        HasSubstr(
+            "\r\n\r\nWandelt ein Telefonregister von einem Format in ein anderes um. Das Format "
+            "folgt\r\naus der Endung: QUELLE .t9t, .pbo, .csv oder .t9a (Anrufliste), ZIEL .t9t, "
+            ".pbo,\r\n.csv, .pbb oder .geb. \"-\" ist die Standardein- oder -ausgabe.\r\n\r\n"
+            "  --von FORMAT          Format der QUELLE: 195, 193, 175 oder csv\r\n"
+            "  --nach FORMAT         Format des ZIELs: 195, 193, 175, csv, ip286, simsurf\r\n"
+            "                        oder gebuehren; ein ZIEL .t9t wird ohne --nach 193 eine\r\n"
+            "                        195-Datei\r\n"
+            "  --nur-markierte "));
 }
 
 TEST(Help, FitsOnATerminal) {
@@ -77,6 +103,42 @@ TEST(Help, FitsOnATerminal) {
 
 TEST(ManualPage, ExplainsEveryOption) {
     EXPECT_EQ(OptionsOfManualPage(), Expected());
+}
+
+TEST(ManualPage, ListsEveryFormat) {
+    std::string expected = "FORMAT\tEndung\tals QUELLE\tals ZIEL\n";
+    for (const FormatRow& row : FormatTable()) {
+        if (row.Word.empty()) {
+            continue;
+        }
+        const bool ownEnding = RowOf(TargetOfEnding(FilePath(row.Ending)).value()).Page == row.Page;
+        const std::string ending(row.Ending);
+        expected += std::string(row.Word) + "\t" + (ownEnding ? ending : "(" + ending + ")") +
+                    (row.Load != nullptr ? "\tja" : "\tnein") +
+                    (row.Write != nullptr ? "\tja\n" : "\tnein\n");
+    }
+    const std::string page = SourceText("docs/norvik-konverter.1");
+    EXPECT_THAT(page, HasSubstr("\n" + expected + ".TE\n"));
+    EXPECT_THAT(page, HasSubstr("\nFormat der QUELLE: " + Enumerated(SourceNames()) + ".\n"));
+    EXPECT_THAT(page, HasSubstr("\nFormat des ZIELs: " + Enumerated(TargetNames()) + ".\n"));
+}
+
+TEST(Completion, OffersEveryFormat) {
+    const std::string script = SourceText("console/norvik-konverter.bash-completion");
+    EXPECT_THAT(script, HasSubstr("compgen -W \"" + Joined(SourceNames()) + "\""));
+    EXPECT_THAT(script, HasSubstr("compgen -W \"" + Joined(TargetNames()) + "\""));
+    std::vector<std::string_view> sources;
+    std::vector<std::string_view> targets;
+    for (const FormatRow& row : FormatTable()) {
+        if (SourceOfEnding(FilePath(row.Ending)) == row.Format) {
+            sources.push_back(row.Ending);
+        }
+        if (TargetOfEnding(FilePath(row.Ending)) == row.Format) {
+            targets.push_back(row.Ending);
+        }
+    }
+    EXPECT_THAT(script, HasSubstr("_norvik_konverter_files \"$word\" " + Joined(sources) + "\n"));
+    EXPECT_THAT(script, HasSubstr("_norvik_konverter_files \"$word\" " + Joined(targets) + "\n"));
 }
 
 TEST(Completion, OffersEveryOption) {

@@ -37,7 +37,7 @@ TEST_F(LoadSourceTest, SortsAsTheWindowDoes) {
 
 TEST_F(LoadSourceTest, KeepsTheOrderOnRequest) {
     EXPECT_TRUE(Load({.Source = folder.Write("a.pbo", Example175()),
-                      .From = SourceFormat::Phonebook175,
+                      .From = FileFormat::Phonebook175,
                       .Sorted = false}));
     EXPECT_THAT(Names(state), ElementsAre(u"Zita", u"Bö"));
     EXPECT_TRUE(state.WarnLineAccessZero);
@@ -46,7 +46,7 @@ TEST_F(LoadSourceTest, KeepsTheOrderOnRequest) {
 
 TEST_F(LoadSourceTest, ChangesTheZerosLast) {
     EXPECT_TRUE(Load({.Source = folder.Write("a.csv", ExampleCsv()),
-                      .From = SourceFormat::Csv,
+                      .From = FileFormat::Csv,
                       .ZeroCode = u"i"}));
     EXPECT_EQ(EntryAt(state, 1).Tel, u"1711");
     EXPECT_EQ(EntryAt(state, 3).Tel, u"i**12");
@@ -56,7 +56,7 @@ TEST_F(LoadSourceTest, ChangesTheZerosLast) {
 
 TEST_F(LoadSourceTest, AsksNothing) {
     EXPECT_TRUE(Load({.Source = folder.Write("a.csv", ExampleCsv()),
-                      .From = SourceFormat::Csv,
+                      .From = FileFormat::Csv,
                       .ZeroCode = u"0"}));
     EXPECT_THAT(desktop.Questions(), testing::Each(testing::AnyOf("file", "entry", "list")));
 }
@@ -70,15 +70,15 @@ TEST_F(LoadSourceTest, SortsNoRegisterWithoutEntries) {
 
 TEST_F(LoadSourceTest, GivesFalseForAFailure) {
     EXPECT_FALSE(Load({.Source = folder / "a.t9t"}));
-    EXPECT_FALSE(Load({.Source = folder / "a.pbo", .From = SourceFormat::Phonebook175}));
-    EXPECT_FALSE(Load({.Source = folder / "a.csv", .From = SourceFormat::Csv}));
+    EXPECT_FALSE(Load({.Source = folder / "a.pbo", .From = FileFormat::Phonebook175}));
+    EXPECT_FALSE(Load({.Source = folder / "a.csv", .From = FileFormat::Csv}));
     EXPECT_EQ(desktop.Questions().size(), 3U);
     EXPECT_THROW(Load({.Source = folder.Write("a.t9t", BrokenRegisterFile())}), HardStop);
 }
 
 TEST_F(LoadSourceTest, LoadsNoRegisterFromACallList) {
     EXPECT_FALSE(
-        Load({.Source = folder.Write("a.t9a", ExampleCalls()), .From = SourceFormat::CallList}));
+        Load({.Source = folder.Write("a.t9a", ExampleCalls()), .From = FileFormat::CallList}));
 }
 
 TEST(ReadConverterSettings, AreThoseOfAWindowWithoutAFile) {

@@ -32,13 +32,13 @@ TEST(Options, TakesTheFormatsFromTheEndingsInAnyCase) {
     EXPECT_EQ(options.What, Task::Convert);
     EXPECT_EQ(options.Source, "a.T9T");
     EXPECT_EQ(options.Target, "b.Pbo");
-    EXPECT_EQ(options.From, SourceFormat::RegisterFile);
-    EXPECT_EQ(options.To, TargetFormat::Phonebook175);
+    EXPECT_EQ(options.From, FileFormat::Register195);
+    EXPECT_EQ(options.To, FileFormat::Phonebook175);
 }
 
 TEST(Options, AreThoseOfAWindowWhoseQuestionsAreAnsweredWithNo) {
     const ConverterOptions options = Read({"a.csv", "b.t9t"});
-    EXPECT_EQ(options.To, TargetFormat::Register195);
+    EXPECT_EQ(options.To, FileFormat::Register195);
     EXPECT_FALSE(options.Check);
     EXPECT_FALSE(options.Losses);
     EXPECT_FALSE(options.Overwrite);
@@ -55,13 +55,13 @@ TEST(Options, AreThoseOfAWindowWhoseQuestionsAreAnsweredWithNo) {
 
 TEST(Options, PreferTheWordsToTheEndings) {
     const ConverterOptions options = Read({"--von", "175", "a.csv", "--nach=193", "b.csv"});
-    EXPECT_EQ(options.From, SourceFormat::Phonebook175);
-    EXPECT_EQ(options.To, TargetFormat::Register193);
-    EXPECT_EQ(Read({"--von=csv", "a.t9a", "b.pbb"}).From, SourceFormat::Csv);
+    EXPECT_EQ(options.From, FileFormat::Phonebook175);
+    EXPECT_EQ(options.To, FileFormat::Register193);
+    EXPECT_EQ(Read({"--von=csv", "a.t9a", "b.pbb"}).From, FileFormat::Csv);
 }
 
 TEST(Options, TheLastWordForAFormatCounts) {
-    EXPECT_EQ(Read({"a.t9t", "b", "--nach=193", "--nach", "175"}).To, TargetFormat::Phonebook175);
+    EXPECT_EQ(Read({"a.t9t", "b", "--nach=193", "--nach", "175"}).To, FileFormat::Phonebook175);
 }
 
 TEST(Options, TakeADashForTheStandardStreams) {
@@ -118,7 +118,7 @@ TEST(Options, TakeAnyTextAsAValueButTheNameOfAnOption) {
 
 TEST(Options, OfACallList) {
     const ConverterOptions options = Read({"a.t9a", "b.CSV"});
-    EXPECT_EQ(options.From, SourceFormat::CallList);
+    EXPECT_EQ(options.From, FileFormat::CallList);
     EXPECT_EQ(options.To, std::nullopt);
     EXPECT_EQ(Read({"a.t9a", "-"}).Target, StandardStream);
     EXPECT_EQ(Read({"a.t9a", "b.txt", "--nach=csv"}).To, std::nullopt);
@@ -137,7 +137,7 @@ TEST(Options, WithoutATarget) {
     EXPECT_EQ(check.To, std::nullopt);
     const ConverterOptions losses = Read({"--verluste", "a.csv", "--nach=193"});
     EXPECT_EQ(losses.What, Task::LoadOnly);
-    EXPECT_EQ(losses.To, TargetFormat::Register193);
+    EXPECT_EQ(losses.To, FileFormat::Register193);
     EXPECT_EQ(Read({"--verluste", "--pruefen", "a.csv"}).What, Task::LoadOnly);
     EXPECT_EQ(Read({"--verluste", "a.csv", "--nur-markierte", "--ausschliessen=1",
                     "--anfuehrungszeichen", "--AddRegionCode"})

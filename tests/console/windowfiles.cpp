@@ -22,19 +22,19 @@ class Window {
         ApplySettings(settings_);
     }
 
-    void Load(const FilePath& source, SourceFormat from) {
+    void Load(const FilePath& source, FileFormat from) {
         desktop_.AnswerFile(source);
         switch (from) {
-        case SourceFormat::RegisterFile:
+        case FileFormat::Register195:
             mnuDateiLoadNV(state_, desktop_);
             break;
-        case SourceFormat::Phonebook175:
+        case FileFormat::Phonebook175:
             mnuDateiLoad175(state_, desktop_);
             break;
-        case SourceFormat::Csv:
-            mnuDateiLoadCSV(state_, settings_, answers_.AvoidDoubles, desktop_);
+        case FileFormat::Csv:
+            mnuDateiLoadCSV(state_, settings_, {answers_.AvoidDoubles}, desktop_);
             break;
-        case SourceFormat::CallList:
+        case FileFormat::CallList:
             ADD_FAILURE() << "no register";
         }
     }
@@ -49,29 +49,29 @@ class Window {
         }
     }
 
-    Bytes Save(TargetFormat to) {
+    Bytes Save(FileFormat to) {
         switch (to) {
-        case TargetFormat::Register195:
+        case FileFormat::Register195:
             desktop_.AnswerFile(Target("fenster.t9t"));
             mnuDateiSaveNV(state_, desktop_);
             break;
-        case TargetFormat::Register193:
+        case FileFormat::Register193:
             desktop_.AnswerFile(Target("fenster.t9t"));
             if (state_.LoadedModel != u"193") {
                 desktop_.AnswerBox(answers_.OnlyMarked ? Button::Yes : Button::No);
             }
             MNUDateiSave193(state_, desktop_);
             break;
-        case TargetFormat::Phonebook175:
+        case FileFormat::Phonebook175:
             desktop_.AnswerFile(Target("fenster.pbo"));
             mnuDateiSave175(state_, desktop_);
             break;
-        case TargetFormat::Csv:
+        case FileFormat::Csv:
             desktop_.AnswerFile(Target("fenster.csv"));
             desktop_.AnswerBox(answers_.Quoted ? Button::Yes : Button::No);
             mnuDateiSaveCSV(state_, desktop_);
             break;
-        case TargetFormat::Ip286:
+        case FileFormat::Ip286:
             desktop_.AnswerFile(Target("fenster.csv"));
             for (const Text& text : answers_.Exclusions) {
                 desktop_.AnswerText(text);
@@ -79,12 +79,12 @@ class Window {
             desktop_.AnswerText(std::nullopt);
             mnuDateiSaveIP286(state_, desktop_);
             break;
-        case TargetFormat::MobileExport:
+        case FileFormat::MobileExport:
             ExportForMobile();
             break;
-        case TargetFormat::ChargeStatement:
+        case FileFormat::ChargeStatement:
             desktop_.AnswerBox(Button::Ok).AnswerFile(Target("fenster.geb"));
-            mnuGebAuszug(state_, settings_.UnitPrice, desktop_);
+            mnuGebAuszug(state_, settings_, desktop_);
             break;
         }
         return ReadFile(target_);
@@ -120,7 +120,7 @@ class Window {
 
 }  // namespace
 
-Bytes WindowWrites(const FilePath& source, SourceFormat from, TargetFormat to,
+Bytes WindowWrites(const FilePath& source, FileFormat from, FileFormat to,
                    const WindowAnswers& answers) {
     Window window(answers);
     window.Load(source, from);

@@ -2,7 +2,7 @@
 // converter does by itself.
 #pragma once
 
-#include "console/formats.h"
+#include "formats/formattable.h"
 #include "register/settings.h"
 #include "tests/support/testfolder.h"
 
@@ -24,7 +24,7 @@ struct WindowAnswers {
 };
 
 /// Loads `source` and saves it in the target format, from the menu. Gives the bytes of the file.
-Bytes WindowWrites(const FilePath& source, SourceFormat from, TargetFormat to,
+Bytes WindowWrites(const FilePath& source, FileFormat from, FileFormat to,
                    const WindowAnswers& answers = {});
 
 /// Converts a call list from the menu, with one answer for every call's MSN.

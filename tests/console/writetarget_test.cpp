@@ -46,18 +46,18 @@ TEST(MobileOptions, AreThoseOfTheSettingsAndTheTickedBoxes) {
     EXPECT_TRUE(MobileOptions({.OnlyMarked = true}, settings).UseReductionFlags);
 }
 
-TEST(LossOptions, AreThoseOfTheTarget) {
-    const LossOptions options = LossOptionsOf({.OnlyMarked = true,
-                                               .Quoted = true,
-                                               .Exclusions = u"1|2",
-                                               .Boxes = {DeleteCommaInNamesBox}},
-                                              Settings());
+TEST(TargetOptions, AreThoseOfTheTarget) {
+    const TargetOptions options = TargetOptionsOf({.OnlyMarked = true,
+                                                   .Quoted = true,
+                                                   .Exclusions = u"1|2",
+                                                   .Boxes = {DeleteCommaInNamesBox}},
+                                                  Settings());
     EXPECT_TRUE(options.OnlyMarked);
-    EXPECT_TRUE(options.QuotedCsv);
+    EXPECT_TRUE(options.Quoted);
     EXPECT_EQ(options.Exclusions, u"1|2");
     EXPECT_TRUE(options.Mobile.DeleteCommaInNames);
     EXPECT_TRUE(options.Mobile.UseReductionFlags);
-    EXPECT_FALSE(LossOptionsOf({}, Settings()).QuotedCsv);
+    EXPECT_FALSE(TargetOptionsOf({}, Settings()).Quoted);
 }
 
 TEST(WriteTarget, WarnsOfARegisterThatIsTooLargeForTheIp286) {
@@ -65,7 +65,7 @@ TEST(WriteTarget, WarnsOfARegisterThatIsTooLargeForTheIp286) {
     RegisterState state;
     SetCount(state, 301);
     ScriptedDesktop desktop;
-    EXPECT_TRUE(WriteTarget({.To = TargetFormat::Ip286}, Settings(), state, folder / "a", desktop));
+    EXPECT_TRUE(WriteTarget({.To = FileFormat::Ip286}, Settings(), state, folder / "a", desktop));
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(OkBox(u"Der Datensatz wird 301 Datensätze beinhalten, ein Yealink T28 "
                                   u"speichert jedoch maximal 300 Datensätze. Der Import wird "
@@ -79,7 +79,7 @@ TEST(WriteTarget, TellsWhetherThereWasAnythingToWrite) {
     const TestFolder folder;
     RegisterState state = RegisterOf({Entry(u"Anna", u"1")});
     ScriptedDesktop desktop;
-    const ConverterOptions options = {.To = TargetFormat::Register193, .OnlyMarked = true};
+    const ConverterOptions options = {.To = FileFormat::Register193, .OnlyMarked = true};
     EXPECT_FALSE(WriteTarget(options, Settings(), state, folder / "a", desktop));
     EXPECT_FALSE(std::filesystem::exists(folder / "a"));
     SetExportMark(state, 1, true);
@@ -89,22 +89,22 @@ TEST(WriteTarget, TellsWhetherThereWasAnythingToWrite) {
 
 TEST(ReportWriteError, ShowsTheBoxThatTheWindowShows) {
     const RuntimeError full(ErrorNumber::DiskFull);
-    const auto shown = [&full](TargetFormat format) {
+    const auto shown = [&full](FileFormat format) {
         ScriptedDesktop desktop;
         ReportWriteError(format, full, desktop);
         return desktop.Transcript;
     };
-    EXPECT_THAT(shown(TargetFormat::Register195), IsEmpty());
-    EXPECT_THAT(shown(TargetFormat::Register193), IsEmpty());
-    EXPECT_THAT(shown(TargetFormat::Phonebook175), IsEmpty());
-    EXPECT_THAT(shown(TargetFormat::Csv),
+    EXPECT_THAT(shown(FileFormat::Register195), IsEmpty());
+    EXPECT_THAT(shown(FileFormat::Register193), IsEmpty());
+    EXPECT_THAT(shown(FileFormat::Phonebook175), IsEmpty());
+    EXPECT_THAT(shown(FileFormat::Csv),
                 ElementsAre(OkBox(u"Undef'd Error: mnuDateiSaveCSV:61Datenträger voll")));
-    EXPECT_THAT(shown(TargetFormat::Ip286),
+    EXPECT_THAT(shown(FileFormat::Ip286),
                 ElementsAre(OkBox(u"Undef'd Error: mnuDateiSaveIP286:61Datenträger voll")));
     const std::string unhandled =
         OkBox(u"Laufzeitfehler '61':\r\n\r\nDatenträger voll", u"NORVIK", "Critical");
-    EXPECT_THAT(shown(TargetFormat::MobileExport), ElementsAre(unhandled));
-    EXPECT_THAT(shown(TargetFormat::ChargeStatement), ElementsAre(unhandled));
+    EXPECT_THAT(shown(FileFormat::MobileExport), ElementsAre(unhandled));
+    EXPECT_THAT(shown(FileFormat::ChargeStatement), ElementsAre(unhandled));
 }
 
 }  // namespace

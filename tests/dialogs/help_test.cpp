@@ -31,7 +31,7 @@ std::string ReadmeStatus(int returned = 33) {
 /// What the read-me item does with the folders.
 Lines Readme(const HelpFolders& folders) {
     ScriptedDesktop desktop;
-    mnuHilfeReadme(folders, desktop);
+    mnuHilfeReadme(folders, desktop, desktop);
     return desktop.Transcript;
 }
 
@@ -48,7 +48,7 @@ TEST(HelpManual, ExcusesItselfOpensTheManualAndShowsTheReturnValue) {
     const FilePath manual = folder.Write("NorvikRegister-Handbuch.pdf", "");
     ScriptedDesktop desktop;
 
-    mnuHelpManual({folder.Path()}, desktop);
+    mnuHelpManual({folder.Path()}, desktop, desktop);
 
     EXPECT_EQ(desktop.Transcript,
               (Lines{NoManual, Opened(manual),
@@ -58,8 +58,8 @@ TEST(HelpManual, ExcusesItselfOpensTheManualAndShowsTheReturnValue) {
 TEST(HelpManual, TheExcuseComesEveryTime) {
     const TestFolder folder;
     ScriptedDesktop desktop;
-    mnuHelpManual({folder.Path()}, desktop);
-    mnuHelpManual({folder.Path()}, desktop);
+    mnuHelpManual({folder.Path()}, desktop, desktop);
+    mnuHelpManual({folder.Path()}, desktop, desktop);
     EXPECT_EQ(std::count(desktop.Transcript.begin(), desktop.Transcript.end(), NoManual), 2);
 }
 
@@ -68,7 +68,7 @@ TEST(HelpManual, AMissingManualIsNotCheckedBeforehand) {
     ScriptedDesktop desktop;
     desktop.ShellResult = 2;
 
-    mnuHelpManual({folder.Path()}, desktop);
+    mnuHelpManual({folder.Path()}, desktop, desktop);
 
     EXPECT_EQ(desktop.Transcript,
               (Lines{NoManual, Opened(folder / "NorvikRegister-Handbuch.pdf", 2),
@@ -86,7 +86,7 @@ TEST(HelpReadme, TheReturnValueIsShownInDecimalWhateverItIs) {
     for (const int returned : {0, 2, 31, 32, 33, 42, -1, 2147483647}) {
         ScriptedDesktop desktop;
         desktop.ShellResult = returned;
-        mnuHilfeReadme({folder.Path()}, desktop);
+        mnuHilfeReadme({folder.Path()}, desktop, desktop);
         EXPECT_EQ(desktop.Transcript,
                   (Lines{Opened(folder / "nvreadme.htm", returned), ReadmeStatus(returned)}));
     }
@@ -124,7 +124,7 @@ TEST(HelpFolders, ADocumentInTheInstallationFolderAloneIsFoundThere) {
     EXPECT_EQ(Readme(folders), (Lines{Opened(page), ReadmeStatus()}));
     EXPECT_EQ(WhatsNew(folders), Lines{"editor " + text.string()});
     ScriptedDesktop desktop;
-    mnuHelpManual(folders, desktop);
+    mnuHelpManual(folders, desktop, desktop);
     EXPECT_EQ(desktop.Transcript.at(1), Opened(manual));
 }
 
@@ -167,7 +167,7 @@ TEST(HelpFolders, ADocumentIsFoundInOtherCase) {
     EXPECT_EQ(Readme({folder.Path()}), (Lines{Opened(page), ReadmeStatus()}));
     EXPECT_EQ(WhatsNew({folder.Path()}), Lines{"editor " + text.string()});
     ScriptedDesktop desktop;
-    mnuHelpManual({folder.Path()}, desktop);
+    mnuHelpManual({folder.Path()}, desktop, desktop);
     EXPECT_EQ(desktop.Transcript.at(1), Opened(manual));
 }
 

@@ -4,6 +4,7 @@
 #include "base/runtimeerror.h"
 #include "tests/support/builders.h"
 #include "tests/support/scripteddesktop.h"
+#include "tests/support/settings.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -16,14 +17,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 
 using Boxes = std::array<bool, HandyBoxes>;
-
-Settings Berlin() {
-    Settings settings;
-    settings.Table.SetValue(Setting::CountryCode, u"49");
-    settings.Table.SetValue(Setting::RegionCode, u"30");
-    ApplySettings(settings);
-    return settings;
-}
 
 const std::string Dialog = "save \"SIM-Surf|*.pbb|Alle Dateien|*.*\" ending .pbb -> ";
 const std::string Start = "box \"Diese Funktion exportiert das aktuelle Telefonbuch\\r\\n"

@@ -2,8 +2,10 @@
 
 #include "base/runtimeerror.h"
 #include "tests/support/builders.h"
+#include "tests/support/errors.h"
 #include "tests/support/processlimits.h"
 #include "tests/support/scripteddesktop.h"
+#include "tests/support/settings.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -22,24 +24,6 @@ constexpr std::array<Setting, HandyBoxes> BoxSettings = {
     Setting::UseQuotesForData};
 
 using Boxes = std::array<bool, HandyBoxes>;
-
-Settings Berlin() {
-    Settings settings;
-    settings.Table.SetValue(Setting::CountryCode, u"49");
-    settings.Table.SetValue(Setting::RegionCode, u"30");
-    ApplySettings(settings);
-    return settings;
-}
-
-template <typename Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 // Opening
 
@@ -297,9 +281,10 @@ TEST(MobileExportSaveSettings, ADiskWithoutRoomKeepsTheOldFile) {
     ScriptedDesktop desktop;
     {
         const FileSizeLimit limit(100);
-        EXPECT_EQ(
-            ErrorOf([&] { btnSaveSettings_Click(MobileExportFields(), settings, folder.Path(), desktop); }),
-            57);
+        EXPECT_EQ(ErrorOf([&] {
+                      btnSaveSettings_Click(MobileExportFields(), settings, folder.Path(), desktop);
+                  }),
+                  57);
     }
     EXPECT_THAT(desktop.Transcript, IsEmpty());
     EXPECT_EQ(ReadFile(path), Raw("'old'"));

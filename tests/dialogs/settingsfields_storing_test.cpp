@@ -2,6 +2,7 @@
 #include "dialogs/settingsfields.h"
 
 #include "base/runtimeerror.h"
+#include "tests/support/errors.h"
 #include "tests/support/processlimits.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
@@ -18,15 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-int ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 /// A whole settings file that holds the four groups of lines.
 std::string SettingsFile(const std::string& common, const std::string& location,
@@ -313,9 +305,10 @@ TEST(SettingsMakeChanges, AReadOnlyFolderRaises70AndKeepsTheOldFile) {
     ScriptedDesktop desktop;
     {
         const AsAnyUser anyUser;
-        EXPECT_EQ(
-            ErrorOf([&] { btnMakeChanges_Click(SettingsFields(), settings, folder.Path(), desktop); }),
-            70);
+        EXPECT_EQ(ErrorOf([&] {
+                      btnMakeChanges_Click(SettingsFields(), settings, folder.Path(), desktop);
+                  }),
+                  70);
     }
     fs::permissions(folder.Path(), fs::perms(0755));
     EXPECT_THAT(desktop.Transcript, IsEmpty());
@@ -329,9 +322,10 @@ TEST(SettingsMakeChanges, AFileThatCannotGrowRaises57AndKeepsTheOldFile) {
     ScriptedDesktop desktop;
     {
         const FileSizeLimit limit(100);
-        EXPECT_EQ(
-            ErrorOf([&] { btnMakeChanges_Click(SettingsFields(), settings, folder.Path(), desktop); }),
-            57);
+        EXPECT_EQ(ErrorOf([&] {
+                      btnMakeChanges_Click(SettingsFields(), settings, folder.Path(), desktop);
+                  }),
+                  57);
     }
     EXPECT_THAT(desktop.Transcript, IsEmpty());
     EXPECT_EQ(ReadFile(path), Raw("'alt'"));

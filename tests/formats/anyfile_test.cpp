@@ -148,7 +148,7 @@ TEST(AnyFile, ThatIsNoReadableCsvFileIsReported) {
         ForEachKind(
             ".csv",
             [&](RegisterState& state, Desktop& desktop) {
-                mnuDateiLoadCSV(state, Settings(), avoidDoubles, desktop);
+                mnuDateiLoadCSV(state, Settings(), {avoidDoubles}, desktop);
             },
             [](const Unreadable& kind, const std::string& box) {
                 EXPECT_EQ(box, Undefined(u"mnuDateiLoadCSV", kind.NumberAndDescription));

@@ -27,10 +27,10 @@ SourceReader Doubles() {
 TEST(LoadCSVOrReport, TakesAnySourceWithOrWithoutDoubles) {
     RegisterState state;
     ScriptedDesktop desktop;
-    EXPECT_TRUE(LoadCSVOrReport(state, Settings(), Doubles(), false, desktop));
+    EXPECT_TRUE(LoadCSVOrReport(state, Settings(), Doubles(), {}, desktop));
     EXPECT_THAT(Names(state), ElementsAre(u"Anna", u"Anna"));
     EXPECT_EQ(state.LoadReport, u"Doppelter Name: Anna\r\n");
-    EXPECT_TRUE(LoadCSVOrReport(state, Settings(), Doubles(), true, desktop));
+    EXPECT_TRUE(LoadCSVOrReport(state, Settings(), Doubles(), {.AvoidDoubles = true}, desktop));
     EXPECT_THAT(Names(state), ElementsAre(u"Anna"));
     EXPECT_EQ(state.LoadReport, u"Doublette entfernt: Anna\r\n");
     EXPECT_EQ(state.File.Type, u"CSV");
@@ -44,7 +44,7 @@ TEST(LoadCSVOrReport, ReportsASourceThatCannotBeReadAndLeavesTheRegister) {
     const SourceReader unreadable = []() -> SourceFile {
         throw RuntimeError(ErrorNumber::OutOfMemory);
     };
-    EXPECT_FALSE(LoadCSVOrReport(state, Settings(), unreadable, false, desktop));
+    EXPECT_FALSE(LoadCSVOrReport(state, Settings(), unreadable, {}, desktop));
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(OkBox(u"Undef'd Error: mnuDateiLoadCSV:7Nicht genügend Speicher")));
     EXPECT_THAT(Names(state), ElementsAre(u"Bernd"));

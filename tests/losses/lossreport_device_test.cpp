@@ -1,6 +1,7 @@
 // One register for each thing that the telephones' files do not hold.
 #include "base/runtimeerror.h"
 #include "tests/losses/lossroundtrip.h"
+#include "tests/losses/oneentry.h"
 
 namespace norvik::test {
 namespace {
@@ -8,9 +9,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr TargetFormat To195 = TargetFormat::Register195;
-constexpr TargetFormat To193 = TargetFormat::Register193;
-constexpr TargetFormat To175 = TargetFormat::Phonebook175;
+constexpr FileFormat To195 = FileFormat::Register195;
+constexpr FileFormat To193 = FileFormat::Register193;
+constexpr FileFormat To175 = FileFormat::Phonebook175;
 
 /// Info line 1 to 6 texts of 21 characters.
 Text Lines(std::initializer_list<TextView> lines) {
@@ -29,22 +30,6 @@ RegisterEntry Full() {
     entry.GebEinh = 120;
     entry.AB = 3;
     return entry;
-}
-
-RegisterState One(const RegisterEntry& entry) {
-    return RegisterOf({Entry(u"Anna", u"1"), entry});
-}
-
-/// The same entry with another value.
-template <typename Value>
-RegisterState OneWith(Value RegisterEntry::*field, int value) {
-    RegisterEntry entry = Entry(u"Bert", u"2");
-    entry.*field = static_cast<Value>(value);
-    return One(entry);
-}
-
-RegisterState OneWithInfo(const Text& info) {
-    return One(Entry(u"Bert", u"2", info));
 }
 
 TEST(LossReport195, AFullEntryLosesNothing) {
@@ -91,7 +76,7 @@ TEST(LossReport195, BlanksAtTheEnds) {
 
 TEST(LossReport195, CountersOf65536AndMoreCannotBeWritten) {
     const TestFolder folder;
-    for (const TargetFormat target : {To195, To193}) {
+    for (const FileFormat target : {To195, To193}) {
         const RegisterState state = OneWith(&RegisterEntry::GebEinh, 65536);
         const std::vector<Loss> report = LossReport(state, target);
         EXPECT_THAT(Kinds(report), ElementsAre(LossKind::ChargesTooHigh));

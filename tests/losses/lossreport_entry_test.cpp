@@ -19,6 +19,14 @@ std::vector<std::string> Noted(Find find) {
     return LossLines(report);
 }
 
+TEST(LossTable, HasARowForEachFormatThatCanBeWritten) {
+    std::vector<FileFormat> rows;
+    for (const LossRow& row : LossTable) {
+        rows.push_back(row.Target);
+    }
+    EXPECT_EQ(rows, TargetFormats());
+}
+
 TEST(EntryLosses, NoteTheEntryAndWhetherItIsTorn) {
     std::vector<Loss> report;
     const Text name = u"Eva";

@@ -9,11 +9,11 @@ namespace {
 constexpr TextView Characters = u"ab01+ ()()()()áßŽ^éƒ‚\n i  w";
 
 /// What a CSV file of the form can hold, of the two characters that the forms fear.
-TextView FormCharacters(const LossOptions& options) {
-    return options.QuotedCsv ? u";" : u"\"\"";
+TextView FormCharacters(const TargetOptions& options) {
+    return options.Quoted ? u";" : u"\"\"";
 }
 
-Text AnyText(RandomValues& random, const LossOptions& options, int longest) {
+Text AnyText(RandomValues& random, const TargetOptions& options, int longest) {
     Text text = random.TextOf(Text(Characters).append(FormCharacters(options)), longest);
     if (random.Below(4) == 0) {
         text.append(static_cast<std::size_t>(random.Below(4)), u' ');
@@ -36,7 +36,7 @@ Integer AnyValue(RandomValues& random, int usual) {
 }
 
 /// One entry in four has nothing but a name and a number, which every format holds.
-RegisterEntry AnyEntry(RandomValues& random, const LossOptions& options) {
+RegisterEntry AnyEntry(RandomValues& random, const TargetOptions& options) {
     RegisterEntry entry = Entry(u"Anna", u"0301");
     if (random.Below(4) == 0) {
         return entry;
@@ -62,7 +62,7 @@ std::set<int> Unwritable(const std::vector<Loss>& report) {
     return positions;
 }
 
-RegisterState AnyRegister(RandomValues& random, TargetFormat target, const LossOptions& options) {
+RegisterState AnyRegister(RandomValues& random, FileFormat target, const TargetOptions& options) {
     RegisterState state = RegisterOf({});
     SetCount(state, 300);
     for (int place = 1; place <= state.AnzGes; ++place) {
@@ -76,33 +76,33 @@ RegisterState AnyRegister(RandomValues& random, TargetFormat target, const LossO
 }
 
 struct Case {
-    TargetFormat Target;
-    LossOptions Options;
+    FileFormat Target;
+    TargetOptions Options;
     std::set<LossKind> Kinds;  ///< those that must have occurred, and no others
 };
 
 const std::vector<Case> Cases = {
-    {TargetFormat::Register195,
+    {FileFormat::Register195,
      {},
      {LossKind::DeviceByte, LossKind::Blanks, LossKind::RingTone, LossKind::Announcement,
       LossKind::Charges, LossKind::UnusedBits}},
-    {TargetFormat::Register193,
+    {FileFormat::Register193,
      {},
      {LossKind::DeviceByte, LossKind::NameCut, LossKind::InfoText, LossKind::Blanks, LossKind::Mark,
       LossKind::RingTone, LossKind::Announcement, LossKind::Msn, LossKind::Charges,
       LossKind::UnusedBits}},
-    {TargetFormat::Phonebook175,
+    {FileFormat::Phonebook175,
      {},
      {LossKind::NameCut, LossKind::NumberCut, LossKind::InfoCut, LossKind::InfoFirstLine,
       LossKind::Blanks, LossKind::Mark, LossKind::RingTone, LossKind::Announcement, LossKind::Msn,
       LossKind::CallFilter, LossKind::ChargeCounter, LossKind::Charges, LossKind::UnusedBits}},
-    {TargetFormat::Csv,
+    {FileFormat::Csv,
      {},
      {LossKind::Quote, LossKind::NameCut, LossKind::NumberCut, LossKind::NumberCleaned,
       LossKind::InfoCut, LossKind::Blanks, LossKind::Mark, LossKind::RingTone,
       LossKind::Announcement, LossKind::Msn, LossKind::UnusedBits}},
-    {TargetFormat::Csv,
-     {.QuotedCsv = true},
+    {FileFormat::Csv,
+     {.Quoted = true},
      {LossKind::NameCut, LossKind::NumberCut, LossKind::NumberCleaned, LossKind::InfoCut,
       LossKind::Blanks, LossKind::Mark, LossKind::RingTone, LossKind::Announcement, LossKind::Msn,
       LossKind::UnusedBits}},

@@ -9,14 +9,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr TargetFormat Ip286 = TargetFormat::Ip286;
+constexpr FileFormat Ip286 = FileFormat::Ip286;
 
-const std::vector<TargetFormat> AllTargets = {
-    TargetFormat::Register195,     TargetFormat::Register193,
-    TargetFormat::Phonebook175,    TargetFormat::Csv,
-    TargetFormat::Ip286,           TargetFormat::MobileExport,
-    TargetFormat::ChargeStatement,
-};
+const std::vector<FileFormat> AllTargets = TargetFormats();
 
 /// A register of so many entries "Name 1", "Name 2", ….
 RegisterState Large(int count) {
@@ -33,8 +28,8 @@ TEST(LossReport, OneRegisterWithoutALossForEveryTarget) {
     RegisterEntry anna = Entry(u"Anna", u"0301");
     RegisterEntry bert = Entry(u"Bert");
     for (RegisterEntry* entry : {&anna, &bert}) {
-        for (const TargetFormat target : AllTargets) {
-            const bool statement = target == TargetFormat::ChargeStatement;
+        for (const FileFormat target : AllTargets) {
+            const bool statement = target == FileFormat::ChargeStatement;
             entry->MsnFilter = MsnOfTelephone | (statement ? EnGeb : 0);
             entry->Tel = statement ? u"" : entry->Tel;
             EXPECT_THAT(LossReport(RegisterOf({*entry}), target), IsEmpty());
@@ -43,7 +38,7 @@ TEST(LossReport, OneRegisterWithoutALossForEveryTarget) {
 }
 
 TEST(LossReport, ARegisterWithoutEntries) {
-    for (const TargetFormat target : AllTargets) {
+    for (const FileFormat target : AllTargets) {
         EXPECT_THAT(LossReport(RegisterOf({}), target), IsEmpty());
     }
 }
@@ -56,17 +51,17 @@ TEST(LossReport, GoesByTheOrderAndNamesThePositions) {
     state.RegisterOrder(2) = 3;
     state.RegisterOrder(3) = 1;
     const Text what = u"Leerzeichen am Ende des Namens fallen weg";
-    EXPECT_EQ(LossReport(state, TargetFormat::Register195),
+    EXPECT_EQ(LossReport(state, FileFormat::Register195),
               (std::vector<Loss>{{1, u"A ", LossKind::Blanks, what},
                                  {3, u"C ", LossKind::Blanks, what}}));
-    ExpectTrue(LossReport(state, TargetFormat::Register195), state,
-               WrittenAndLoaded(state, TargetFormat::Register195));
+    ExpectTrue(LossReport(state, FileFormat::Register195), state,
+               WrittenAndLoaded(state, FileFormat::Register195));
 }
 
 TEST(LossReport, ChangesNothing) {
     RegisterState state = RegisterOf({Entry(u"ä ", u" 1", u" x ")});
     const Contents before = ContentsOf(state);
-    for (const TargetFormat target : AllTargets) {
+    for (const FileFormat target : AllTargets) {
         LossReport(state, target);
     }
     EXPECT_TRUE(ContentsOf(state) == before);
@@ -87,7 +82,7 @@ TEST(LossReportIp286, ExcludedEntriesAreNotCounted) {
     RegisterState state = Large(302);
     state.Register(7).Tel = u"**7";
     state.Register(8).Tel = u"*8";
-    const LossOptions options = {.Exclusions = u"**||#"};
+    const TargetOptions options = {.Exclusions = u"**||#"};
     EXPECT_THAT(LossLines(LossReport(state, Ip286, options)),
                 ElementsAre("#302 Name 302: Eintrag 301 der Datei; das IP 286 speichert höchstens "
                             "300"));
@@ -116,11 +111,11 @@ TEST(LossReportIp286, ADoubledNameAsItStandsInTheFile) {
 }
 
 TEST(LossReport, OnlyMarkedEntriesAreLookedAtWhereOnlyTheyAreWritten) {
-    for (const TargetFormat target : AllTargets) {
+    for (const FileFormat target : AllTargets) {
         RegisterState state = RegisterOf({Entry(u"A\r\"", u"ä"), Entry(u"A\r\"", u"ä", u"()")});
         const std::vector<Loss> all = LossReport(state, target);
         const std::vector<Loss> marked = LossReport(state, target, {.OnlyMarked = true});
-        if (target == TargetFormat::Register193 || target == TargetFormat::MobileExport) {
+        if (target == FileFormat::Register193 || target == FileFormat::MobileExport) {
             EXPECT_TRUE(std::all_of(marked.begin(), marked.end(),
                                     [](const Loss& loss) { return loss.Position == 2; }));
             EXPECT_LE(marked.size(), all.size());

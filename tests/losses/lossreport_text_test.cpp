@@ -1,5 +1,6 @@
 // One register for each thing that the text files do not hold.
 #include "tests/losses/lossroundtrip.h"
+#include "tests/losses/oneentry.h"
 
 namespace norvik::test {
 namespace {
@@ -7,13 +8,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr TargetFormat ToCsv = TargetFormat::Csv;
-constexpr TargetFormat ToIp286 = TargetFormat::Ip286;
-constexpr TargetFormat ToMobile = TargetFormat::MobileExport;
-constexpr TargetFormat ToStatement = TargetFormat::ChargeStatement;
+constexpr FileFormat ToCsv = FileFormat::Csv;
+constexpr FileFormat ToIp286 = FileFormat::Ip286;
+constexpr FileFormat ToMobile = FileFormat::MobileExport;
+constexpr FileFormat ToStatement = FileFormat::ChargeStatement;
 
-const LossOptions Plain;
-const LossOptions Quoted = {.QuotedCsv = true};
+const TargetOptions Plain;
+const TargetOptions Quoted = {.Quoted = true};
 
 /// Everything that an entry can have.
 RegisterEntry Full() {
@@ -25,28 +26,13 @@ RegisterEntry Full() {
     return entry;
 }
 
-RegisterState One(const RegisterEntry& entry) {
-    return RegisterOf({Entry(u"Anna", u"1"), entry, Entry(u"Carl", u"3")});
-}
-
-template <typename Value>
-RegisterState OneWith(Value RegisterEntry::*field, int value) {
-    RegisterEntry entry = Entry(u"Bert", u"2");
-    entry.*field = static_cast<Value>(value);
-    return One(entry);
-}
-
-RegisterState OneWithInfo(const Text& info) {
-    return One(Entry(u"Bert", u"2", info));
-}
-
-std::vector<std::string> Lines(const RegisterState& state, TargetFormat target,
-                               const LossOptions& options = {}) {
+std::vector<std::string> Lines(const RegisterState& state, FileFormat target,
+                               const TargetOptions& options = {}) {
     return LossLines(LossReport(state, target, options));
 }
 
 /// The kinds are those of the report; the loaded register is not the written one.
-void ExpectTorn(const RegisterState& state, const LossOptions& options,
+void ExpectTorn(const RegisterState& state, const TargetOptions& options,
                 const std::vector<ExpectedLoss>& expected) {
     const std::vector<Loss> report = LossReport(state, ToCsv, options);
     ASSERT_EQ(report.size(), expected.size());
@@ -64,7 +50,7 @@ TEST(LossReportCsv, AFullEntryLosesNothing) {
     least.Tel = u"i(0)30-1234*#Apw";
     least.GebEinh = -2147483647 - 1;
     least.AB = -32768;
-    for (const LossOptions& options : {Plain, Quoted}) {
+    for (const TargetOptions& options : {Plain, Quoted}) {
         ExpectLosses(RegisterOf({Full(), Entry(u"", u"")}), ToCsv, options, {});
     }
     ExpectLosses(One(least), ToCsv, Plain, {});
@@ -77,7 +63,7 @@ TEST(LossReportCsv, AFullEntryLosesNothing) {
 }
 
 TEST(LossReportCsv, NamesNumbersAndInfoTextsThatAreTooLong) {
-    for (const LossOptions& options : {Plain, Quoted}) {
+    for (const TargetOptions& options : {Plain, Quoted}) {
         ExpectLosses(
             One(Entry(u"1234567890123456789012", u"1234567890123456789012", Text(127, u'x'))),
             ToCsv, options,
@@ -94,7 +80,7 @@ TEST(LossReportCsv, NamesNumbersAndInfoTextsThatAreTooLong) {
 }
 
 TEST(LossReportCsv, NumbersThatTheReaderCleans) {
-    for (const LossOptions& options : {Plain, Quoted}) {
+    for (const TargetOptions& options : {Plain, Quoted}) {
         ExpectLosses(One(Entry(u"Bert", u"0049 (30) 123/7")), ToCsv, options,
                      {{LossKind::NumberCleaned, "#2 Bert: Nummer wird bereinigt: 0049(30)1237"}});
         ExpectLosses(One(Entry(u"Bert", u"+49")), ToCsv, options,
@@ -156,7 +142,7 @@ TEST(LossReportCsv, QuotesAtBothEndsWithoutQuotes) {
 }
 
 TEST(LossReportCsv, ALineEndTearsTheEntry) {
-    for (const LossOptions& options : {Plain, Quoted}) {
+    for (const TargetOptions& options : {Plain, Quoted}) {
         ExpectTorn(One(Entry(u"Be\rt", u"2")), options,
                    {{LossKind::LineBreak, "#2 Be?t: Zeilenende im Namen zerreißt die Zeile"}});
         ExpectTorn(
@@ -167,7 +153,7 @@ TEST(LossReportCsv, ALineEndTearsTheEntry) {
 }
 
 TEST(LossReportCsv, ValuesOutsideTheirRange) {
-    for (const LossOptions& options : {Plain, Quoted}) {
+    for (const TargetOptions& options : {Plain, Quoted}) {
         ExpectLosses(OneWith(&RegisterEntry::MsnFilter, 6), ToCsv, options,
                      {{LossKind::Msn, "#2 Bert: MSN 7 fällt weg"}});
         ExpectLosses(OneWith(&RegisterEntry::MsnFilter, 0x2F), ToCsv, options,
@@ -194,7 +180,7 @@ const std::vector<std::string> LostValues = {
 };
 
 /// The losses that every file of names and numbers shares stand at the end.
-void ExpectLostValues(const std::string& first, TargetFormat target, const LossOptions& options) {
+void ExpectLostValues(const std::string& first, FileFormat target, const TargetOptions& options) {
     RegisterEntry entry = Full();
     entry.Info = u"()Büro";
     std::vector<std::string> expected = {first};
@@ -234,7 +220,7 @@ TEST(LossReportMobileExport, NameAndNumberLoseNothing) {
     const RegisterState state =
         RegisterOf({Entry(u"Müller, Jörg \"J\"", u"+49301234pw"), Entry(u",", u"030")});
     EXPECT_THAT(Lines(state, ToMobile), IsEmpty());
-    LossOptions options;
+    TargetOptions options;
     options.Mobile.DataSeparator = u";";
     options.Mobile.GlobalizeNumber = true;
     EXPECT_THAT(Lines(state, ToMobile, options), IsEmpty());
@@ -245,7 +231,7 @@ TEST(LossReportMobileExport, EverythingElse) {
 }
 
 TEST(LossReportMobileExport, TheCommaThatIsCutOut) {
-    LossOptions options;
+    TargetOptions options;
     options.Mobile.DeleteCommaInNames = true;
     const std::vector<Loss> report =
         LossReport(RegisterOf({Entry(u"Meier, Hans"), Entry(u",Meier")}), ToMobile, options);
@@ -256,7 +242,7 @@ TEST(LossReportMobileExport, TheCommaThatIsCutOut) {
 
 TEST(LossReportMobileExport, SeparatorsQuotesAndLineEnds) {
     const RegisterState state = RegisterOf({Entry(u"A, \"B\"", u"1p2"), Entry(u"C\r", u"3")});
-    LossOptions options;
+    TargetOptions options;
     options.Mobile.DataSeparator = u", ";
     EXPECT_THAT(Kinds(LossReport(state, ToMobile, options)),
                 ElementsAre(LossKind::Separator, LossKind::LineBreak));
@@ -275,7 +261,7 @@ TEST(LossReportMobileExport, SeparatorsQuotesAndLineEnds) {
 
 TEST(LossReportMobileExport, OnlyMarkedEntriesAreLookedAt) {
     const RegisterState state = RegisterOf({Entry(u"A", u"*1"), Entry(u"B", u"*2", u"()")});
-    LossOptions options;
+    TargetOptions options;
     options.Mobile.UseReductionFlags = true;
     EXPECT_THAT(Lines(state, ToMobile, options),
                 ElementsAre("#2 B: Nummer wird bereinigt: 2", "#2 B: Exportmarkierung fällt weg"));

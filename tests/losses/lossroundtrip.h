@@ -21,30 +21,30 @@
 namespace norvik::test {
 
 /// Writes the register into the file, in a format that can be loaded.
-inline void WriteTarget(RegisterState state, TargetFormat target, const LossOptions& options,
+inline void WriteTarget(RegisterState state, FileFormat target, const TargetOptions& options,
                         const FilePath& path) {
     ScriptedDesktop desktop;
     switch (target) {
-    case TargetFormat::Register195:
+    case FileFormat::Register195:
         return WriteRegisterFile195(state, path, desktop);
-    case TargetFormat::Register193:
+    case FileFormat::Register193:
         return WriteRegisterFile193(state, path, options.OnlyMarked, desktop);
-    case TargetFormat::Phonebook175:
+    case FileFormat::Phonebook175:
         return WritePhonebookFile(state, path, desktop);
-    case TargetFormat::Csv:
-        desktop.AnswerBox(options.QuotedCsv ? Button::Yes : Button::No);
+    case FileFormat::Csv:
+        desktop.AnswerBox(options.Quoted ? Button::Yes : Button::No);
         return SaveCSV(state, path, desktop);
     default:
         FAIL() << "nothing loads this format";
     }
 }
 
-inline RegisterState LoadTarget(TargetFormat target, const FilePath& path) {
+inline RegisterState LoadTarget(FileFormat target, const FilePath& path) {
     RegisterState state;
     ScriptedDesktop desktop;
-    if (target == TargetFormat::Csv) {
+    if (target == FileFormat::Csv) {
         LoadCSV(state, path, Settings(), desktop);
-    } else if (target == TargetFormat::Phonebook175) {
+    } else if (target == FileFormat::Phonebook175) {
         LoadPhonebookFile(state, path, desktop);
     } else {
         LoadRegisterFile(state, path, desktop);
@@ -52,8 +52,8 @@ inline RegisterState LoadTarget(TargetFormat target, const FilePath& path) {
     return state;
 }
 
-inline RegisterState WrittenAndLoaded(const RegisterState& state, TargetFormat target,
-                                      const LossOptions& options = {}) {
+inline RegisterState WrittenAndLoaded(const RegisterState& state, FileFormat target,
+                                      const TargetOptions& options = {}) {
     const TestFolder folder;
     WriteTarget(state, target, options, folder / "a");
     return LoadTarget(target, folder / "a");
@@ -157,8 +157,8 @@ struct ExpectedLoss {
     LossKind Kind;
     std::string Line;
 };
-inline void ExpectLosses(const RegisterState& state, TargetFormat target,
-                         const LossOptions& options, const std::vector<ExpectedLoss>& expected) {
+inline void ExpectLosses(const RegisterState& state, FileFormat target,
+                         const TargetOptions& options, const std::vector<ExpectedLoss>& expected) {
     const std::vector<Loss> report = LossReport(state, target, options);
     std::vector<LossKind> kinds;
     std::vector<std::string> lines;

@@ -37,7 +37,7 @@ class Charges : public HandlerFixture {
             return candidate.Name == name;
         });
         ASSERT_NE(row, rows.end()) << name;
-        row->Run(program, desktop);
+        row->Run(program, desktop, desktop);
     }
 
     TestFolder folder;
@@ -49,7 +49,7 @@ TEST_F(Charges, TheResetShowsAnAmountOf0AtOnceAndNothingElseAnew) {
     program.Fields.btnSaveChange = EditState::Pending;
     desktop.AnswerBox(Button::Ok);
 
-    mnuGebDelete_Click(program, desktop);
+    mnuGebDelete(program, desktop);
 
     EXPECT_EQ(desktop.Transcript, (Lines{ResetQuestion + "Ok", ResetDone}));
     EXPECT_EQ(program.Fields.AnzGeb, u"0,00");
@@ -66,7 +66,7 @@ TEST_F(Charges, TheResetShowsAnAmountOf0AtOnceAndNothingElseAnew) {
 
 TEST_F(Charges, StoringTheShownEntryAfterTheResetDoesNotBringTheUnitsBack) {
     desktop.AnswerBox(Button::Ok);
-    mnuGebDelete_Click(program, desktop);
+    mnuGebDelete(program, desktop);
     btnSaveChange_Click(program, desktop);
     EXPECT_EQ(program.State.Register(1).GebEinh, 0);
     EXPECT_EQ(program.Fields.AnzGeb, u"0,00");
@@ -76,7 +76,7 @@ TEST_F(Charges, StoringTheShownEntryAfterTheResetDoesNotBringTheUnitsBack) {
 TEST_F(Charges, ACancelledResetKeepsTheAmount) {
     const Contents before = ContentsOf(program.State);
     desktop.AnswerBox(Button::Cancel);
-    mnuGebDelete_Click(program, desktop);
+    mnuGebDelete(program, desktop);
     EXPECT_EQ(desktop.Transcript, Lines{ResetQuestion + "Cancel"});
     EXPECT_EQ(program.Fields.AnzGeb, u"1,44");
     EXPECT_TRUE(ContentsOf(program.State) == before);

@@ -3,6 +3,7 @@
 
 #include "base/runtimeerror.h"
 #include "mainwindow/operations.h"
+#include "tests/support/filetext.h"
 #include "tests/support/handlerfixture.h"
 #include "tests/support/testfolder.h"
 
@@ -22,11 +23,6 @@ const std::string NoNames =
     "Beginnen die Namen mit der zweistelligen Speicherplatznummer?\\r\\n\\r\\n"
     "Die Aktion wird abgebrochen.\" title \"Klingeltonnamen ersetzen: FEHLER\" icon Critical "
     "buttons Ok default Ok -> Ok";
-
-std::string TextOf(const FilePath& path) {
-    const Bytes bytes = ReadFile(path);
-    return {bytes.begin(), bytes.end()};
-}
 
 std::ptrdiff_t CountOf(const std::string& part, const std::string& text) {
     std::ptrdiff_t count = 0;
@@ -61,7 +57,7 @@ TEST_F(NameRingtones, FillsTheChoiceListAndWritesTheFile) {
     GivenTheBird();
     desktop.AnswerBox(Button::Ok);
 
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
 
     EXPECT_EQ(desktop.Transcript, (Lines{Question + "Ok", "entry"}));
     EXPECT_EQ(program.Fields.DDTonItems, NamesWithBird());
@@ -71,12 +67,12 @@ TEST_F(NameRingtones, FillsTheChoiceListAndWritesTheFile) {
 TEST_F(NameRingtones, RtLngAlwaysGets80LinesWhateverNumberOfFilesWereFound) {
     GivenTheBird();
     desktop.AnswerBox(Button::Ok).AnswerBox(Button::Ok);
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
     const std::string one = TextOf(folder / "rt.lng");
     for (int slot = 10; slot < 99; ++slot) {
         folder.Write("tonruf/" + std::to_string(slot) + "a.t9r", "");
     }
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
     const std::string many = TextOf(folder / "rt.lng");
 
     EXPECT_EQ(CountOf("\r\n", one), 80);
@@ -90,7 +86,7 @@ TEST_F(NameRingtones, TheShownEntrysToneStaysSelected) {
     ASSERT_EQ(program.Fields.DDTon, 27);
     desktop.AnswerBox(Button::Ok);
 
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
 
     EXPECT_EQ(program.Fields.DDTon, 27);
     EXPECT_TRUE(program.Fields.chkTon);
@@ -101,7 +97,7 @@ TEST_F(NameRingtones, WithoutAToneTheFirstItemIsSelected) {
     GivenTheBird();
     Given(RegisterOfNames({u"Anna"}));
     desktop.AnswerBox(Button::Ok);
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
     EXPECT_EQ(program.Fields.DDTon, 0);
     EXPECT_EQ(program.Fields.DDTonItems.at(0), u"kein");
 }
@@ -111,7 +107,7 @@ TEST_F(NameRingtones, TheChangeIndicatorGetsItsNormalColour) {
     for (const EditState state : {EditState::Pending, EditState::Stored}) {
         program.Fields.btnSaveChange = state;
         desktop.AnswerBox(Button::Ok);
-        mnuNameRingtones_Click(program, desktop);
+        mnuNameRingtones(program, desktop);
         EXPECT_EQ(program.Fields.btnSaveChange, EditState::Neutral);
     }
 }
@@ -120,7 +116,7 @@ TEST_F(NameRingtones, TheRegisterStaysAsItWas) {
     GivenTheBird();
     const Contents before = ContentsOf(program.State);
     desktop.AnswerBox(Button::Ok);
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
     EXPECT_TRUE(ContentsOf(program.State) == before);
     EXPECT_TRUE(program.State.RegisterSaved);
 }
@@ -130,7 +126,7 @@ TEST_F(NameRingtones, CancelChangesNothing) {
     program.Fields.btnSaveChange = EditState::Pending;
     desktop.AnswerBox(Button::Cancel);
 
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
 
     EXPECT_EQ(desktop.Transcript, Lines{Question + "Cancel"});
     EXPECT_EQ(program.Fields.DDTonItems, DefaultToneNames());
@@ -147,7 +143,7 @@ TEST_F(NameRingtones, WithoutAUsableFileNothingIsChanged) {
     program.Fields.btnSaveChange = EditState::Pending;
     desktop.AnswerBox(Button::Ok);
 
-    mnuNameRingtones_Click(program, desktop);
+    mnuNameRingtones(program, desktop);
 
     EXPECT_EQ(desktop.Transcript, (Lines{Question + "Ok", NoNames}));
     EXPECT_EQ(program.Fields.DDTonItems.at(1), u"alt");
@@ -161,7 +157,7 @@ TEST_F(NameRingtones, AFileThatCannotBeWrittenIsAnUnhandledRunTimeError) {
     folder.Write("rt.lng/a", "");
     desktop.AnswerBox(Button::Ok);
 
-    RunOperation([&] { mnuNameRingtones_Click(program, desktop); }, desktop);
+    RunOperation([&] { mnuNameRingtones(program, desktop); }, desktop);
 
     EXPECT_EQ(desktop.Transcript,
               (Lines{Question + "Ok", "entry", "pointer Normal",
@@ -175,7 +171,7 @@ TEST_F(NameRingtones, WhenWritingFailsTheListIsNewAndTheEntrysToneStillSelected)
     program.Fields.btnSaveChange = EditState::Pending;
     desktop.AnswerBox(Button::Ok);
 
-    EXPECT_THROW(mnuNameRingtones_Click(program, desktop), RuntimeError);
+    EXPECT_THROW(mnuNameRingtones(program, desktop), RuntimeError);
 
     EXPECT_EQ(program.Fields.DDTonItems, NamesWithBird());
     EXPECT_EQ(program.Fields.DDTon, 27);

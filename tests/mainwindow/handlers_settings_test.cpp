@@ -177,7 +177,7 @@ TEST_F(StoringSettings, TheNextLoadOfTheAddressesTakesTheNewDatabase) {
     StoreSettings(program, fields, desktop);
     EXPECT_FALSE(program.Sync.SyncLoaded);
 
-    mnuDateiLoadSync_Click(program, desktop);
+    mnuDateiLoadSync(program, desktop);
 
     EXPECT_EQ(program.Sync.Tables.SyncNameTable.at(1).at(SyncTables::Surname), u"Adler");
 }

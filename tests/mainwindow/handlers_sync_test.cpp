@@ -43,14 +43,14 @@ class Sync : public HandlerFixture {
     }
 
     void Load() {
-        mnuDateiLoadSync_Click(program, desktop);
+        mnuDateiLoadSync(program, desktop);
         desktop.Transcript.clear();
     }
     Lines Search(std::initializer_list<Button> answers) {
         for (const Button answer : answers) {
             desktop.AnswerBox(answer);
         }
-        mnuSyncAdd_Click(program, desktop);
+        mnuSyncAdd(program, desktop);
         return desktop.Transcript;
     }
     const Text& AnnasInfo() { return program.State.Register(2).Info; }
@@ -63,7 +63,7 @@ TEST_F(Sync, LoadingShowsTheNumberOfRecordsAndTouchesNeitherRegisterNorFields) {
     program.Fields.btnSaveChange = EditState::Pending;
     const Contents before = ContentsOf(program.State);
 
-    mnuDateiLoadSync_Click(program, desktop);
+    mnuDateiLoadSync(program, desktop);
 
     EXPECT_EQ(desktop.Transcript, (Lines{Loading, "status \"1 Adress-Einträge importiert\""}));
     EXPECT_TRUE(program.Sync.SyncLoaded);
@@ -78,16 +78,16 @@ TEST_F(Sync, LoadingShowsTheNumberOfRecordsAndTouchesNeitherRegisterNorFields) {
 TEST_F(Sync, AMissingFileLeavesTheAddressMenuAsItIs) {
     const FilePath file = folder / "adressen.csv";
     std::filesystem::remove(file);
-    mnuDateiLoadSync_Click(program, desktop);
+    mnuDateiLoadSync(program, desktop);
     EXPECT_FALSE(program.Sync.SyncLoaded);
 
     folder.Write("adressen.csv", "");
-    mnuDateiLoadSync_Click(program, desktop);
+    mnuDateiLoadSync(program, desktop);
     EXPECT_TRUE(program.Sync.SyncLoaded);
 
     std::filesystem::remove(file);
     desktop.Transcript.clear();
-    mnuDateiLoadSync_Click(program, desktop);
+    mnuDateiLoadSync(program, desktop);
     EXPECT_TRUE(program.Sync.SyncLoaded);
     EXPECT_EQ(desktop.Transcript, (Lines{Loading, OkBox(u"SyncDatei nicht gefunden, bitte prüfen!",
                                                         u"Laden", "Critical")}));
@@ -190,7 +190,7 @@ TEST_F(Sync, LoadingARegisterBringsTheIgnoredWarningBack) {
         rows.begin(), rows.end(), [](const MenuRow& row) { return row.Name == "mnuDateiLoadCSV"; });
     ASSERT_NE(load, rows.end());
     desktop.AnswerFile(folder / "b.csv");
-    load->Run(program, desktop);
+    load->Run(program, desktop, desktop);
     desktop.Transcript.clear();
 
     EXPECT_TRUE(program.State.WarnLineAccessZero);
@@ -203,7 +203,7 @@ TEST_F(Sync, TheMenusItemsRunThem) {
         if (row.Name == "mnuDateiLoadSync") {
             EXPECT_EQ(row.Menu, "mnuDatei");
             EXPECT_EQ(row.Caption, u"SyncDatei laden");
-            row.Run(program, desktop);
+            row.Run(program, desktop, desktop);
         }
     }
     ASSERT_TRUE(program.Sync.SyncLoaded);
@@ -211,7 +211,7 @@ TEST_F(Sync, TheMenusItemsRunThem) {
     for (const MenuRow& row : rows) {
         if (row.Name == "mnuSyncAdd") {
             EXPECT_EQ(row.Menu, "mnuSync");
-            row.Run(program, desktop);
+            row.Run(program, desktop, desktop);
         }
     }
     EXPECT_EQ(AnnasInfo(), Street + Place + u"old");

@@ -90,7 +90,7 @@ TEST_F(KillMSN, ShowsTheMsnOfTheTelephoneAtOnceAndNothingElseAnew) {
     program.Fields.btnSaveChange = EditState::Pending;
     desktop.AnswerBox(Button::Ok);
 
-    mnuBearbeitenKillMSN_Click(program, desktop);
+    mnuBearbeitenKillMSN(program, desktop);
 
     EXPECT_EQ(desktop.Transcript,
               (Lines{MsnQuestion + "Ok", "status \"2abgehende MSN-Einträge wurden gelöscht.\""}));
@@ -108,7 +108,7 @@ TEST_F(KillMSN, ShowsTheMsnOfTheTelephoneAtOnceAndNothingElseAnew) {
 TEST_F(KillMSN, StoringTheShownEntryAfterwardsDoesNotBringTheMsnBack) {
     Given(TwoWithMsn());
     desktop.AnswerBox(Button::Ok);
-    mnuBearbeitenKillMSN_Click(program, desktop);
+    mnuBearbeitenKillMSN(program, desktop);
     btnSaveChange_Click(program, desktop);
     EXPECT_EQ(program.State.Register(1).MsnFilter, 0x9F);
 }
@@ -117,7 +117,7 @@ TEST_F(KillMSN, CancelKeepsTheShownMsn) {
     Given(TwoWithMsn());
     const Contents before = ContentsOf(program.State);
     desktop.AnswerBox(Button::Cancel);
-    mnuBearbeitenKillMSN_Click(program, desktop);
+    mnuBearbeitenKillMSN(program, desktop);
     EXPECT_EQ(desktop.Transcript, Lines{MsnQuestion + "Cancel"});
     EXPECT_EQ(program.Fields.DDMSN, 4);
     EXPECT_TRUE(ContentsOf(program.State) == before);
@@ -130,9 +130,9 @@ TEST_F(ExtraDoubles, IsOffAtStart) {
 TEST_F(ExtraDoubles, EachClickReversesTheCheckMarkAndNothingElseHappens) {
     Given(RegisterOfNames({u"Anna"}));
     const Contents before = ContentsOf(program.State);
-    mnuExtraDoubles_Click(program);
+    mnuExtraDoubles(program);
     EXPECT_TRUE(program.Fields.mnuExtraDoubles);
-    mnuExtraDoubles_Click(program);
+    mnuExtraDoubles(program);
     EXPECT_FALSE(program.Fields.mnuExtraDoubles);
     EXPECT_EQ(desktop.Transcript, Lines());
     EXPECT_TRUE(ContentsOf(program.State) == before);
@@ -142,7 +142,7 @@ TEST_F(ExtraDoubles, EachClickReversesTheCheckMarkAndNothingElseHappens) {
 
 TEST_F(ExtraDoubles, ShowingAnEntryKeepsTheCheckMark) {
     Given(RegisterOfNames({u"Anna"}));
-    mnuExtraDoubles_Click(program);
+    mnuExtraDoubles(program);
     Satzwahl_Change(program, 1, desktop);
     EXPECT_TRUE(program.Fields.mnuExtraDoubles);
 }

@@ -24,7 +24,7 @@ class MenuOfHelp : public HandlerFixture {
         const auto found = std::find_if(rows.begin(), rows.end(),
                                         [&](const MenuRow& row) { return row.Name == name; });
         ASSERT_NE(found, rows.end()) << name;
-        found->Run(program, desktop);
+        found->Run(program, desktop, desktop);
     }
 
     /// An address file of one record, which the settings name.

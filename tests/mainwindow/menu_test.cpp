@@ -1,10 +1,12 @@
 #include "mainwindow/menu.h"
 
+#include "tests/support/filetext.h"
 #include "tests/support/handlerfixture.h"
 #include "tests/support/testfolder.h"
 
 #include <algorithm>
 #include <map>
+#include <regex>
 #include <set>
 
 namespace norvik::test {
@@ -105,6 +107,18 @@ TEST(MenuTable, EveryRowHasAnOperation) {
     }
 }
 
+TEST(MenuTable, EveryRowRunsTheOperationOfItsName) {
+    const std::string source = TextOf(FilePath(NORVIK_SOURCE_FOLDER) / "mainwindow/menu.cpp");
+    const std::regex row(R"re(\{"\w+",\s+u"[^"]*",\s+"(\w+)",[^\n]*Run<(\w+)>)re");
+    std::size_t rows = 0;
+    for (auto match = std::sregex_iterator(source.begin(), source.end(), row);
+         match != std::sregex_iterator(); ++match) {
+        EXPECT_EQ((*match)[1], (*match)[2]);
+        ++rows;
+    }
+    EXPECT_EQ(rows, MenuTable().size());
+}
+
 TEST(MenuTable, TheFixedCaptionsKeepTheirMnemonics) {
     EXPECT_EQ(RowNamed("mnuDateiSaveNV").Caption, u"norvik 195 &speichern");
     EXPECT_EQ(RowNamed("MNUDateiSave193").Caption, u"norvik 19&3 speichern");
@@ -161,7 +175,7 @@ TEST(MenuTable, TheGroupsOfAMenuFollowEachOther) {
 
 class Menu : public HandlerFixture {
   protected:
-    void Run(std::string_view name) { RowNamed(name).Run(program, desktop); }
+    void Run(std::string_view name) { RowNamed(name).Run(program, desktop, desktop); }
 };
 
 constexpr std::string_view OneRecord =

@@ -21,7 +21,7 @@ void RunItem(std::string_view name, Program& program, Desktop& desktop) {
     if (found == rows.end()) {
         throw std::out_of_range(std::string(name));
     }
-    found->Run(program, desktop);
+    found->Run(program, desktop, desktop);
 }
 
 class MenuOfTools : public HandlerFixture {
@@ -157,7 +157,7 @@ class LoadingWithAnOpenList : public MenuOfTools {
 
     void Click(std::size_t box) {
         program.List.chkFi.at(box) = !program.List.chkFi.at(box);
-        chkFi_Click(program, desktop);
+        chkFi_Click(program, desktop, desktop);
     }
 
     void Load(std::string_view item, const FilePath& path) {
@@ -336,7 +336,7 @@ TEST_F(LoadingWithAnOpenList, ALoadThatRunsOutOfMemoryListsWhatWasRead) {
 
 TEST_F(LoadingWithAnOpenList, TheFilterSetAfterwardsIsThatOfTheNewRegister) {
     Load("mnuDateiLoadCSV", NewCsv());
-    NVList_btnExit_Click(program, desktop);
+    NVList_btnExit_Click(program, desktop, desktop);
     EXPECT_EQ(Rows(), Texts{u"#1: Neu (1) ()Info"});
 }
 

@@ -26,14 +26,14 @@ class RegisterList : public HandlerFixture {
   protected:
     RegisterList() {
         Given(ThreeEntries());
-        mnuListView_Click(program, desktop);
+        mnuListView(program, desktop);
         desktop.Transcript.clear();
     }
 
     /// The user ticks a box, or clears it.
     void Click(std::size_t box) {
         program.List.chkFi.at(box) = !program.List.chkFi.at(box);
-        chkFi_Click(program, desktop);
+        chkFi_Click(program, desktop, desktop);
     }
 
     /// The marks of places 1 to 3: Carl, Bernd, Anna.
@@ -60,7 +60,7 @@ TEST_F(RegisterList, TheMenuItemShowsItEmpty) {
     NVList_btnCancel_Click(program, desktop);
     desktop.Transcript.clear();
 
-    mnuListView_Click(program, desktop);
+    mnuListView(program, desktop);
 
     EXPECT_EQ(desktop.Transcript, Lines{"show NVList"});
     EXPECT_TRUE(program.List.Open);
@@ -68,10 +68,22 @@ TEST_F(RegisterList, TheMenuItemShowsItEmpty) {
     EXPECT_EQ(program.List.AnzTreffer, u"-");
 }
 
+TEST_F(RegisterList, AFillShowsItOnlyWhenItIsNotYetShown) {
+    NVList_btnCancel_Click(program, desktop);
+    desktop.Transcript.clear();
+
+    Click(0);
+    Click(1);
+
+    EXPECT_EQ(desktop.Transcript, Lines{"show NVList"});
+    EXPECT_TRUE(program.List.Open);
+    EXPECT_EQ(program.List.AnzTreffer, u"2");
+}
+
 TEST_F(RegisterList, TheMenuItemBringsAnOpenListToTheFrontAsItIs) {
     Click(0);
     const Texts before = program.List.ListResult;
-    mnuListView_Click(program, desktop);
+    mnuListView(program, desktop);
     EXPECT_EQ(desktop.Transcript, Lines{"show NVList"});
     EXPECT_EQ(program.List.ListResult, before);
     EXPECT_TRUE(program.List.chkFi.at(0));
@@ -149,7 +161,7 @@ TEST_F(RegisterList, UntickingTheLastBoxLeavesTheListTheCountAndTheMarks) {
 TEST_F(RegisterList, RefreshingFillsItAsAClickDoes) {
     Click(0);
     program.State.Register(3).AB = 0;
-    RefreshRegisterList(program, desktop);
+    RefreshRegisterList(program, desktop, desktop);
     EXPECT_EQ(program.List.ListResult, Texts{u"AB-Ansage 2:  Bernd (040)"});
     EXPECT_EQ(program.List.AnzTreffer, u"1");
     EXPECT_EQ(Listed(), (std::vector<bool>{false, true, false}));
@@ -158,7 +170,7 @@ TEST_F(RegisterList, RefreshingFillsItAsAClickDoes) {
 TEST_F(RegisterList, RefreshingWithoutATickedBoxDoesNothing) {
     program.State.Register(1).Listed = true;
     program.Fields.chkListFilter = true;
-    RefreshRegisterList(program, desktop);
+    RefreshRegisterList(program, desktop, desktop);
     EXPECT_EQ(desktop.Transcript, Lines());
     EXPECT_EQ(program.List.AnzTreffer, u"-");
     EXPECT_EQ(Listed(), (std::vector<bool>{true, false, false}));
@@ -187,7 +199,7 @@ TEST_F(RegisterList, SettingTheFilterShowsTheListedEntriesAloneAndClosesIt) {
     Click(0);
     EXPECT_EQ(Rows(), AllRows);
 
-    NVList_btnExit_Click(program, desktop);
+    NVList_btnExit_Click(program, desktop, desktop);
 
     EXPECT_EQ(desktop.Transcript, (Lines{"list", "close NVList"}));
     EXPECT_TRUE(program.Fields.chkListFilter);
@@ -203,7 +215,7 @@ TEST_F(RegisterList, SettingTheFilterWithoutATickedBoxShowsAllEntries) {
     RebuildRows(program);
     ASSERT_EQ(Rows(), Texts{u"#2: Bernd (040)"});
 
-    NVList_btnExit_Click(program, desktop);
+    NVList_btnExit_Click(program, desktop, desktop);
 
     EXPECT_EQ(desktop.Transcript, (Lines{"list", "close NVList"}));
     EXPECT_FALSE(program.Fields.chkListFilter);
@@ -216,23 +228,23 @@ TEST_F(RegisterList, SettingTheSameFilterAgainRebuildsTheMainListAsWell) {
     Click(0);
     program.Fields.chkListFilter = true;
     program.Fields.TelRegListe = {u"#9: alt ()"};
-    NVList_btnExit_Click(program, desktop);
+    NVList_btnExit_Click(program, desktop, desktop);
     EXPECT_EQ(Rows(), (Texts{u"#1: Anna (030)", u"#2: Bernd (040)"}));
 }
 
 TEST_F(RegisterList, AnyBoxSetsTheFilter) {
     for (std::size_t box = 0; box < 8; ++box) {
-        mnuListView_Click(program, desktop);
+        mnuListView(program, desktop);
         program.Fields.chkListFilter = false;
         Click(box);
-        NVList_btnExit_Click(program, desktop);
+        NVList_btnExit_Click(program, desktop, desktop);
         EXPECT_TRUE(program.Fields.chkListFilter) << box;
     }
 }
 
 TEST_F(RegisterList, AbandoningItLeavesTheFilterBoxAndTheMarks) {
     for (const bool filtered : {false, true}) {
-        mnuListView_Click(program, desktop);
+        mnuListView(program, desktop);
         program.Fields.chkListFilter = filtered;
         Click(4);
         desktop.Transcript.clear();
@@ -248,8 +260,8 @@ TEST_F(RegisterList, AbandoningItLeavesTheFilterBoxAndTheMarks) {
 
 TEST_F(RegisterList, OpenedAgainItStartsWithoutBoxesWhileTheMarksLast) {
     Click(4);
-    NVList_btnExit_Click(program, desktop);
-    mnuListView_Click(program, desktop);
+    NVList_btnExit_Click(program, desktop, desktop);
+    mnuListView(program, desktop);
     EXPECT_TRUE(program.List.Open);
     EXPECT_EQ(program.List.chkFi, (std::array<bool, 8>{}));
     EXPECT_EQ(program.List.ListResult, Texts());
@@ -262,7 +274,7 @@ TEST_F(RegisterList, RenewedWithTickedBoxesItIsRefilled) {
     RegisterEntry dora = Entry(u"Dora", u"060");
     dora.AB = 1;
     program.State = RegisterOf({dora});
-    RenewRegisterList(program, desktop);
+    RenewRegisterList(program, desktop, desktop);
     EXPECT_EQ(program.List.ListResult, Texts{u"AB-Ansage 1:  Dora (060)"});
     EXPECT_EQ(program.List.AnzTreffer, u"1");
 }
@@ -270,7 +282,7 @@ TEST_F(RegisterList, RenewedWithTickedBoxesItIsRefilled) {
 TEST_F(RegisterList, RenewedWithoutATickedBoxItIsEmptied) {
     Click(0);
     Click(0);
-    RenewRegisterList(program, desktop);
+    RenewRegisterList(program, desktop, desktop);
     EXPECT_EQ(program.List.ListResult, Texts());
     EXPECT_EQ(program.List.AnzTreffer, u"-");
     EXPECT_TRUE(program.List.Open);
@@ -280,7 +292,7 @@ TEST_F(RegisterList, RenewedWithoutATickedBoxItIsEmptied) {
 TEST_F(RegisterList, AClosedListIsNotRenewed) {
     NVList_btnCancel_Click(program, desktop);
     desktop.Transcript.clear();
-    RenewRegisterList(program, desktop);
+    RenewRegisterList(program, desktop, desktop);
     EXPECT_EQ(desktop.Transcript, Lines());
     ExpectFieldsOfANewWindow();
 }

@@ -4,6 +4,7 @@
 #include "mainwindow/startup.h"
 
 #include "base/runtimeerror.h"
+#include "tests/mainwindow/startuptranscript.h"
 #include "tests/support/builders.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
@@ -13,7 +14,6 @@
 namespace norvik::test {
 namespace {
 
-using Transcript = std::vector<std::string>;
 using NameList = std::vector<Text>;
 
 const Bytes Header = Raw("06 0D 'TStCollection' 02 64 01");
@@ -30,35 +30,8 @@ std::string AutoloadBox(TextView path) {
                  "Critical");
 }
 
-Transcript Concat(std::initializer_list<Transcript> pieces) {
-    Transcript whole;
-    for (const Transcript& piece : pieces) {
-        whole.insert(whole.end(), piece.begin(), piece.end());
-    }
-    return whole;
-}
-
-/// Start-up with a settings file up to the loading of the start file, and behind it.
-const Transcript BeforeStartFile = {"status \"Lade Konstanten...\"",
-                                    "status \"Lade Ini-Datei...\"",
-                                    "status \"Lade Oberfläche...\"",
-                                    "status \"Lade Klingeltöne...\"",
-                                    "entry",
-                                    "list",
-                                    "file",
-                                    "status \"Lade Startdatei...\""};
-const Transcript Ok = {"status \"OK\""};
 /// The reading of a register file without findings.
 const Transcript Reading = {"pointer Hourglass", "pointer Normal", "list", "file"};
-/// The sort of a register whose order is right.
-const Transcript SortInOrder = {"pointer Hourglass",      "status \"Sortiere, Durchgang 1\"",
-                                "status \"Sortiert: 0\"", "status \"Suche Datensatz...\"",
-                                "pointer Normal",         "status \"Sortieren beendet\""};
-const Transcript SortWithOneSwap = {"pointer Hourglass",      "status \"Sortiere, Durchgang 1\"",
-                                    "status \"Sortiert: 1\"", "status \"Sortiere, Durchgang 2\"",
-                                    "status \"Sortiert: 0\"", "status \"Suche Datensatz...\"",
-                                    "pointer Normal",         "status \"Sortieren beendet\""};
-const Transcript FirstEntry = {"entry", "list"};
 
 class StartFile : public testing::Test {
   protected:

@@ -4,6 +4,7 @@
 #include "mainwindow/startup.h"
 
 #include "base/runtimeerror.h"
+#include "tests/mainwindow/startuptranscript.h"
 #include "tests/support/builders.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
@@ -13,7 +14,6 @@
 namespace norvik::test {
 namespace {
 
-using Transcript = std::vector<std::string>;
 using NameList = std::vector<Text>;
 
 const std::string Identification = "norvik 175 phonebook\r\n";
@@ -22,32 +22,6 @@ const std::string Bernd = "N=Bernd\r\nP=2\r\n" + NoInfo;
 const std::string Anna = "N=Anna\r\nP=1\r\nI=()\r\nI=\r\nI=\r\nI=\r\nI=\r\nI=\r\n";
 const std::string Table = "Name;Tel;Info1\r\nBernd;2\r\nAnna;1;()\r\n";
 
-Transcript Concat(std::initializer_list<Transcript> pieces) {
-    Transcript whole;
-    for (const Transcript& piece : pieces) {
-        whole.insert(whole.end(), piece.begin(), piece.end());
-    }
-    return whole;
-}
-
-/// Start-up with a settings file up to the loading of the start file, and behind it.
-const Transcript BeforeStartFile = {"status \"Lade Konstanten...\"",
-                                    "status \"Lade Ini-Datei...\"",
-                                    "status \"Lade Oberfläche...\"",
-                                    "status \"Lade Klingeltöne...\"",
-                                    "entry",
-                                    "list",
-                                    "file",
-                                    "status \"Lade Startdatei...\""};
-const Transcript Ok = {"status \"OK\""};
-const Transcript SortInOrder = {"pointer Hourglass",      "status \"Sortiere, Durchgang 1\"",
-                                "status \"Sortiert: 0\"", "status \"Suche Datensatz...\"",
-                                "pointer Normal",         "status \"Sortieren beendet\""};
-const Transcript SortWithOneSwap = {"pointer Hourglass",      "status \"Sortiere, Durchgang 1\"",
-                                    "status \"Sortiert: 1\"", "status \"Sortiere, Durchgang 2\"",
-                                    "status \"Sortiert: 0\"", "status \"Suche Datensatz...\"",
-                                    "pointer Normal",         "status \"Sortieren beendet\""};
-const Transcript FirstEntry = {"entry", "list"};
 /// The reading of a phonebook file, and of a CSV file, without findings.
 const Transcript Reading175 = {"pointer Hourglass", "pointer Normal", "file", "list"};
 const Transcript ReadingCSV = {"file"};

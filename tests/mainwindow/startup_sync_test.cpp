@@ -3,6 +3,7 @@
 #include "mainwindow/startup.h"
 
 #include "mainwindow/handlers.h"
+#include "tests/mainwindow/startuptranscript.h"
 #include "tests/support/builders.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
@@ -34,14 +35,7 @@ class StartSync : public testing::Test {
 
     /// A start without a start file, with `lines` where the database is loaded.
     static Lines StartWith(const Lines& lines) {
-        Lines start = {"status \"Lade Konstanten...\"",
-                       "status \"Lade Ini-Datei...\"",
-                       "status \"Lade Oberfläche...\"",
-                       "status \"Lade Klingeltöne...\"",
-                       "entry",
-                       "list",
-                       "file",
-                       "status \"Lade Startdatei...\""};
+        Lines start = BeforeStartFile;
         start.insert(start.end(), lines.begin(), lines.end());
         start.emplace_back("status \"OK\"");
         return start;
@@ -134,7 +128,7 @@ TEST_F(StartSync, TheDatabaseIsLoadedAsTheMenuItemDoes) {
     const Lines ofTheStart(desktop.Transcript.end() - 3, desktop.Transcript.end() - 1);
     desktop.Transcript.clear();
 
-    mnuDateiLoadSync_Click(program, desktop);
+    mnuDateiLoadSync(program, desktop);
 
     EXPECT_EQ(desktop.Transcript, ofTheStart);
     ASSERT_EQ(desktop.Transcript, (Lines{Loading, "status \"2 Adress-Einträge importiert\""}));
@@ -148,7 +142,7 @@ TEST_F(StartSync, TheFirstSearchWarnsAndFindsTheRecord) {
     desktop.Transcript.clear();
     desktop.AnswerBox(Button::Ignore).AnswerBox(Button::Yes);
 
-    mnuSyncAdd_Click(program, desktop);
+    mnuSyncAdd(program, desktop);
 
     const Lines questions = desktop.Questions();
     ASSERT_EQ(questions.size(), 4U);

@@ -1,4 +1,5 @@
 #include "tests/qt/windowfixture.h"
+#include "tests/support/times.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -23,14 +24,7 @@ class WindowLoad : public WindowTest {
 
     /// 20 November 2026, 09:05 local time.
     void SetModified(const char* name) const {
-        std::tm local{};
-        local.tm_year = 2026 - 1900;
-        local.tm_mon = 10;
-        local.tm_mday = 20;
-        local.tm_hour = 9;
-        local.tm_min = 5;
-        local.tm_isdst = -1;
-        const auto time = std::chrono::system_clock::from_time_t(std::mktime(&local));
+        const FileTime time = LocalTime(2026, 11, 20, 9, 5, 0);
         std::filesystem::last_write_time(Folder / name, std::chrono::file_clock::from_sys(time));
     }
 };

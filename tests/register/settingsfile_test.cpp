@@ -3,6 +3,7 @@
 #include "register/settings.h"
 
 #include "base/runtimeerror.h"
+#include "tests/support/errors.h"
 #include "tests/support/testfolder.h"
 
 #include <gtest/gtest.h>
@@ -17,16 +18,6 @@ std::string Written(const SettingsTable& table) {
     WriteSettingsFile(folder.Path(), table);
     const Bytes bytes = ReadFile(folder / "norvik.ini");
     return {bytes.begin(), bytes.end()};
-}
-
-template <typename Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
 }
 
 int ReadError(const FilePath& folder) {

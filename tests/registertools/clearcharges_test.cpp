@@ -47,7 +47,7 @@ TEST(MnuGebDelete, SetsEveryCounterTo0AndKeepsTheBitAndAllOtherFields) {
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
 
-    EXPECT_TRUE(mnuGebDelete(state, desktop));
+    EXPECT_TRUE(ClearCharges(state, desktop));
 
     EXPECT_THAT(desktop.Transcript, ElementsAre(Question + "Ok", Done));
     EXPECT_TRUE(ContentsOf(state) == expected);
@@ -61,7 +61,7 @@ TEST(MnuGebDelete, CancelKeepsEveryCounter) {
     const Contents before = ContentsOf(state);
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Cancel);
-    EXPECT_FALSE(mnuGebDelete(state, desktop));
+    EXPECT_FALSE(ClearCharges(state, desktop));
     EXPECT_THAT(desktop.Transcript, ElementsAre(Question + "Cancel"));
     EXPECT_TRUE(ContentsOf(state) == before);
 }
@@ -72,7 +72,7 @@ TEST(MnuGebDelete, DoesNotTouchWhetherTheRegisterIsSaved) {
         state.RegisterSaved = saved;
         ScriptedDesktop desktop;
         desktop.AnswerBox(Button::Ok);
-        mnuGebDelete(state, desktop);
+        ClearCharges(state, desktop);
         EXPECT_EQ(state.RegisterSaved, saved);
     }
 }
@@ -88,7 +88,7 @@ TEST(MnuGebDelete, ReachesEveryShownEntryOfASortedRegisterAfterAnErase) {
         DeleteEntryAt(state, erased, desktop);
         desktop.AnswerBox(Button::Ok);
 
-        mnuGebDelete(state, desktop);
+        ClearCharges(state, desktop);
 
         EXPECT_EQ(EntryAt(state, 1).GebEinh, 0) << erased;
         EXPECT_EQ(EntryAt(state, 2).GebEinh, 0) << erased;
@@ -104,7 +104,7 @@ TEST(MnuGebDelete, ReachesTheLastEntryOfAFullRegister) {
     SetCount(state, RegisterPlaces);
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    mnuGebDelete(state, desktop);
+    ClearCharges(state, desktop);
     for (int place = 1; place <= RegisterPlaces; ++place) {
         EXPECT_EQ(state.Register(place).GebEinh, 0) << place;
     }
@@ -116,7 +116,7 @@ TEST(MnuGebDelete, AfterwardsAStatementListsTheSameEntriesWith0_00Each) {
     WriteChargeStatement(state, 0.1, folder / "vorher.geb");
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    mnuGebDelete(state, desktop);
+    ClearCharges(state, desktop);
     WriteChargeStatement(state, 0.1, folder / "nachher.geb");
 
     const Bytes head = Raw("'Norvik Geb' FC 'hrenauszug' 0D 0A 'Typ:    Zeit: ' 0D 0A"

@@ -2,7 +2,6 @@
 
 #include "ringtones/tonenames.h"
 #include "tests/support/builders.h"
-#include "tests/support/scripteddesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +9,6 @@ namespace norvik::test {
 namespace {
 
 using Rows = std::vector<Text>;
-using Lines = std::vector<std::string>;
 
 constexpr int NoMsn = 15;
 
@@ -50,11 +48,7 @@ RegisterEntry WithAll() {
 
 class RegisterListFill : public testing::Test {
   protected:
-    RegisterListFill() { fields.Open = true; }
-
-    void Fill(TextView filter) {
-        FillRegisterList(filter, state, tones, unitPrice, fields, desktop);
-    }
+    void Fill(TextView filter) { FillRegisterList(filter, state, tones, unitPrice, fields); }
 
     /// The lines that a register of `entries` gives.
     Rows LinesFor(TextView filter, std::initializer_list<RegisterEntry> entries) {
@@ -75,7 +69,6 @@ class RegisterListFill : public testing::Test {
     std::vector<Text> tones = DefaultToneNames();
     double unitPrice = 0.12;
     RegisterListFields fields;
-    ScriptedDesktop desktop;
 };
 
 TEST_F(RegisterListFill, ALineIsTheReasonTheNameAndTheNumber) {
@@ -304,15 +297,6 @@ TEST_F(RegisterListFill, AFullRegisterGivesALineForEachPropertyOfEach) {
     EXPECT_EQ(fields.ListResult.size(), 6U * RegisterPlaces);
     EXPECT_EQ(fields.AnzTreffer, u"12000");
     EXPECT_EQ(Listed(RegisterPlaces), std::vector<bool>(RegisterPlaces, true));
-}
-
-TEST_F(RegisterListFill, ShowsTheWindowOnlyWhenItIsNotYetShown) {
-    fields.Open = false;
-    LinesFor(u"3", {Entry(u"a", u"1", u"()")});
-    EXPECT_TRUE(fields.Open);
-    EXPECT_EQ(fields.ListResult, Rows{u"Markiert :  a (1)"});
-    Fill(u"3");
-    EXPECT_EQ(desktop.Transcript, Lines{"show NVList"});
 }
 
 TEST(RegisterListFields, BeforeTheFirstFillTheHitCountIsADash) {

@@ -40,7 +40,7 @@ TEST(MnuBearbeitenKillMSN, SetsEveryMsn1To6To15AndCountsThem) {
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
 
-    EXPECT_TRUE(mnuBearbeitenKillMSN(state, desktop));
+    EXPECT_TRUE(RemoveMsns(state, desktop));
 
     EXPECT_THAT(
         desktop.Transcript,
@@ -53,7 +53,7 @@ TEST(MnuBearbeitenKillMSN, CancelEndsTheOperation) {
     const Contents before = ContentsOf(state);
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Cancel);
-    EXPECT_FALSE(mnuBearbeitenKillMSN(state, desktop));
+    EXPECT_FALSE(RemoveMsns(state, desktop));
     EXPECT_THAT(desktop.Transcript, ElementsAre(Question + "Cancel"));
     EXPECT_TRUE(ContentsOf(state) == before);
 }
@@ -63,7 +63,7 @@ TEST(MnuBearbeitenKillMSN, ARegisterWithoutAnyMsnSettingShowsZero) {
     const Contents before = ContentsOf(state);
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    EXPECT_TRUE(mnuBearbeitenKillMSN(state, desktop));
+    EXPECT_TRUE(RemoveMsns(state, desktop));
     EXPECT_THAT(desktop.Statuses(), ElementsAre("0abgehende MSN-Einträge wurden gelöscht."));
     EXPECT_TRUE(ContentsOf(state) == before);
 }
@@ -72,7 +72,7 @@ TEST(MnuBearbeitenKillMSN, AnEntryWithMsn6IsNotCountedAndKeepsTheValue6) {
     RegisterState state = WithFlags({6, 7, 8, 9, 10, 11, 12, 13, 14});
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    mnuBearbeitenKillMSN(state, desktop);
+    RemoveMsns(state, desktop);
     EXPECT_THAT(desktop.Statuses(), ElementsAre("0abgehende MSN-Einträge wurden gelöscht."));
     EXPECT_THAT(Flags(state, 9), ElementsAre(6, 7, 8, 9, 10, 11, 12, 13, 14));
 }
@@ -81,7 +81,7 @@ TEST(MnuBearbeitenKillMSN, FilterCounterAndAllOtherBitsSurvive) {
     RegisterState state = WithFlags({0xC3, 0x10, 0x7FF0, 0x20, -16, -10});
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    mnuBearbeitenKillMSN(state, desktop);
+    RemoveMsns(state, desktop);
     EXPECT_THAT(Flags(state, 6), ElementsAre(0xCF, 0x1F, 0x7FFF, 0x2F, -1, -10));
     EXPECT_THAT(desktop.Statuses(), ElementsAre("5abgehende MSN-Einträge wurden gelöscht."));
 }
@@ -98,7 +98,7 @@ TEST(MnuBearbeitenKillMSN, ChangesNothingButTheFlagWord) {
     state.RegisterSaved = true;
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    mnuBearbeitenKillMSN(state, desktop);
+    RemoveMsns(state, desktop);
     entry.MsnFilter = 0x5F;
     EXPECT_EQ(state.Register(1), entry);
     EXPECT_TRUE(state.RegisterSaved);
@@ -110,7 +110,7 @@ TEST(MnuBearbeitenKillMSN, EntriesBehindTheCountKeepTheirs) {
     SetCount(state, 2);
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    mnuBearbeitenKillMSN(state, desktop);
+    RemoveMsns(state, desktop);
     EXPECT_THAT(Flags(state, 3), ElementsAre(15, 15, 0));
 }
 
@@ -125,7 +125,7 @@ TEST(MnuBearbeitenKillMSN, AfterAnEraseNoShownEntryIsMissed) {
     desktop.Transcript.clear();
     desktop.AnswerBox(Button::Ok);
 
-    mnuBearbeitenKillMSN(state, desktop);
+    RemoveMsns(state, desktop);
 
     EXPECT_THAT(desktop.Statuses(), ElementsAre("3abgehende MSN-Einträge wurden gelöscht."));
     EXPECT_THAT(Flags(state, 4), ElementsAre(0, 15, 15, 15));
@@ -139,7 +139,7 @@ TEST(MnuBearbeitenKillMSN, AFullRegisterIsCountedInPlainDecimal) {
     SetCount(state, RegisterPlaces);
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    mnuBearbeitenKillMSN(state, desktop);
+    RemoveMsns(state, desktop);
     EXPECT_THAT(desktop.Statuses(), ElementsAre("2000abgehende MSN-Einträge wurden gelöscht."));
 }
 
@@ -147,7 +147,7 @@ TEST(MnuBearbeitenKillMSN, ARegisterWithoutEntriesShowsZero) {
     RegisterState state = RegisterOf({});
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Ok);
-    EXPECT_TRUE(mnuBearbeitenKillMSN(state, desktop));
+    EXPECT_TRUE(RemoveMsns(state, desktop));
     EXPECT_THAT(desktop.Statuses(), ElementsAre("0abgehende MSN-Einträge wurden gelöscht."));
 }
 

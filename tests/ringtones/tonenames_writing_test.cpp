@@ -1,6 +1,7 @@
 // Writing the tone-names file.
 #include "base/runtimeerror.h"
 #include "ringtones/tonenames.h"
+#include "tests/support/filetext.h"
 #include "tests/support/processlimits.h"
 #include "tests/support/testfolder.h"
 
@@ -10,11 +11,6 @@ namespace norvik::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string TextOf(const FilePath& path) {
-    const Bytes bytes = ReadFile(path);
-    return {bytes.begin(), bytes.end()};
-}
 
 const std::string BuiltIn = "3Klang 1\r\n3Klang 2\r\n3Klang 3\r\n"
                             "2Klang 1\r\n2Klang 2\r\n2Klang 3\r\n2Klang 4\r\n2Klang 5\r\n"

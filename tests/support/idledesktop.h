@@ -16,20 +16,6 @@ class IdleDesktop : public Desktop {
     std::optional<FilePath> AskForFileToSave(const FileDialog& /*dialog*/) override {
         return std::nullopt;
     }
-    void SetStatus(TextView /*text*/) override {}
-    void Beep() override {}
-    void SetPointer(Pointer /*pointer*/) override {}
-    void ShowEntry() override {}
-    void RebuildList() override {}
-    void ShowCurrentFile() override {}
-    void FocusField(int /*field*/) override {}
-    void CloseMainWindow() override {}
-    void ShowMobileExport() override {}
-    void ShowRegisterList() override {}
-    void CloseRegisterList() override {}
-    void ShowSettings() override {}
-    int OpenDocument(const FilePath& /*document*/) override { return 0; }
-    void OpenInTextEditor(const FilePath& /*document*/) override {}
 };
 
 }  // namespace norvik::test

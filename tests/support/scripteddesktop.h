@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "dialogs/windows.h"
 
 #include <deque>
 #include <functional>
@@ -12,7 +13,7 @@
 
 namespace norvik::test {
 
-class ScriptedDesktop : public Desktop {
+class ScriptedDesktop : public Desktop, public Windows {
   public:
     ~ScriptedDesktop() override;
 

@@ -8,6 +8,7 @@
 #include "tests/support/processlimits.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
+#include "tests/support/times.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,16 +27,10 @@ const std::string Dialog = "save \"norvik-Gebühren|*.geb|Alle Dateien|*.*\" end
 const std::string Begins = "status \"Gebührenauszug wird erstellt...\"";
 const std::string Ends = "status \"Gebührenauszug erstellt.\"";
 
-FileTime LocalTime(int year, int month, int day, int hour, int minute, int second) {
-    std::tm local{};
-    local.tm_year = year - 1900;
-    local.tm_mon = month - 1;
-    local.tm_mday = day;
-    local.tm_hour = hour;
-    local.tm_min = minute;
-    local.tm_sec = second;
-    local.tm_isdst = -1;
-    return std::chrono::system_clock::from_time_t(std::mktime(&local));
+Settings AtTwelveCents() {
+    Settings settings;
+    settings.UnitPrice = 0.12;
+    return settings;
 }
 
 /// An entry whose charge counter is on.
@@ -253,7 +248,7 @@ class Statement : public testing::Test {
 TEST_F(Statement, AsksTwiceWritesTheFileAndShowsTheEntryAgain) {
     const FilePath path = folder / "a.geb";
     desktop.AnswerBox(Button::Ok).AnswerFile(path);
-    mnuGebAuszug(state, 0.12, desktop);
+    mnuGebAuszug(state, AtTwelveCents(), desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Question + "Ok", Dialog + path.string(), Begins, Ends, "entry"));
     EXPECT_EQ(ReadFile(path), Whole());
@@ -261,13 +256,13 @@ TEST_F(Statement, AsksTwiceWritesTheFileAndShowsTheEntryAgain) {
 
 TEST_F(Statement, CancelOfTheQuestionWritesNothing) {
     desktop.AnswerBox(Button::Cancel);
-    mnuGebAuszug(state, 0.12, desktop);
+    mnuGebAuszug(state, AtTwelveCents(), desktop);
     EXPECT_THAT(desktop.Transcript, ElementsAre(Question + "Cancel"));
 }
 
 TEST_F(Statement, CancelOfTheFileDialogWritesNothing) {
     desktop.AnswerBox(Button::Ok).AnswerFile(std::nullopt);
-    mnuGebAuszug(state, 0.12, desktop);
+    mnuGebAuszug(state, AtTwelveCents(), desktop);
     EXPECT_THAT(desktop.Transcript, ElementsAre(Question + "Ok", Dialog + "cancel"));
 }
 
@@ -275,22 +270,22 @@ TEST_F(Statement, ANameWithoutAPointGetsTheEnding) {
     std::filesystem::create_directory(folder / "my.data");
     desktop.AnswerBox(Button::Ok).AnswerFile(folder / "my.data" / "auszug");
     desktop.AnswerBox(Button::Ok).AnswerFile(folder / "auszug.txt");
-    mnuGebAuszug(state, 0.12, desktop);
-    mnuGebAuszug(state, 0.12, desktop);
+    mnuGebAuszug(state, AtTwelveCents(), desktop);
+    mnuGebAuszug(state, AtTwelveCents(), desktop);
     EXPECT_EQ(ReadFile(folder / "my.data" / "auszug.geb"), Whole());
     EXPECT_EQ(ReadFile(folder / "auszug.txt"), Whole());
 }
 
 TEST_F(Statement, ReplacesAFileThatStandsThere) {
     desktop.AnswerBox(Button::Ok).AnswerFile(folder.Write("a.geb", std::string(5000, 'x')));
-    mnuGebAuszug(state, 0.12, desktop);
+    mnuGebAuszug(state, AtTwelveCents(), desktop);
     EXPECT_EQ(ReadFile(folder / "a.geb"), Whole());
 }
 
 TEST_F(Statement, AFileThatCannotBeCreatedRaisesItsError) {
     desktop.AnswerBox(Button::Ok).AnswerFile(folder / "fehlt" / "a.geb");
     try {
-        mnuGebAuszug(state, 0.12, desktop);
+        mnuGebAuszug(state, AtTwelveCents(), desktop);
         ADD_FAILURE() << "nothing was raised";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::PathNotFound);
@@ -307,7 +302,7 @@ TEST_F(Statement, WritingThatFailsAtAnyByteRaisesAnErrorAndSaysNothingOfAStateme
         desktop.AnswerBox(Button::Ok).AnswerFile(folder / "a.geb");
         {
             const FileSizeLimit limit(room);
-            EXPECT_THROW(mnuGebAuszug(state, 0.12, desktop), RuntimeError);
+            EXPECT_THROW(mnuGebAuszug(state, AtTwelveCents(), desktop), RuntimeError);
         }
         EXPECT_EQ(desktop.Transcript.back(), Begins);
         EXPECT_EQ(ReadFile(folder / "a.geb"),

@@ -3,8 +3,10 @@
 #include "formats/mobile/mobileexport.h"
 
 #include "tests/support/builders.h"
+#include "tests/support/filetext.h"
 #include "tests/support/places.h"
 #include "tests/support/scripteddesktop.h"
+#include "tests/support/settings.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -87,11 +89,6 @@ struct Library {
     std::size_t Examples = 0;
 };
 
-std::string TextOf(const FilePath& path) {
-    const Bytes bytes = ReadFile(path);
-    return {bytes.begin(), bytes.end()};
-}
-
 std::vector<std::string> Split(const std::string& text, char separator) {
     std::vector<std::string> parts;
     std::istringstream stream(text);
@@ -133,15 +130,6 @@ Library Ask() {
         }
     }
     return library;
-}
-
-/// Country 49, area 30.
-Settings Berlin() {
-    Settings settings;
-    settings.Table.SetValue(Setting::CountryCode, u"49");
-    settings.Table.SetValue(Setting::RegionCode, u"30");
-    ApplySettings(settings);
-    return settings;
 }
 
 /// The lines of the export of a register that holds the inputs of `count` numbers from `first` on,

@@ -39,7 +39,7 @@ RegisterState Loaded(bool avoidDoubles) {
     RegisterState state;
     ScriptedDesktop desktop;
     desktop.AnswerFile(Sample);
-    mnuDateiLoadCSV(state, Settings(), avoidDoubles, desktop);
+    mnuDateiLoadCSV(state, Settings(), {avoidDoubles}, desktop);
     return state;
 }
 
@@ -54,7 +54,7 @@ TEST(SampleCSV, WithDoublesAvoidedTheTranscriptNamesTheLineThatWasLeftOut) {
     RegisterState state;
     ScriptedDesktop desktop;
     desktop.AnswerFile(Sample);
-    mnuDateiLoadCSV(state, Settings(), true, desktop);
+    mnuDateiLoadCSV(state, Settings(), {.AvoidDoubles = true}, desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAreArray(ExpectedTranscript(u"Doublette entfernt: Bäckerei Kornblume\r\n"
                                                     u"Doppelter Name: Dr. Weiß, Anneliese\r\n",
@@ -65,7 +65,7 @@ TEST(SampleCSV, WithoutThatTheTranscriptNamesTheDoubledNames) {
     RegisterState state;
     ScriptedDesktop desktop;
     desktop.AnswerFile(Sample);
-    mnuDateiLoadCSV(state, Settings(), false, desktop);
+    mnuDateiLoadCSV(state, Settings(), {}, desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAreArray(ExpectedTranscript(u"Doppelter Name: Bäckerei Kornblume\r\n"
                                                     u"Doppelter Name: Dr. Weiß, Anneliese\r\n",

@@ -32,7 +32,7 @@ TEST(MnuDateiLoadCSV, LoadsSortsAndShowsEntry1) {
     desktop.AnswerFile(path);
     desktop.OnShowEntry = [&] { EXPECT_EQ(EntryAt(state, state.AnzNr).Name, u"A"); };
 
-    mnuDateiLoadCSV(state, Settings(), false, desktop);
+    mnuDateiLoadCSV(state, Settings(), {}, desktop);
 
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + path.string(), "file", "pointer Hourglass",
@@ -54,7 +54,7 @@ TEST(MnuDateiLoadCSV, ACancelledDialogDoesNothing) {
     const Contents before = ContentsOf(state);
     ScriptedDesktop desktop;
     desktop.AnswerFile(std::nullopt);
-    mnuDateiLoadCSV(state, Settings(), true, desktop);
+    mnuDateiLoadCSV(state, Settings(), {.AvoidDoubles = true}, desktop);
     EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + "cancel"));
     EXPECT_TRUE(ContentsOf(state) == before);
     EXPECT_EQ(state.AnzNr, 3);
@@ -69,7 +69,7 @@ TEST(MnuDateiLoadCSV, ANameWithoutAPointGetsTheEnding) {
         RegisterState state;
         ScriptedDesktop desktop;
         desktop.AnswerFile(folder / "v1.2" / "telefon");
-        mnuDateiLoadCSV(state, Settings(), avoidDoubles, desktop);
+        mnuDateiLoadCSV(state, Settings(), {avoidDoubles}, desktop);
         EXPECT_THAT(Names(state), ElementsAre(u"a"));
         EXPECT_EQ(state.File.Path, folder / "v1.2" / "telefon.csv");
     }
@@ -81,7 +81,7 @@ TEST(MnuDateiLoadCSV, ANameWithAPointIsTakenAsItIs) {
     RegisterState state;
     ScriptedDesktop desktop;
     desktop.AnswerFile(folder / "telefon.txt");
-    mnuDateiLoadCSV(state, Settings(), false, desktop);
+    mnuDateiLoadCSV(state, Settings(), {}, desktop);
     EXPECT_THAT(Names(state), ElementsAre(u"a"));
 }
 
@@ -92,7 +92,7 @@ TEST(MnuDateiLoadCSV, AvoidsDoublesOnlyWhenAsked) {
         RegisterState state;
         ScriptedDesktop desktop;
         desktop.AnswerFile(path);
-        mnuDateiLoadCSV(state, Settings(), avoidDoubles, desktop);
+        mnuDateiLoadCSV(state, Settings(), {avoidDoubles}, desktop);
         EXPECT_EQ(state.AnzGes, avoidDoubles ? 1 : 2);
         EXPECT_EQ(state.LoadReport,
                   avoidDoubles ? u"Doublette entfernt: a\r\n" : u"Doppelter Name: a\r\n");
@@ -108,7 +108,7 @@ TEST(MnuDateiLoadCSV, LeavesRegisterSavedAsItIs) {
         state.RegisterSaved = saved;
         ScriptedDesktop desktop;
         desktop.AnswerFile(path);
-        mnuDateiLoadCSV(state, Settings(), false, desktop);
+        mnuDateiLoadCSV(state, Settings(), {}, desktop);
         EXPECT_EQ(state.RegisterSaved, saved);
     }
 }
@@ -119,7 +119,7 @@ TEST(MnuDateiLoadCSV, AFileWithoutEntriesEndsInASortError) {
     RegisterState state = Old();
     ScriptedDesktop desktop;
     desktop.AnswerFile(path);
-    EXPECT_THROW(mnuDateiLoadCSV(state, Settings(), false, desktop), HardStop);
+    EXPECT_THROW(mnuDateiLoadCSV(state, Settings(), {}, desktop), HardStop);
     EXPECT_EQ(desktop.Questions().back(), OkBox(u"Sortierfehler", u""));
 }
 
@@ -129,7 +129,7 @@ TEST(MnuDateiLoadCSV, AFileThatCannotBeOpenedIsReportedAndTheRegisterStays) {
     const Contents before = ContentsOf(state);
     ScriptedDesktop desktop;
     desktop.AnswerFile(folder / "none.csv");
-    mnuDateiLoadCSV(state, Settings(), true, desktop);
+    mnuDateiLoadCSV(state, Settings(), {.AvoidDoubles = true}, desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + (folder / "none.csv").string(),
                             OkBox(u"Undef'd Error: mnuDateiLoadCSV:53Datei nicht gefunden")));
@@ -145,7 +145,7 @@ TEST(MnuDateiLoadCSV, AFolderIsNoFile) {
     RegisterState state = Old();
     ScriptedDesktop desktop;
     desktop.AnswerFile(folder / ".");
-    mnuDateiLoadCSV(state, Settings(), false, desktop);
+    mnuDateiLoadCSV(state, Settings(), {}, desktop);
     EXPECT_THAT(
         desktop.Transcript,
         ElementsAre(Dialog + (folder / ".").string(),
@@ -158,7 +158,7 @@ TEST(MnuDateiLoadCSV, AValueTooLargeForItsFieldIsReported) {
     RegisterState state = Old();
     ScriptedDesktop desktop;
     desktop.AnswerFile(path);
-    mnuDateiLoadCSV(state, Settings(), false, desktop);
+    mnuDateiLoadCSV(state, Settings(), {}, desktop);
     EXPECT_THAT(
         desktop.Transcript,
         ElementsAre(Dialog + path.string(), OkBox(u"Undef'd Error: mnuDateiLoadCSV:6Überlauf")));

@@ -3,6 +3,7 @@
 #include "registertools/sortregister.h"
 #include "tests/support/builders.h"
 #include "tests/support/scripteddesktop.h"
+#include "tests/support/settings.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -42,15 +43,6 @@ std::string Question(const std::string& name, const std::string& number,
 
 std::string Complaint(TextView number) {
     return OkBox(Text(u"Fehler in Rufnummer: ").append(number), u"Norvik:Globalize", "Information");
-}
-
-/// Country 49, area 30.
-Settings Berlin() {
-    Settings settings;
-    settings.Table.SetValue(Setting::CountryCode, u"49");
-    settings.Table.SetValue(Setting::RegionCode, u"30");
-    ApplySettings(settings);
-    return settings;
 }
 
 /// The marked entries, ";" between name and number, nothing else.

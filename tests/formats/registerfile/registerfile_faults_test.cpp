@@ -3,6 +3,7 @@
 
 #include "tests/formats/registerfile/registerfilebytes.h"
 #include "tests/support/builders.h"
+#include "tests/support/processlimits.h"
 #include "tests/support/scripteddesktop.h"
 
 #include <gmock/gmock.h>
@@ -24,29 +25,6 @@ const std::string Dialog193 = "save \"norvik-193/5-Datei|*.t9t|Alle Dateien|*.*\
 const std::string Reduction =
     "box \"Nur markierte Datensätze abspeichern?\" title \"Datensatzreduktion\" icon Question "
     "buttons Yes+No default No -> ";
-
-/// While it lives, no file of this process grows beyond `size` bytes.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &old_);
-        rlimit limit = old_;
-        limit.rlim_cur = size;
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    FileSizeLimit(FileSizeLimit&&) = delete;
-    FileSizeLimit& operator=(FileSizeLimit&&) = delete;
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &old_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-  private:
-    rlimit old_{};
-    void (*handler_)(int);
-};
 
 /// Two entries, shown in the other order, the second position current.
 RegisterState Unsaved(TextView model, bool saved) {
