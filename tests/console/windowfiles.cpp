@@ -26,6 +26,7 @@ class Window {
         desktop_.AnswerFile(source);
         switch (from) {
         case FileFormat::Register195:
+        case FileFormat::Register193:
             mnuDateiLoadNV(state_, desktop_);
             break;
         case FileFormat::Phonebook175:
@@ -34,7 +35,7 @@ class Window {
         case FileFormat::Csv:
             mnuDateiLoadCSV(state_, settings_, {answers_.AvoidDoubles}, desktop_);
             break;
-        case FileFormat::CallList:
+        default:
             ADD_FAILURE() << "no register";
         }
     }
@@ -85,6 +86,9 @@ class Window {
         case FileFormat::ChargeStatement:
             desktop_.AnswerBox(Button::Ok).AnswerFile(Target("fenster.geb"));
             mnuGebAuszug(state_, settings_, desktop_);
+            break;
+        case FileFormat::CallList:
+            ADD_FAILURE() << "is not written";
             break;
         }
         return ReadFile(target_);

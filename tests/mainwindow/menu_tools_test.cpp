@@ -14,7 +14,7 @@ namespace {
 using Lines = std::vector<std::string>;
 using Texts = std::vector<Text>;
 
-void RunItem(std::string_view name, Program& program, Desktop& desktop) {
+void RunItem(std::string_view name, Program& program, ScriptedDesktop& desktop) {
     const auto rows = MenuTable();
     const auto found = std::find_if(rows.begin(), rows.end(),
                                     [&](const MenuRow& row) { return row.Name == name; });
