@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace norvik {
 
@@ -19,13 +20,15 @@ QValidator::State FieldValidator::validate(QString& input, int& cursor) const {
     }
     const FieldEdit edit =
         ChangeField(ToText(text_), ToText(input), static_cast<std::size_t>(cursor), rule_);
-    const QString before = text_;
-    text_ = ToQString(edit.FieldText);
-    input = text_;
-    cursor = static_cast<int>(edit.Cursor);
     if (edit.Beep) {
         emit beeped();
     }
+    const QString before = std::exchange(text_, ToQString(edit.FieldText));
+    if (text_ == before && edit.Beep) {
+        return Invalid;  // nothing of the change is taken: the field goes back, undo steps and all
+    }
+    input = text_;
+    cursor = static_cast<int>(edit.Cursor);
     if (text_ != before) {
         emit changing(before);
     }
@@ -36,6 +39,7 @@ void FieldValidator::Show(const QString& text) {
     showing_ = true;
     field_->setText(text);
     showing_ = false;
+    text_ = field_->text();  // a text that the field holds already is not validated
 }
 
 void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep) {
@@ -54,7 +58,7 @@ EntryField::EntryField(const FieldRule& rule, QWidget* parent)
     setValidator(validator_);
     connect(validator_, &FieldValidator::beeped, this, &EntryField::beeped);
     connect(validator_, &FieldValidator::changing, this, [this](const QString& before) {
-        if (rule_.Padded && !undoing_) {
+        if (!undoing_) {
             undo_.push_back(before);
         }
     });
@@ -87,6 +91,11 @@ void EntryField::ForgetUndo() {
 
 void EntryField::keyPressEvent(QKeyEvent* event) {
     if (HandleFieldKey(*event) || (rule_.Padded && HandlePaddedKey(*event))) {
+        event->accept();
+        return;
+    }
+    if (event->matches(QKeySequence::Undo)) {
+        Undo();
         event->accept();
         return;
     }
@@ -123,10 +132,6 @@ bool EntryField::HandleFieldKey(const QKeyEvent& event) {
 
 /// In a padded field the text ends, for the keyboard, behind its last character that is no blank.
 bool EntryField::HandlePaddedKey(QKeyEvent& event) {
-    if (event.matches(QKeySequence::Undo)) {
-        Undo();
-        return true;
-    }
     if (event.matches(QKeySequence::MoveToEndOfLine)) {
         setCursorPosition(EndOfText());
         return true;
@@ -166,14 +171,19 @@ int EntryField::EndOfText() const {
 }
 
 void EntryField::Undo() {
-    if (undo_.empty()) {
-        return;
-    }
     undoing_ = true;
-    const QString previous = undo_.back();
-    undo_.pop_back();
-    validator_->Show(previous);
-    setCursorPosition(EndOfText());
+    if (!rule_.Padded && isUndoAvailable()) {
+        undo();  // several keys at a time
+        const auto reached = std::find(undo_.rbegin(), undo_.rend(), text());
+        if (reached != undo_.rend()) {
+            undo_.erase(reached.base() - 1, undo_.end());
+        }
+    } else if (!undo_.empty()) {
+        const QString previous = undo_.back();
+        undo_.pop_back();
+        validator_->Show(previous);
+        setCursorPosition(EndOfText());
+    }
     undoing_ = false;
 }
 

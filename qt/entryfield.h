@@ -71,7 +71,8 @@ class EntryField : public QLineEdit {
 
     FieldRule rule_;
     FieldValidator* validator_;
-    /// Padding after every key clears the line edit's own undo; a padded field keeps its texts.
+    /// The texts before each change. The line edit forgets its own steps where a text is padded or
+    /// cut.
     std::vector<QString> undo_;
     bool undoing_ = false;
 };

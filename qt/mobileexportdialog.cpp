@@ -34,7 +34,8 @@ QString BoxCaption(std::size_t box) {
 
 }  // namespace
 
-MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* parent, const std::function<void()>& beep)
+MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* parent,
+                                       const std::function<void()>& beep)
     : QDialog(parent), fields_(std::move(fields)) {
     setObjectName(QStringLiteral("NVHE"));
     setWindowTitle(QStringLiteral("Handyexport"));
@@ -58,14 +59,15 @@ MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* paren
     layout->addWidget(lines);
     layout->addStretch();
     layout->addLayout(MakeButtons());
-    Draw();
     LimitToRepertoire(InpSeparator_, beep);
+    Draw();
     connect(InpSeparator_, &QLineEdit::textChanged, this,
             [this](const QString& text) { fields_.InpSeparator = ToText(text); });
     chkHE_[AddRegionCodeBox]->setFocus();
 }
 
-QWidget* MobileExportDialog::MakeBoxes(const QString& title, std::initializer_list<std::size_t> boxes) {
+QWidget* MobileExportDialog::MakeBoxes(const QString& title,
+                                       std::initializer_list<std::size_t> boxes) {
     auto* group = new QGroupBox(title, this);
     auto layout = std::make_unique<QVBoxLayout>();
     for (const std::size_t number : boxes) {
@@ -128,7 +130,7 @@ void MobileExportDialog::Draw() {
         chkHE_.at(box)->setChecked(fields_.chkHE.at(box));
     }
     if (InpSeparator_->text() != ToQString(fields_.InpSeparator)) {  // keeps cursor and undo
-        InpSeparator_->setText(ToQString(fields_.InpSeparator));
+        ShowLimited(InpSeparator_, ToQString(fields_.InpSeparator));
     }
     drawing_ = before;
 }

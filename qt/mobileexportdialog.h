@@ -17,7 +17,8 @@ namespace norvik {
 class MobileExportDialog : public QDialog {
     Q_OBJECT
   public:
-    MobileExportDialog(MobileExportFields fields, QWidget* parent, const std::function<void()>& beep);
+    MobileExportDialog(MobileExportFields fields, QWidget* parent,
+                       const std::function<void()>& beep);
 
     [[nodiscard]] const MobileExportFields& Fields() const { return fields_; }
 

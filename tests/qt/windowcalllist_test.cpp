@@ -103,6 +103,27 @@ TEST_F(WindowCallList, TheMsnRefusesCharactersOutsideWindows1252WithABeep) {
                                       "11;01.01.1999 00:00;0;B\xE4r\r\n");
 }
 
+TEST_F(WindowCallList, ARefusedFirstCharacterLeavesThePresetMsn) {
+    Dialogs.ChooseFile(PathIn("anrufe.t9a"))
+        .Look([](QDialog& dialog) {
+            auto* input = dialog.findChild<QLineEdit*>();
+            TypeText(input, QString::fromUtf8("→"));  // over the preset, which is selected
+            EXPECT_EQ(input->text().toStdString(), "0");
+        })
+        .Press(Qt::Key_Return)
+        .Look([](QDialog& dialog) {
+            auto* input = dialog.findChild<QLineEdit*>();
+            input->end(false);
+            TypeText(input, QString::fromUtf8("→"));
+            EXPECT_EQ(input->text().toStdString(), "0");
+        })
+        .Press(Qt::Key_Return)
+        .Press(Qt::Key_Return);
+    Trigger("mnuDateiConvCallListCSV");
+    EXPECT_EQ(FileText("anrufe.csv"), "00;24.12.2005 18:30;0;0301234\r\n"
+                                      "11;01.01.1999 00:00;0;B\xE4r\r\n");
+}
+
 TEST_F(WindowCallList, ACallersNumberIsNeitherMarkupNorAShortcut) {
     Folder.Write("anrufe.t9a", Raw("'12345678901234567890'"
                                    "02 01 06 0A '0512241830' 06 0B 'A&B<b>0</b>' 01"));

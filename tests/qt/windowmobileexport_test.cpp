@@ -181,6 +181,17 @@ TEST_F(WindowMobileExport, TheSeparatorRefusesCharactersOutsideWindows1252WithAB
     ShowDialog();
 }
 
+TEST_F(WindowMobileExport, ARefusedFirstCharacterLeavesTheSeparator) {
+    Drive([this] {
+        Separator()->end(false);
+        TypeText(Separator(), QString::fromUtf8("→"));
+        EXPECT_EQ(TextOf("InpSeparator"), ";");
+        Paste(Separator(), QString::fromUtf8("a→b"));
+        EXPECT_EQ(TextOf("InpSeparator"), ";");
+    });
+    ShowDialog();
+}
+
 TEST_F(WindowMobileExport, TickingABoxLeavesTheTypedSeparatorAndItsCursor) {
     Drive([this] {
         SetSeparator("ab");
@@ -326,6 +337,24 @@ TEST_F(WindowMobileExportStored, SavingLeavesTheAreaCodeOptionAsItWas) {
                                   "UseReductionFlags=no\r\nDeleteCommaInNames=no\r\n"
                                   "WriteMemNumber=no\r\nUseQuotesForData=yes\r\n"
                                   "\r\n[sync settings]\r\n\r\n[end]\r\n");
+}
+
+/// The same with a stored tab as the separator.
+class WindowMobileExportTab : public WindowMobileExport {
+  protected:
+    WindowMobileExportTab() : WindowMobileExport("DataSeparator=\t\r\n") {}
+};
+
+TEST_F(WindowMobileExportTab, AnEditLeavesALoadedTabInTheSeparator) {
+    Drive([this] {
+        Separator()->end(false);
+        TypeText(Separator(), "x");
+        EXPECT_EQ(TextOf("InpSeparator"), "\tx");
+        Separator()->home(false);
+        TypeText(Separator(), "y");
+        EXPECT_EQ(TextOf("InpSeparator"), "y\tx");
+    });
+    ShowDialog();
 }
 
 }  // namespace

@@ -159,6 +159,20 @@ TEST_F(WindowZero, ATypedCodeTakesThePlaceOfThePreset) {
     EXPECT_EQ(TextOfField(1), "**i12");
 }
 
+TEST_F(WindowZero, ARefusedFirstCharacterLeavesThePresetCode) {
+    QString preset;
+    Dialogs.Click(QMessageBox::No)
+        .Look([&preset](QDialog& dialog) {
+            auto* input = dialog.findChild<QLineEdit*>();
+            preset = input->text();
+            TypeText(input, QString::fromUtf8("→"));
+            EXPECT_EQ(input->text(), preset);
+        })
+        .Cancel();
+    Trigger("mnuBearbeitenNullEntf");
+    EXPECT_NE(preset, "");
+}
+
 TEST_F(WindowZero, TheLinesOfTheInputBoxFollowEachOtherWithoutABlankLine) {
     Dialogs.Click(QMessageBox::No)
         .Look([](QDialog& dialog) {

@@ -119,6 +119,38 @@ TEST_P(EachTextField, UndoTakesTypedTextBack) {
     EXPECT_EQ(Own()->text().toStdString(), Held(""));
 }
 
+TEST_P(EachTextField, UndoWorksAfterARefusedCharacter) {
+    for (const char* refused : {"X", "ж"}) {
+        Enter(GetParam());
+        Paste(Own(), "abcdefghijklmnopqr");
+        TypeText(Own(), "stu");
+        TypeText(Own(), refused);
+        ASSERT_EQ(Own()->text(), TwentyOne);
+        int steps = 0;
+        while (Own()->text().trimmed() != "" && steps < 30) {
+            QTest::keyClick(Own(), Qt::Key_Z, Qt::ControlModifier);
+            ++steps;
+        }
+        EXPECT_EQ(Own()->text().toStdString(), Held("")) << refused;
+        EXPECT_LE(steps, 4) << refused;
+    }
+}
+
+TEST_P(EachTextField, UndoWorksAfterATextWasCut) {
+    Type(GetParam(), "abcdefghijklmnopqr");
+    Paste(Own(), "stu");
+    Own()->setCursorPosition(3);
+    TypeText(Own(), "X");
+    ASSERT_EQ(Own()->text(), "abcXdefghijklmnopqrst");
+    QTest::keyClick(Own(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Own()->text(), TwentyOne);
+    QTest::keyClick(Own(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Own()->text().toStdString(), Held("abcdefghijklmnopqr"));
+    TypeText(Own(), "y");
+    QTest::keyClick(Own(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Own()->text().toStdString(), Held("abcdefghijklmnopqr"));
+}
+
 /// The keys in a field that always holds 21 characters.
 using WindowInfoLine = WindowTyping;
 
