@@ -78,17 +78,39 @@ Button ClosingButton(const MessageBox& box) {
     return box.buttons.front();
 }
 
-/// The text with the toolkit's line ends. A text longer than any report of a whole register, as a
-/// file of another kind may bring it about, loses its middle: the toolkit would lay it out for
-/// minutes. Its end stays, where the question stands.
-QString ShownText(TextView text) {
-    constexpr std::size_t LongestText = 2'000'000;
-    constexpr std::size_t LongestEnd = 2'000;
-    if (text.size() <= LongestText) {
-        return ToLines(text);
+/// The text with each line folded that is longer than the toolkit lays out quickly.
+QString Folded(const QString& text) {
+    constexpr qsizetype LongestLine = 1000;
+    QString folded;
+    folded.reserve(text.size() + text.size() / LongestLine);
+    qsizetype start = 0;
+    while (start < text.size()) {
+        const qsizetype lineEnd = text.indexOf(u'\n', start);
+        const qsizetype end = lineEnd < 0 ? text.size() : lineEnd;
+        for (; end - start > LongestLine; start += LongestLine) {
+            folded += QStringView(text).mid(start, LongestLine);
+            folded += u'\n';
+        }
+        folded += QStringView(text).mid(start, end + 1 - start);
+        start = end + 1;
     }
-    return ToLines(Slice(text, 0, LongestText - LongestEnd)) + QStringLiteral("\n…\n") +
-           ToLines(Slice(text, text.size() - LongestEnd));
+    return folded;
+}
+
+bool IsLineEnd(char16_t c) {
+    return c == u'\n' || c == u'\r';
+}
+
+/// Each line takes its time, too; no report has as many.
+constexpr std::ptrdiff_t MostLinesOfAHalf = 100'000;
+
+/// How far the lines reach that one half of a text may have.
+template <typename Iterator>
+std::size_t LengthOfLines(Iterator begin, Iterator end) {
+    std::ptrdiff_t lines = 0;
+    const auto last = std::find_if(
+        begin, end, [&lines](char16_t c) { return IsLineEnd(c) && ++lines > MostLinesOfAHalf; });
+    return static_cast<std::size_t>(last - begin);
 }
 
 bool FitsScreen(const QString& text, const QWidget& widget) {
@@ -118,7 +140,7 @@ Button ShowShortBox(const MessageBox& box, const QString& text, QWidget* parent)
     QMessageBox dialog(parent);
     dialog.setTextFormat(Qt::PlainText);
     dialog.setIcon(IconOf(box.icon));
-    dialog.setWindowTitle(ToQString(box.title));
+    dialog.setWindowTitle(ShownTitle(box.title));
     dialog.setText(text);
     KeepLinesWhole(dialog);
     for (const Button button : box.buttons) {
@@ -137,7 +159,7 @@ Button ShowShortBox(const MessageBox& box, const QString& text, QWidget* parent)
 
 Button ShowScrollingBox(const MessageBox& box, const QString& text, QWidget* parent) {
     QDialog dialog(parent);
-    dialog.setWindowTitle(ToQString(box.title));
+    dialog.setWindowTitle(ShownTitle(box.title));
     auto* layout = new QGridLayout(&dialog);
     if (box.icon != Icon::None) {
         auto* picture = new QLabel(&dialog);
@@ -148,7 +170,7 @@ Button ShowScrollingBox(const MessageBox& box, const QString& text, QWidget* par
                                .pixmap(QSize(side, side)));
         layout->addWidget(picture, 0, 0, Qt::AlignTop);
     }
-    auto* view = new QPlainTextEdit(text, &dialog);
+    auto* view = new QPlainTextEdit(Folded(text), &dialog);
     view->setReadOnly(true);
     view->setTabChangesFocus(true);
     layout->addWidget(view, 0, 1);
@@ -176,8 +198,31 @@ Button ShowScrollingBox(const MessageBox& box, const QString& text, QWidget* par
 
 }  // namespace
 
+QString ShownText(TextView text, std::size_t longest) {
+    const bool manyLines =
+        std::count_if(text.begin(), text.end(), IsLineEnd) > 2 * MostLinesOfAHalf;
+    if (text.size() <= longest && !manyLines) {
+        return ToLines(text);
+    }
+    const std::size_t half = std::min(longest, text.size()) / 2;
+    TextView start = text.substr(0, half);
+    TextView end = text.substr(text.size() - half);
+    start = start.substr(0, LengthOfLines(start.begin(), start.end()));
+    end = end.substr(end.size() - LengthOfLines(end.rbegin(), end.rend()));
+    return ToLines(start) +
+           QStringLiteral("\n[… %1 Zeichen ausgelassen …]\n")
+               .arg(text.size() - start.size() - end.size()) +
+           ToLines(end);
+}
+
+QString ShownTitle(TextView title) {
+    return title.empty() ? QStringLiteral(" ") : ToQString(title);
+}
+
 Button ShowMessageBox(const MessageBox& box, QWidget* parent) {
-    const QString text = ShownText(box.text);
+    // Longer than any report of a whole register; the toolkit would lay it out for minutes.
+    constexpr std::size_t LongestText = 2'000'000;
+    const QString text = ShownText(box.text, LongestText);
     return FitsScreen(text, *parent) ? ShowShortBox(box, text, parent)
                                      : ShowScrollingBox(box, text, parent);
 }

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
@@ -15,7 +16,9 @@
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QThread>
 #include <QUrl>
+#include <QWindow>
 
 #include <utility>
 
@@ -84,6 +87,19 @@ void ShowPlainPrompt(QInputDialog& dialog, const QString& prompt) {
     }
 }
 
+/// Waits, but not for ever, until a window that was just shown has its place on the screen: what is
+/// shown above it is placed by it.
+void WaitForPlace(const QWidget& window) {
+    constexpr qint64 LongestWait = 1000;  // milliseconds
+    QElapsedTimer time;
+    time.start();
+    while (window.isVisible() && !window.windowHandle()->isExposed() &&
+           time.elapsed() < LongestWait) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(1);
+    }
+}
+
 /// Makes room for the title beside the buttons of the window's frame.
 void ShowWholeTitle(QWidget& dialog) {
     constexpr int FrameButtons = 120;
@@ -94,6 +110,9 @@ void ShowWholeTitle(QWidget& dialog) {
 }  // namespace
 
 QWidget* ScreenDesktop::Front() {
+    if (!std::exchange(placed_, true)) {
+        WaitForPlace(window_);
+    }
     QWidget* dialog = QApplication::activeModalWidget();
     return dialog != nullptr ? dialog : &window_;
 }
@@ -107,8 +126,10 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
     const NormalPointer whileAsking(hourglass_);
     QInputDialog dialog(Front());
     dialog.setInputMode(QInputDialog::TextInput);
-    dialog.setWindowTitle(ToQString(box.title));
-    ShowPlainPrompt(dialog, ToLines(box.prompt));
+    dialog.setWindowTitle(ShownTitle(box.title));
+    // Any question of ours is shorter.
+    constexpr std::size_t LongestPrompt = 2000;
+    ShowPlainPrompt(dialog, ShownText(box.prompt, LongestPrompt));
     dialog.setTextValue(ToQString(box.preset));
     LimitInput(dialog, *this);
     ShowWholeTitle(dialog);

@@ -44,6 +44,8 @@ class ScreenDesktop : public Desktop, public Windows {
 
     MainWindow& window_;
     bool hourglass_ = false;
+    /// The main window has its place on the screen.
+    bool placed_ = false;
 };
 
 }  // namespace norvik

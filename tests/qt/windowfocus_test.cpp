@@ -6,10 +6,14 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QTextBlock>
+
+#include <algorithm>
 
 namespace norvik::test {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 class WindowFocus : public WindowTest {
@@ -147,11 +151,96 @@ TEST_F(WindowFocus, AMessageLongerThanAnyReportKeepsItsEnd) {
             const QString shown = dialog.findChild<QPlainTextEdit*>()->toPlainText();
             EXPECT_LT(shown.size(), 2'000'100);
             EXPECT_TRUE(shown.startsWith("xxx"));
-            EXPECT_TRUE(shown.contains("\n…\n"));
+            EXPECT_TRUE(shown.contains("\n[… 500017 Zeichen ausgelassen …]\n"));
             EXPECT_TRUE(shown.endsWith("xxx\nSoll das so sein?"));
         })
         .Click(QMessageBox::Ok);
     ShowMessageBox({.text = text + u"Soll das so sein?"}, Window.get());
+}
+
+/// The length of the longest line of a box that scrolls.
+int LongestShownLine(const QDialog& dialog) {
+    const auto* view = dialog.findChild<QPlainTextEdit*>();
+    int longest = 0;
+    for (QTextBlock block = view->document()->begin(); block.isValid(); block = block.next()) {
+        longest = std::max(longest, block.length() - 1);
+    }
+    return longest;
+}
+
+TEST_F(WindowFocus, ALongLineIsFoldedForShowing) {
+    Open();
+    Text text = u"Anfang\n";
+    for (int i = 0; i < 100; ++i) {
+        text += Text(999, u'x') + static_cast<char16_t>(u'0' + i % 10);
+    }
+    text += u"\n" + Text(1000, u'y') + u"\n" + Text(1001, u'z') + u"\nEnde";
+    Dialogs
+        .Look([](QDialog& dialog) {
+            const QStringList lines =
+                dialog.findChild<QPlainTextEdit*>()->toPlainText().split(u'\n');
+            EXPECT_EQ(lines.size(), 1 + 100 + 1 + 2 + 1);
+            EXPECT_EQ(lines.at(1), QString(999, u'x') + u'0');
+            EXPECT_EQ(lines.at(100), QString(999, u'x') + u'9');
+            EXPECT_EQ(lines.at(101), QString(1000, u'y'));
+            EXPECT_EQ(lines.at(103), "z");
+            EXPECT_EQ(lines.at(104), "Ende");
+        })
+        .Click(QMessageBox::Ok);
+    ShowMessageBox({.text = text}, Window.get());
+}
+
+TEST_F(WindowFocus, AnyTextIsShownInLinesThatAreQuicklyLaidOut) {
+    Open();
+    for (const std::size_t size : {400'000U, 2'000'000U, 20'000'000U}) {
+        Dialogs
+            .Look([](QDialog& dialog) {
+                EXPECT_LE(LongestShownLine(dialog), 1000);
+                EXPECT_LE(dialog.findChild<QPlainTextEdit*>()->blockCount(), 2003);
+            })
+            .Click(QMessageBox::Ok);
+        ShowMessageBox({.text = Text(size, u'x')}, Window.get());
+    }
+}
+
+TEST_F(WindowFocus, ATextOfVeryManyLinesLosesItsMiddle) {
+    Open();
+    for (const char16_t lineEnd : {u'\n', u'\r'}) {
+        Dialogs
+            .Look([](QDialog& dialog) {
+                const auto* view = dialog.findChild<QPlainTextEdit*>();
+                EXPECT_LE(view->blockCount(), 200'005);
+                EXPECT_TRUE(view->toPlainText().contains("[… 800000 Zeichen ausgelassen …]"));
+            })
+            .Click(QMessageBox::Ok);
+        ShowMessageBox({.text = Text(1'000'000, lineEnd)}, Window.get());
+    }
+    // A long report of short lines stays whole.
+    Text text;
+    for (int i = 0; i < 90'000; ++i) {
+        text += u"Zeile\r\n";
+    }
+    Dialogs
+        .Look([](QDialog& dialog) {
+            EXPECT_EQ(dialog.findChild<QPlainTextEdit*>()->blockCount(), 90'001);
+        })
+        .Click(QMessageBox::Ok);
+    ShowMessageBox({.text = text}, Window.get());
+}
+
+TEST_F(WindowFocus, ALongPromptLosesItsMiddle) {
+    Open();
+    ScreenDesktop desktop(*Window);
+    Dialogs
+        .Look([](QDialog& dialog) {
+            const QString prompt = dialog.findChild<QLabel*>()->text();
+            EXPECT_LT(prompt.size(), 2100);
+            EXPECT_TRUE(prompt.contains("[… 2999011 Zeichen ausgelassen …]"));
+            EXPECT_TRUE(prompt.endsWith("wirklich?"));
+        })
+        .Cancel();
+    desktop.AskForText({.prompt = Text(3'001'002, u'x') + u"wirklich?", .title = u""});
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(testing::HasSubstr(" title \" \" ")));
 }
 
 TEST_F(WindowFocus, TheCountsOfANewRegisterStandWhileItsCheckAsks) {

@@ -61,6 +61,15 @@ TEST(TakeFile, TheOptionAloneIsTakenOutAndGivesNoFile) {
     EXPECT_THAT(arguments.Left(), ElementsAre("norvik"));
 }
 
+TEST(CommandLine, HoldsEveryArgumentWhateverTheToolkitWouldTake) {
+    const std::vector<const char*> arguments = {"norvik",    "-style", "fusion", "-reverse",
+                                                "/lä x.t9t", "",       "/g0,15"};
+    EXPECT_EQ(CommandLine(7, arguments.data()).toStdString(),
+              "-style fusion -reverse /lä x.t9t  /g0,15");
+    EXPECT_EQ(CommandLine(1, arguments.data()), "");
+    EXPECT_EQ(CommandLine(0, arguments.data()), "");
+}
+
 TEST(TakeFile, LeavesEveryOtherCommandLineAsItIs) {
     const std::vector<std::vector<std::string>> commandLines = {
         {},
@@ -113,7 +122,7 @@ TEST_F(WindowHandOver, AFileThatDoesNotExistIsReportedLikeAStartFile) {
     Make();
     Window->Start({}, Folder / "fehlt, leider.t9t");
     EXPECT_THAT(Dialogs.Transcript,
-                ElementsAre(OkBox("mnuLade193195: 53Datei nicht gefunden", "", "None")));
+                ElementsAre(OkBox("mnuLade193195: 53Datei nicht gefunden", " ", "None")));
     EXPECT_EQ(TextOf("AnzGes"), "1");
 }
 

@@ -182,14 +182,14 @@ TEST_F(WindowLoad, AFileOfThe193IsRecognised) {
     EXPECT_TRUE(IsChecked("OptFilter(1)"));
 }
 
-TEST_F(WindowLoad, The2001stRecordIsAnErrorWithoutATitle) {
+TEST_F(WindowLoad, The2001stRecordIsAnErrorWithABlankTitle) {
     Folder.Write("x.t9t", NumberedRegisterFile(2001));
     Dialogs.ChooseFile(PathIn("x.t9t")).Click(QMessageBox::Ok);
     Trigger("mnuDateiLoadNV");
     EXPECT_THAT(
         Dialogs.Transcript,
         ElementsAre(OpenDialog,
-                    OkBox("mnuLade193195: 9Index außerhalb des gültigen Bereichs", "", "None")));
+                    OkBox("mnuLade193195: 9Index außerhalb des gültigen Bereichs", " ", "None")));
     EXPECT_EQ(TextOf("AnzGes"), "1");
     EXPECT_EQ(TextOfField(0), "Name 0001");
 }
@@ -200,7 +200,7 @@ TEST_F(WindowLoad, AFileWithoutEntriesEndsTheProgramWithSortierfehler) {
         .Look([](QDialog&) { EXPECT_EQ(QApplication::overrideCursor(), nullptr); })
         .Click(QMessageBox::Ok);
     Trigger("mnuDateiLoadNV");
-    EXPECT_THAT(Dialogs.Transcript, ElementsAre(OpenDialog, OkBox("Sortierfehler", "", "None")));
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(OpenDialog, OkBox("Sortierfehler", " ", "None")));
     EXPECT_EQ(HardStops, 1);
     Window.reset();
     QApplication::restoreOverrideCursor();  // a process that ended has none

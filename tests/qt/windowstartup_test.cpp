@@ -221,7 +221,7 @@ TEST_F(WindowStartup, AStartFileThatDoesNotExistIsReportedByTheReader) {
     Dialogs.Click(QMessageBox::Ok);
     Open("/l" + PathIn("fehlt.t9t"));
     EXPECT_THAT(Dialogs.Transcript,
-                ElementsAre(OkBox("mnuLade193195: 53Datei nicht gefunden", "", "None")));
+                ElementsAre(OkBox("mnuLade193195: 53Datei nicht gefunden", " ", "None")));
     EXPECT_EQ(TextOf("AnzGes"), "1");
     EXPECT_EQ(TextOf("Status"), "OK");
 }
