@@ -61,6 +61,14 @@ FilePath TakeFile(int& argc, char** argv) {
     return file;
 }
 
+QString CommandLine(int argc, const char* const* argv) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i) {
+        words.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return words.join(u' ');
+}
+
 FilePath ApplicationFolder() {
     return ProgramFolder(ExecutableFolder(), UserDataFolder() / "norvik");
 }

@@ -3,6 +3,8 @@
 
 #include "base/files.h"
 
+#include <QString>
+
 class QApplication;
 
 namespace norvik {
@@ -18,6 +20,9 @@ void PrepareApplication(QApplication& application);
 /// without a path, as the desktop's menu starts the program, is taken out, too. `argv` ends with a
 /// null.
 FilePath TakeFile(int& argc, char** argv);
+
+/// The words of the command line: the program's arguments, joined by one blank.
+QString CommandLine(int argc, const char* const* argv);
 
 /// The program's folder of a running application.
 FilePath ApplicationFolder();

@@ -6,18 +6,20 @@
 #include <QIcon>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdlib>
 
 int main(int argc, char* argv[]) {
     const norvik::FilePath file = norvik::TakeFile(argc, argv);
-    QApplication application(argc, argv);
+    int name = std::min(argc, 1);  // the toolkit takes none of the words
+    QApplication application(name, argv);
     norvik::PrepareApplication(application);
     QApplication::setWindowIcon(QIcon::fromTheme(QApplication::desktopFileName()));
     norvik::MainWindow window(
         norvik::ApplicationFolder(), [] { std::_Exit(norvik::HardStop::ExitStatus); },
         norvik::ApplicationDocumentFolder());
     window.show();
-    const QString commandLine = QApplication::arguments().mid(1).join(u' ');
+    const QString commandLine = norvik::CommandLine(argc, argv);
     QTimer::singleShot(0, &window,
                        [&window, commandLine, file] { window.Start(commandLine, file); });
     return QApplication::exec();
