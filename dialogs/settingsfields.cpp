@@ -102,6 +102,24 @@ void ShowSampleRecord(SettingsFields& fields) {
     SetSyncItemList(fields, Text(fields.InpSyncFile), fields.ScrollSyncFile);
 }
 
+void ShowMappedField(SettingsFields& fields, std::size_t box) {
+    if (box < FirstItemValue) {
+        return;
+    }
+    Text& output = fields.Testausgabe.at(box - FirstItemValue);
+    output.clear();
+    const std::size_t number = FieldNumber(fields.SetValue.at(box));
+    if (number == 0 || fields.InpSyncFile.empty()) {
+        return;
+    }
+    if (const auto line = fields.Sample.Line(fields.InpSyncFile, fields.ScrollSyncFile)) {
+        const std::vector<TextView> sample = SplitQuotedFields(*line, SampleFields);
+        if (number <= sample.size()) {
+            output = sample[number - 1];
+        }
+    }
+}
+
 void DDSprache_Click(SettingsFields& fields, Desktop& desktop) {
     if (fields.DDSprache != German) {
         desktop.Ask({.text = u"Andere Sprachen als Deutsch werden noch nicht unterstützt!"});

@@ -53,6 +53,10 @@ void SetSyncItemList(SettingsFields& fields, TextView file, int record);
 /// The same for the dialog's file and record.
 void ShowSampleRecord(SettingsFields& fields);
 
+/// Shows the field that the number in SetValue(box) names beside it; nothing for the boxes of the
+/// location.
+void ShowMappedField(SettingsFields& fields, std::size_t box);
+
 /// The user chose a language: there is German only.
 void DDSprache_Click(SettingsFields& fields, Desktop& desktop);
 void btnChangeLoadfile_Click(SettingsFields& fields, Desktop& desktop);

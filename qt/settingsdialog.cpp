@@ -51,7 +51,7 @@ QString Shown(TextView text) {
 }  // namespace
 
 SettingsDialog::SettingsDialog(SettingsFields fields, Desktop& desktop,
-                         std::function<void(const Operation&)> run, QWidget* parent)
+                               std::function<void(const Operation&)> run, QWidget* parent)
     : QDialog(parent), fields_(std::move(fields)), desktop_(desktop), run_(std::move(run)) {
     setObjectName(QStringLiteral("NVSET"));
     setWindowTitle(QStringLiteral("Norvikkonverter - Einstellungen"));
@@ -65,7 +65,8 @@ SettingsDialog::SettingsDialog(SettingsFields fields, Desktop& desktop,
     InpLoadfile_->setFocus();
 }
 
-QLineEdit* SettingsDialog::MakePath(const char* name, const QString& accessibleName, QWidget* parent) {
+QLineEdit* SettingsDialog::MakePath(const char* name, const QString& accessibleName,
+                                    QWidget* parent) {
     auto* field = new QLineEdit(parent);
     Name(field, name, accessibleName);
     LimitToRepertoire(field, [this] { desktop_.Beep(); });
@@ -73,7 +74,7 @@ QLineEdit* SettingsDialog::MakePath(const char* name, const QString& accessibleN
 }
 
 QLineEdit* SettingsDialog::MakeValue(std::size_t number, const QString& accessibleName,
-                                  QWidget* parent) {
+                                     QWidget* parent) {
     auto* field = new QLineEdit(parent);
     field->setObjectName(IndexedName("SetValue", static_cast<int>(number)));
     field->setAccessibleName(accessibleName);
@@ -231,6 +232,10 @@ void SettingsDialog::Connect() {
     });
     connect(InpSyncFile_, &QLineEdit::textChanged, this, showSample);
     connect(ScrollSyncFile_, &QScrollBar::valueChanged, this, showSample);
+    for (std::size_t box = FirstItemValue; box < SetValue_.size(); ++box) {
+        connect(SetValue_.at(box), &QLineEdit::textEdited, this,
+                [this, box] { Handle([this, box] { ShowMappedField(fields_, box); }); });
+    }
 }
 
 void SettingsDialog::Handle(const Operation& handler) {

@@ -24,8 +24,8 @@ class SettingsDialog : public QDialog {
     using Operation = std::function<void()>;
 
     /// `run` runs an operation as the main window does.
-    SettingsDialog(SettingsFields fields, Desktop& desktop, std::function<void(const Operation&)> run,
-                QWidget* parent);
+    SettingsDialog(SettingsFields fields, Desktop& desktop,
+                   std::function<void(const Operation&)> run, QWidget* parent);
 
     [[nodiscard]] const SettingsFields& Fields() const { return fields_; }
 

@@ -1,6 +1,7 @@
 // The settings dialog: taking a field for an item, and the keyboard in its value boxes.
 #include "dialogs/settingsfields.h"
 
+#include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -53,6 +54,48 @@ TEST(Itemexpl, ClicksOnOtherLabelsDoNothing) {
         EXPECT_THAT(fields.SetValue, Each(Text(u"vorher"))) << label;
         EXPECT_THAT(fields.Testausgabe, Each(Text(u"vorher"))) << label;
     }
+}
+
+TEST(ShowMappedField, ShowsTheFieldOfATypedNumberAndNothingForAnyOther) {
+    const TestFolder folder;
+    const Text file =
+        TextFromPath(folder.Write("a.csv", "\"Adler\",\"Anna\"\r\n\"B\xE4r\",\"Bernd\""));
+    for (const auto& [value, shown] : std::vector<std::pair<Text, Text>>{{u"1", u"Bär"},
+                                                                         {u" 2", u"Bernd"},
+                                                                         {u"3", u""},
+                                                                         {u"0", u""},
+                                                                         {u"-1", u""},
+                                                                         {u"", u""},
+                                                                         {u"x", u""}}) {
+        SettingsFields fields = WithSelected(2);
+        fields.InpSyncFile = file;
+        fields.ScrollSyncFile = 2;
+        fields.SetValue.at(5) = value;
+        std::array<Text, SyncItems> outputs = fields.Testausgabe;
+        outputs.at(2) = shown;
+        ShowMappedField(fields, 5);
+        EXPECT_EQ(fields.Testausgabe, outputs) << Utf8(value);
+        EXPECT_EQ(fields.SelectedItem, 2);
+        EXPECT_EQ(fields.ListSyncFileItems.size(), 3U);
+    }
+}
+
+TEST(ShowMappedField, WithoutAFileThereIsNothingToShow) {
+    SettingsFields fields = WithSelected(-1);
+    fields.SetValue.fill(u"1");
+    ShowMappedField(fields, 3);
+    EXPECT_EQ(fields.Testausgabe.at(0), u"");
+    fields.InpSyncFile = u"/nicht/da.csv";
+    ShowMappedField(fields, 12);
+    EXPECT_EQ(fields.Testausgabe.at(9), u"");
+}
+
+TEST(ShowMappedField, ABoxOfTheLocationHasNone) {
+    SettingsFields fields = WithSelected(-1);
+    for (std::size_t box = 0; box < FirstItemValue; ++box) {
+        ShowMappedField(fields, box);
+    }
+    EXPECT_THAT(fields.Testausgabe, Each(Text(u"vorher")));
 }
 
 TEST(Itemexpl, KeepsListAndSelectionForTheNextItem) {

@@ -93,6 +93,41 @@ TEST_F(WindowSettingsSample, TypingAPathShowsItsSample) {
     EXPECT_THAT(Dialogs.Transcript, ElementsAre(OpenedSettings));
 }
 
+TEST_F(WindowSettingsSample, ATypedFieldNumberShowsItsFieldAtOnce) {
+    Drive([this] {
+        ClickSampleLine(1);
+        Replace(Value(3), "4");
+        EXPECT_EQ(TextOfOutput(0), "Hauptstr. 1");
+        EXPECT_EQ(Sample()->currentRow(), 1) << "the chosen line stays chosen";
+        TypeText(Value(3), "2");
+        EXPECT_EQ(TextOfOutput(0), "") << "there is no field 42";
+        QTest::keyClick(Value(3), Qt::Key_Backspace);
+        QTest::keyClick(Value(3), Qt::Key_Backspace);
+        EXPECT_EQ(TextOfOutput(0), "");
+        Value(12)->selectAll();
+        Paste(Value(12), "1");
+        EXPECT_EQ(TextOfOutput(9), "Müller") << "from 41, which the file does not have";
+        EXPECT_EQ(TextOfValue(12), "1");
+        EXPECT_EQ(TextOfOutput(1), "Hans");
+        SampleChoice()->setValue(2);
+        Replace(Value(4), "3");
+        EXPECT_EQ(TextOfOutput(1), "drei");
+        Replace(Value(0), "2");
+        EXPECT_EQ(TextOfOutput(0), "");
+    });
+    ShowDialog();
+}
+
+TEST_F(WindowSettingsSample, ATypedFieldNumberWithoutAFileShowsNothing) {
+    std::filesystem::remove(Folder / "adressen.csv");
+    Drive([this] {
+        Replace(Value(3), "1");
+        EXPECT_EQ(TextOfOutput(0), "");
+        EXPECT_THAT(SampleLines(), ElementsAre("SyncDatei n. gefunden"));
+    });
+    ShowDialog();
+}
+
 TEST_F(WindowSettingsSample, TypingInTheMiddleOfAPathLeavesTheCursorThere) {
     Drive([this] {
         auto* path = Find<QLineEdit>("InpSyncFile");
