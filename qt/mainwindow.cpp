@@ -116,8 +116,11 @@ void MainWindow::ConnectChoices() {
     for (QCheckBox* box : {widgets_.chkTon, widgets_.chkCharge}) {
         connect(box, &QCheckBox::toggled, this, changed);
     }
-    // A click on the button that is on already counts, too.
-    connect(widgets_.FilterGroup, &QButtonGroup::idClicked, this, changed);
+    connect(widgets_.FilterGroup, &QButtonGroup::idToggled, this, [changed](int, bool on) {
+        if (on) {  // one goes on for another that goes off
+            changed();
+        }
+    });
     connect(widgets_.chkExport, &QCheckBox::toggled, this, [this] {
         if (!drawing_) {
             Run([&] { chkExport_Click(program_, desktop_); });
@@ -162,6 +165,7 @@ void MainWindow::ConnectSelection() {
 
 void MainWindow::Run(const std::function<void()>& operation) {
     ReadFields();
+    statusPainted_.invalidate();
     ++running_;
     try {
         RunOperation(operation, desktop_);
@@ -170,6 +174,9 @@ void MainWindow::Run(const std::function<void()>& operation) {
     }
     --running_;
     Draw();
+    if (std::exchange(statusWaits_, false)) {
+        widgets_.Status->repaint();
+    }
 }
 
 void MainWindow::ReadFields() {

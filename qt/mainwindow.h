@@ -7,6 +7,7 @@
 #include "qt/mainwindowwidgets.h"
 #include "qt/screendesktop.h"
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 
 #include <functional>
@@ -34,7 +35,9 @@ class MainWindow : public QMainWindow {
     // What the desktop draws.
     void ShowCurrentEntry();
     void RebuildList();
-    void DrawStatus(const QString& text) const;
+    /// Repaints the first text of an operation at once, the others as fast as a screen shows them
+    /// and the last one when the operation ends.
+    void DrawStatus(const QString& text);
     void DrawCurrentFile();
     void FocusField(int field);
     void CloseByMenu();
@@ -76,6 +79,9 @@ class MainWindow : public QMainWindow {
     /// The program changes widgets; what they signal is no doing of the user.
     bool drawing_ = false;
     int running_ = 0;
+    QElapsedTimer statusPainted_;
+    /// The status text is set and not painted yet.
+    bool statusWaits_ = false;
     bool closingByMenu_ = false;
 };
 

@@ -136,9 +136,14 @@ void MainWindow::RebuildList() {
     drawing_ = before;
 }
 
-void MainWindow::DrawStatus(const QString& text) const {
+void MainWindow::DrawStatus(const QString& text) {
+    constexpr qint64 BetweenPaints = 16;  // milliseconds: no screen shows more
     widgets_.Status->setText(text);
-    widgets_.Status->repaint();
+    statusWaits_ = statusPainted_.isValid() && statusPainted_.elapsed() < BetweenPaints;
+    if (!statusWaits_) {
+        widgets_.Status->repaint();
+        statusPainted_.start();
+    }
 }
 
 void MainWindow::DrawCurrentFile() {

@@ -101,9 +101,17 @@ TEST_F(WindowEdit, EveryChangeOfAChoiceControlIsAnEdit) {
     }
 }
 
-TEST_F(WindowEdit, AClickOnTheCallFilterThatIsOnAlreadyIsAnEdit) {
+TEST_F(WindowEdit, AClickOnTheCallFilterThatIsOnAlreadyIsNoEdit) {
     Click("OptFilter(0)");
+    Press(Qt::Key_Space);
+    EXPECT_EQ(ButtonColour(), NeutralColour());
+    Click("OptFilter(2)");
     EXPECT_EQ(ButtonColour(), Pending);
+    Click("btnSaveChange");
+    ASSERT_EQ(ButtonColour(), Stored);
+    Click("OptFilter(2)");
+    Press(Qt::Key_Space);
+    EXPECT_EQ(ButtonColour(), Stored);
 }
 
 TEST_F(WindowEdit, ChoosingTheToneThatIsChosenAlreadyIsNoEdit) {

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QClipboard>
 
+#include <algorithm>
+
 namespace norvik::test {
 
 namespace {
@@ -71,6 +73,19 @@ std::string Line(const std::string& text) {
 std::string RuntimeErrorBox(int number, const QString& description) {
     return OkBox(QString("Laufzeitfehler '%1':\n\n").arg(number) + description, "NORVIK",
                  "Critical");
+}
+
+testing::Matcher<const std::vector<std::string>&> PaintedFrom(const std::vector<std::string>& set) {
+    return testing::Truly([set](const std::vector<std::string>& painted) {
+        auto next = set.begin();
+        for (const std::string& text : painted) {
+            next = std::find(next, set.end(), text);
+            if (next == set.end()) {
+                return false;
+            }
+        }
+        return !painted.empty() && painted.front() == set.front() && painted.back() == set.back();
+    });
 }
 
 PaintedTexts::PaintedTexts(QLabel* label) : label_(label) {

@@ -54,6 +54,10 @@ std::string RuntimeErrorBox(int number, const QString& description);
 inline const QColor Pending(255, 128, 128);
 inline const QColor Stored(192, 255, 192);
 
+/// The texts that a label painted are the first and the last of `set`, the texts that it was given
+/// one after the other, and any between them, in their order; a text may be painted again.
+testing::Matcher<const std::vector<std::string>&> PaintedFrom(const std::vector<std::string>& set);
+
 /// Keeps every text that a label paints, in their order.
 class PaintedTexts : public QObject {
   public:

@@ -1,5 +1,7 @@
 #include "tests/qt/windowfixture.h"
 
+#include <QElapsedTimer>
+
 namespace norvik::test {
 
 namespace {
@@ -125,13 +127,27 @@ TEST_F(WindowStartup, TheWindowMadeButNotStartedCannotSave) {
     EXPECT_FALSE(Find<QAction>("MNUDateiSave193")->isEnabled());
 }
 
-TEST_F(WindowStartup, PaintsEachStatusTextAtOnce) {
+TEST_F(WindowStartup, PaintsTheStatusTexts) {
     Make();
     const PaintedTexts status(Find<QLabel>("Status"));
     Window->Start({});
     EXPECT_THAT(status.Texts,
-                ElementsAre("Lade Konstanten...", "Lade Ini-Datei...", "Lade Oberfläche...",
-                            "Lade Klingeltöne...", "Lade Startdatei...", "OK"));
+                PaintedFrom({"Lade Konstanten...", "Lade Ini-Datei...", "Lade Oberfläche...",
+                             "Lade Klingeltöne...", "Lade Startdatei...", "OK"}));
+}
+
+TEST_F(WindowStartup, PaintsTheStatusNoMoreOftenThanAScreenShowsIt) {
+    Open();
+    Folder.Write("register.t9t", NumberedRegisterFile(2000));
+    const PaintedTexts status(Find<QLabel>("Status"));
+    Dialogs.ChooseFile(PathIn("register.t9t"));
+    QElapsedTimer time;
+    time.start();
+    Trigger("mnuDateiLoadNV");
+    // The first text, one each 16 milliseconds, the last one; and whatever the dialog laid bare.
+    constexpr std::size_t Others = 4;
+    EXPECT_LE(status.Texts.size(), static_cast<std::size_t>(time.elapsed()) / 16 + Others);
+    EXPECT_EQ(status.Texts.back(), "Sortieren beendet");
 }
 
 TEST_F(WindowStartup, AMissingSettingsFileIsReportedAndTheStartGoesOn) {
@@ -189,10 +205,10 @@ TEST_F(WindowStartup, PaintsTheStatusTextsOfTheStartFile) {
     const PaintedTexts status(Find<QLabel>("Status"));
     Window->Start("/l" + PathIn("start.t9t"));
     EXPECT_THAT(status.Texts,
-                ElementsAre("Lade Konstanten...", "Lade Ini-Datei...", "Lade Oberfläche...",
-                            "Lade Klingeltöne...", "Lade Startdatei...", "Sortiere, Durchgang 1",
-                            "Sortiert: 1", "Sortiere, Durchgang 2", "Sortiert: 0",
-                            "Suche Datensatz...", "Sortieren beendet", "OK"));
+                PaintedFrom({"Lade Konstanten...", "Lade Ini-Datei...", "Lade Oberfläche...",
+                             "Lade Klingeltöne...", "Lade Startdatei...", "Sortiere, Durchgang 1",
+                             "Sortiert: 1", "Sortiere, Durchgang 2", "Sortiert: 0",
+                             "Suche Datensatz...", "Sortieren beendet", "OK"}));
 }
 
 TEST_F(WindowStartup, AStartFileEndingInTxtGivesTheAutoloadMessageAndLeavesOneEmptyEntry) {
