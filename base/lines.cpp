@@ -3,23 +3,37 @@
 #include "base/runtimeerror.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace norvik {
 
 namespace {
 constexpr Byte CarriageReturn = 0x0D;
 constexpr Byte LineFeed = 0x0A;
+
+/// The place of the first `byte`, or the size where there is none.
+std::size_t Find(ByteView bytes, Byte byte) {
+    if (bytes.empty()) {  // may have no address to look at
+        return 0;
+    }
+    const void* found = std::memchr(bytes.data(), byte, bytes.size());
+    return found == nullptr
+               ? bytes.size()
+               : static_cast<std::size_t>(static_cast<const Byte*>(found) - bytes.data());
+}
+
 }  // namespace
 
 LineReader::LineReader(ByteView file)
-    : rest_(file),
-      lineEnd_(std::find(file.begin(), file.end(), CarriageReturn) != file.end() ? CarriageReturn
-                                                                                 : LineFeed) {}
+    : rest_(file), lineEnd_(Find(file, CarriageReturn) < file.size() ? CarriageReturn : LineFeed) {}
 
 Text LineReader::Next() {
-    const auto end = std::find(rest_.begin(), rest_.end(), lineEnd_);
-    const auto length = static_cast<std::size_t>(end - rest_.begin());
-    Text line = TextFromBytes(rest_.first(length));
+    return TextFromBytes(NextBytes());
+}
+
+ByteView LineReader::NextBytes() {
+    const std::size_t length = Find(rest_, lineEnd_);
+    const ByteView line = rest_.first(length);
     rest_ = rest_.subspan(std::min(length + 1, rest_.size()));
     if (lineEnd_ == CarriageReturn && !rest_.empty() && rest_.front() == LineFeed) {
         rest_ = rest_.subspan(1);
@@ -28,10 +42,14 @@ Text LineReader::Next() {
 }
 
 Text LineReader::NextOrRaise() {
+    return TextFromBytes(NextBytesOrRaise());
+}
+
+ByteView LineReader::NextBytesOrRaise() {
     if (AtEnd()) {
         throw RuntimeError(ErrorNumber::ReadPastEnd);
     }
-    return Next();
+    return NextBytes();
 }
 
 }  // namespace norvik

@@ -14,10 +14,15 @@ class LineReader {
     explicit LineReader(ByteView file);
 
     [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
+    /// The number of bytes that have not been read yet.
+    [[nodiscard]] std::size_t Remaining() const { return rest_.size(); }
     /// The next line without its end. Must not be called at the end.
     Text Next();
+    /// The same as bytes, a part of the file.
+    ByteView NextBytes();
     /// The next line; raises error 62 at the end.
     Text NextOrRaise();
+    ByteView NextBytesOrRaise();
 
   private:
     ByteView rest_;

@@ -1,6 +1,8 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace norvik {
 
@@ -93,7 +95,9 @@ bool Contains(TextView text, TextView part) {
 }
 
 Text Decimal(long long value) {
-    return FromAscii(std::to_string(value));
+    std::array<char, 20> digits{};  // the lowest value has so many, with its sign
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    return {digits.data(), end};
 }
 
 Text FromAscii(std::string_view ascii) {

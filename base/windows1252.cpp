@@ -21,14 +21,23 @@ constexpr std::array<char16_t, FirstLatin1 - FirstSpecial> Specials = {
 
 /// Whether the character's byte is its own code.
 constexpr bool IsOwnByte(char16_t character) {
-    return character < FirstSpecial || (character >= FirstLatin1 && character <= 0xFF);
+    return character <= 0xFF && (character & 0xE0U) != FirstSpecial;  // 0x80 to 0x9F are not
 }
+
+constexpr auto Characters = [] {
+    std::array<char16_t, 256> characters{};
+    for (std::size_t byte = 0; byte < characters.size(); ++byte) {
+        const bool special = byte >= FirstSpecial && byte < FirstLatin1;
+        characters.at(byte) =
+            special ? Specials.at(byte - FirstSpecial) : static_cast<char16_t>(byte);
+    }
+    return characters;
+}();
 
 }  // namespace
 
 char16_t CharacterOf(Byte byte) {
-    const bool special = byte >= FirstSpecial && byte < FirstLatin1;
-    return special ? Specials[static_cast<std::size_t>(byte - FirstSpecial)] : char16_t{byte};
+    return Characters[byte];
 }
 
 std::optional<Byte> ByteOf(char16_t character) {
@@ -43,24 +52,41 @@ std::optional<Byte> ByteOf(char16_t character) {
 }
 
 Text TextFromBytes(ByteView bytes) {
-    Text text(bytes.size(), u'\0');
-    std::transform(bytes.begin(), bytes.end(), text.begin(), CharacterOf);
+    Text text;
+    AssignFromBytes(text, bytes);
     return text;
 }
 
+void AssignFromBytes(Text& text, ByteView bytes) {
+    text.resize(bytes.size());
+    std::transform(bytes.begin(), bytes.end(), text.begin(), CharacterOf);
+}
+
 Bytes BytesFromText(TextView text) {
-    Bytes bytes(text.size());
-    std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t character) {
-        if (IsOwnByte(character)) {
-            return static_cast<Byte>(character);
-        }
-        const std::optional<Byte> byte = ByteOf(character);
-        if (!byte) {
-            throw RuntimeError(ErrorNumber::InvalidArgument);
-        }
-        return *byte;
-    });
+    Bytes bytes;
+    AppendBytes(bytes, text);
     return bytes;
+}
+
+void AppendBytes(Bytes& bytes, TextView text) {
+    const std::size_t start = bytes.size();
+    bytes.resize(start + text.size());
+    Byte* const to = bytes.data() + start;
+    // Without a way out of the loop it is done several characters at a time.
+    unsigned special = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        to[i] = static_cast<Byte>(text[i]);
+        special |= IsOwnByte(text[i]) ? 0U : 1U;
+    }
+    if (special != 0) {
+        std::transform(text.begin(), text.end(), to, [](char16_t character) {
+            const std::optional<Byte> byte = ByteOf(character);
+            if (!byte) {
+                throw RuntimeError(ErrorNumber::InvalidArgument);
+            }
+            return *byte;
+        });
+    }
 }
 
 }  // namespace norvik

@@ -24,7 +24,13 @@ std::optional<Byte> ByteOf(char16_t character);
 /// The text that the bytes stand for. Every byte has a character.
 Text TextFromBytes(ByteView bytes);
 
+/// Makes `text`, whose room it uses again, the text that the bytes stand for.
+void AssignFromBytes(Text& text, ByteView bytes);
+
 /// The bytes of a text. Raises run-time error 5 for a character outside the repertoire.
 Bytes BytesFromText(TextView text);
+
+/// Appends the bytes of a text; raises what BytesFromText raises.
+void AppendBytes(Bytes& bytes, TextView text);
 
 }  // namespace norvik

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     norvik::test::IdleDesktop desktop;
     for (const bool removeDoubles : {false, true}) {
         norvik::ResetRegister(state);
-        state.LoadReport.clear();
+        state.LoadReport.Clear();
         try {
             const int count = norvik::ReadCSV(state, norvik::ByteView(data, size), removeDoubles,
                                               settings, desktop);

@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static norvik::RegisterState state;
     norvik::test::IdleDesktop desktop;
     norvik::ResetRegister(state);
-    state.LoadReport.clear();
+    state.LoadReport.Clear();
     try {
         const int count = norvik::ReadRegisterFile(state, norvik::ByteView(data, size), desktop);
         Verify(count >= 0 && count <= norvik::RegisterPlaces);

@@ -70,7 +70,7 @@ void FindEntryLosses(const RegisterEntry& entry, FileFormat target, const Target
         return;
     }
     if (RowOf(target).Load != nullptr) {  // a load with its check follows
-        Text findings;                    // the repair alone matters
+        LongReport findings;              // the repair alone matters
         CheckEntry(rest, findings);
     }
     CompareValues(entry, rest, losses);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/longreport.h"
 #include "register/entry.h"
 #include "register/placetable.h"
 
@@ -39,8 +40,8 @@ struct RegisterState {
     bool RegisterSaved = true;
     Text LoadedModel;  ///< "195", "193", "175"; empty before the first device file and after a CSV
     CurrentFile File;
-    Text LoadReport;  ///< findings of a load, lines ended by CR LF
-    Text ReadTrace;   ///< the last 15 bytes read from a register file, as hexadecimal digits
+    LongReport LoadReport;  ///< findings of a load, lines ended by CR LF
+    Text ReadTrace;         ///< the last 15 bytes read from a register file, as hexadecimal digits
     /// The register may hold zeros for the outside line.
     bool WarnLineAccessZero = false;
     /// Changes whenever the register is emptied: what was taken from it before is stale then.

@@ -8,15 +8,15 @@ constexpr std::int32_t HighestCharge = 32768;
 constexpr std::int16_t HighestAnnouncement = 7;
 constexpr int HighestTone = 79;
 
-void AddFinding(Text& report, const RegisterEntry& entry, TextView finding, int value) {
-    report.append(u"#").append(Decimal(entry.RecIndex));
-    report.append(u"[").append(entry.Name).append(u"] ");
-    report.append(finding).append(Decimal(value)).append(LineEnd);
+void AddFinding(LongReport& report, const RegisterEntry& entry, TextView finding, int value) {
+    report.Append(u"#").Append(Decimal(entry.RecIndex));
+    report.Append(u"[").Append(entry.Name).Append(u"] ");
+    report.Append(finding).Append(Decimal(value)).Append(LineEnd);
 }
 
 }  // namespace
 
-int CheckEntry(RegisterEntry& entry, Text& report) {
+int CheckEntry(RegisterEntry& entry, LongReport& report) {
     if (entry.Name.empty()) {
         return 0;
     }
@@ -43,16 +43,13 @@ void CheckRegister(RegisterState& state, Desktop& desktop) {
     for (int index = 1; index <= RegisterPlaces; ++index) {
         findings += CheckEntry(state.Register(index), state.LoadReport);
     }
-    if (state.LoadReport.empty()) {
+    if (state.LoadReport.IsEmpty()) {
         return;
     }
     // A charge counter that is too high counts as corrected although it keeps its value.
-    MessageBox box;
-    box.text = u"Es wurden " + Decimal(findings) + u" Fehler korrigiert";
-    box.text.append(LineEnd).append(LineEnd).append(state.LoadReport);
-    box.title = u"Fehlerprüfung";
-    box.icon = Icon::Information;
-    desktop.Ask(box);
+    LongReport text(u"Es wurden " + Decimal(findings) + u" Fehler korrigiert");
+    text.Append(LineEnd).Append(LineEnd).Append(state.LoadReport);
+    desktop.Ask({.text = text.Shown(), .title = u"Fehlerprüfung", .icon = Icon::Information});
 }
 
 }  // namespace norvik

@@ -13,6 +13,6 @@ void CheckRegister(RegisterState& state, Desktop& desktop);
 
 /// Checks and repairs one entry and appends the findings to `report`; gives their number. An entry
 /// without a name is left as it is.
-int CheckEntry(RegisterEntry& entry, Text& report);
+int CheckEntry(RegisterEntry& entry, LongReport& report);
 
 }  // namespace norvik

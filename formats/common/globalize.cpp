@@ -10,8 +10,10 @@ constexpr TextView Allowed = u"+0123456789pw";
 
 Text Cleaned(TextView number, TextView allowed) {
     Text result;
+    result.reserve(number.size());
     for (std::size_t i = 0; i < number.size(); ++i) {
-        const std::size_t place = allowed.find(number[i]);
+        const bool digit = number[i] >= u'0' && number[i] <= u'9';  // most are, and all are allowed
+        const std::size_t place = digit ? 1 : allowed.find(number[i]);
         if (place != TextView::npos && (place > 0 || i == 0)) {
             result.push_back(number[i]);
         }

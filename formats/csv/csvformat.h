@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "formats/common/loadprogress.h"
 #include "formats/common/sourcefile.h"
 #include "register/register.h"
 #include "register/settings.h"
@@ -61,12 +62,13 @@ void LoadCSV(RegisterState& state, const FilePath& file, const Settings& setting
              Desktop& desktop);
 /// The same with a file that has been read already; `removeDoubles` stands for the "#D".
 void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
-             const Settings& settings, Desktop& desktop);
+             const Settings& settings, Desktop& desktop,
+             const Clock& clock = std::chrono::steady_clock::now);
 
 /// Takes the lines of a CSV file into the register's places from 1 on and notes doubled lines and
 /// names in LoadReport; gives the number of entries. Raises error 6 as LoadCSV does.
 int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
-            Desktop& desktop);
+            Desktop& desktop, const Clock& clock = std::chrono::steady_clock::now);
 
 /// The name that the reader makes of a name field: of one longer than 21 characters the first 20
 /// and a ".".

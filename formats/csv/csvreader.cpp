@@ -5,7 +5,9 @@
 #include "formats/csv/infoflow.h"
 #include "registertools/checkregister.h"
 
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace norvik {
 
@@ -76,24 +78,27 @@ void TakeFields(const CsvFields& fields, RegisterEntry& entry, const Settings& s
     entry.MsnFilter = FlagWord(fields);
 }
 
-/// The line before and where its first field stands in it; a line may be large, so no copy is made.
-struct PreviousLine {
+/// A line of the file with its fields, which are parts of its text.
+struct SplitLine {
+    ByteView Source;
     Text Line;
-    std::size_t NameStart = 0;
-    std::size_t NameLength = 0;
+    CsvFields Fields;
 
-    [[nodiscard]] TextView Name() const { return Slice(Line, NameStart, NameLength); }
+    [[nodiscard]] TextView Name() const { return Fields.Values[Column::Name]; }
 
-    /// `name` is a part of `line`.
-    void Remember(Text&& line, TextView name) {
-        NameStart = name.empty() ? 0 : static_cast<std::size_t>(name.data() - line.data());
-        NameLength = name.size();
-        Line = std::move(line);
+    void Take(ByteView source, bool quoted) {
+        Source = source;
+        AssignFromBytes(Line, source);
+        Fields = quoted ? SplitQuoted(Line) : SplitPlain(Line);
+    }
+    /// A line that was taken is known by its bytes, before anything is made of them.
+    [[nodiscard]] bool IsSame(ByteView source) const {
+        return std::equal(source.begin(), source.end(), Source.begin(), Source.end());
     }
 };
 
-void Note(Text& report, TextView finding, TextView name) {
-    report.append(finding).append(name).append(LineEnd);
+void Note(LongReport& report, TextView finding, TextView name) {
+    report.Append(finding).Append(name).Append(LineEnd);
 }
 
 }  // namespace
@@ -103,32 +108,41 @@ Text CsvName(TextView field) {
 }
 
 int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
-            Desktop& desktop) {
+            Desktop& desktop, const Clock& clock) {
     constexpr std::size_t FewestFields = 2;
     LineReader lines(file);
+    LoadProgress progress(u"CSV-Datei", file.size(), desktop, clock);
     const bool quoted = !lines.AtEnd() && IsQuotedHeader(lines.Next());
     int count = 0;
-    PreviousLine previous;
+    // Both empty before the first line; their room is used in turn.
+    std::array<SplitLine, 2> room;
+    SplitLine* line = &room.front();
+    SplitLine* previous = &room.back();
     while (!lines.AtEnd() && count < RegisterPlaces) {
-        Text line = lines.Next();
-        const CsvFields fields = quoted ? SplitQuoted(line) : SplitPlain(line);
-        const TextView name = fields.Values[Column::Name];
+        progress.Remaining(lines.Remaining());
+        const ByteView source = lines.NextBytes();
         const int place = count + 1;
         state.RegisterOrder(place) = static_cast<std::int16_t>(place);
-        if (fields.Count < FewestFields) {
-            // takes no position
-        } else if (removeDoubles && line == previous.Line) {
-            Note(state.LoadReport, u"Doublette entfernt: ", name);
-        } else {
-            if (name == previous.Name()) {
-                Note(state.LoadReport, u"Doppelter Name: ", name);
-            }
-            TakeFields(fields, state.Register(place), settings, desktop);
-            state.Register(place).RecIndex = static_cast<std::int16_t>(place - 1);
-            count = place;
+        const bool doubled = removeDoubles && line->IsSame(source);
+        if (!doubled) {
+            std::swap(line, previous);
+            line->Take(source, quoted);
         }
-        previous.Remember(std::move(line), name);
+        if (line->Fields.Count < FewestFields) {
+            continue;  // takes no position
+        }
+        if (doubled) {
+            Note(state.LoadReport, u"Doublette entfernt: ", line->Name());
+            continue;
+        }
+        if (line->Name() == previous->Name()) {
+            Note(state.LoadReport, u"Doppelter Name: ", line->Name());
+        }
+        TakeFields(line->Fields, state.Register(place), settings, desktop);
+        state.Register(place).RecIndex = static_cast<std::int16_t>(place - 1);
+        count = place;
     }
+    progress.Done();
     return count;
 }
 
@@ -148,13 +162,14 @@ void LoadCSV(RegisterState& state, const FilePath& file, const Settings& setting
 }
 
 void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
-             const Settings& settings, Desktop& desktop) {
+             const Settings& settings, Desktop& desktop, const Clock& clock) {
     ResetRegister(state);
-    state.LoadReport.clear();
-    SetCount(state, ReadCSV(state, file.Content, removeDoubles, settings, desktop));
+    state.LoadReport.Clear();
+    SetCount(state, ReadCSV(state, file.Content, removeDoubles, settings, desktop, clock));
     state.LoadedModel.clear();
-    if (!state.LoadReport.empty()) {
-        desktop.Ask({.text = state.LoadReport, .title = u"LadeCSV: Doubletten entfernt/Hinweise"});
+    if (!state.LoadReport.IsEmpty()) {
+        desktop.Ask(
+            {.text = state.LoadReport.Shown(), .title = u"LadeCSV: Doubletten entfernt/Hinweise"});
     }
     state.File = {.Type = u"CSV", .Path = file.Path, .Modified = file.Modified};
     CheckRegister(state, desktop);

@@ -18,14 +18,18 @@ class LineWriter {
           quote_(quoted ? 1 : 0, csvformat::Quote),
           between_(quote_ + csvformat::Separator + quote_) {}
 
-    template <typename Values>
-    void Write(const Values& values) {
-        line_.assign(quote_).append(values.front());
-        for (std::size_t i = 1; i < values.size(); ++i) {
-            line_.append(between_).append(values[i]);
-        }
+    void Add(TextView value) {
+        line_.append(first_ ? quote_ : between_).append(value);
+        first_ = false;
+    }
+
+    void EndLine() {
         line_.append(quote_).append(LineEnd);
-        output_.Write(BytesFromText(line_));
+        bytes_.clear();
+        AppendBytes(bytes_, line_);
+        output_.Write(bytes_);
+        line_.clear();
+        first_ = true;
     }
 
   private:
@@ -33,27 +37,35 @@ class LineWriter {
     Text quote_;
     Text between_;
     Text line_;  ///< one for the whole file, so that its room is taken once
+    Bytes bytes_;
+    bool first_ = true;
 };
+
+/// Hands the values of an entry to `take`, column by column, without making texts of them that
+/// nobody keeps.
+template <typename Take>
+void GiveValues(const RegisterEntry& entry, Take take) {
+    take(entry.Name);
+    take(entry.Tel);
+    for (std::size_t line = 0; line < InfoLines; ++line) {
+        take(RightTrim(Slice(entry.Info, line * InfoLineWidth, InfoLineWidth)));
+    }
+    take(Decimal(entry.AB));
+    take(Decimal(entry.Ton & ToneMask));
+    take(YesOrNo(HasOwnTone(entry)));
+    take(MsnOf(entry) <= LastMsn ? Hex2(MsnOf(entry) + 1) : Hex2(0));
+    const auto filter = static_cast<std::size_t>(FilterOf(entry)) * csvformat::FilterNameLength;
+    take(Slice(csvformat::FilterNames, filter, csvformat::FilterNameLength));
+    take(Decimal(entry.GebEinh));
+    take(YesOrNo(HasChargeCounter(entry)));
+}
 
 }  // namespace
 
 std::array<Text, csvformat::Columns> CsvValues(const RegisterEntry& entry) {
     std::array<Text, csvformat::Columns> values;
-    values[Column::Name] = entry.Name;
-    values[Column::Tel] = entry.Tel;
-    for (int line = 0; line < InfoLines; ++line) {
-        const std::size_t start = static_cast<std::size_t>(line) * InfoLineWidth;
-        values.at(Column::Info1 + static_cast<std::size_t>(line)) =
-            RightTrim(Slice(entry.Info, start, InfoLineWidth));
-    }
-    values[Column::AB] = Decimal(entry.AB);
-    values[Column::Ton] = Decimal(entry.Ton & ToneMask);
-    values[Column::EnTonColumn] = YesOrNo(HasOwnTone(entry));
-    values[Column::Msn] = MsnOf(entry) <= LastMsn ? Hex2(MsnOf(entry) + 1) : Hex2(0);
-    const auto filter = static_cast<std::size_t>(FilterOf(entry)) * csvformat::FilterNameLength;
-    values[Column::Filter] = Slice(csvformat::FilterNames, filter, csvformat::FilterNameLength);
-    values[Column::GebEinh] = Decimal(entry.GebEinh);
-    values[Column::EnGebColumn] = YesOrNo(HasChargeCounter(entry));
+    std::size_t column = 0;
+    GiveValues(entry, [&](TextView value) { values.at(column++) = value; });
     return values;
 }
 
@@ -69,9 +81,13 @@ void SaveCSV(RegisterState& state, const FilePath& file, Desktop& desktop) {
 void WriteCSV(RegisterState& state, const FilePath& file, bool quoted) {
     OutputFile output(file);
     LineWriter lines(output, quoted);
-    lines.Write(csvformat::Headers);
+    for (const TextView header : csvformat::Headers) {
+        lines.Add(header);
+    }
+    lines.EndLine();
     for (int position = 1; position <= state.AnzGes; ++position) {
-        lines.Write(CsvValues(EntryAt(state, position)));
+        GiveValues(EntryAt(state, position), [&lines](TextView value) { lines.Add(value); });
+        lines.EndLine();
     }
     output.Close();
     state.RegisterSaved = true;

@@ -3,6 +3,7 @@
 #include "register/entry.h"
 
 #include <algorithm>
+#include <array>
 
 namespace norvik {
 
@@ -18,23 +19,27 @@ constexpr TextView Ellipsis = u"...";
 class InfoText {
   public:
     void AddLine(TextView line) {
-        const Text padded = PadOrCut(line, InfoLineWidth);
-        if (text_.size() < InfoWidth) {
-            text_ += padded;
+        const TextView shown = line.substr(0, InfoLineWidth);
+        if (size_ < InfoWidth) {
+            auto* const end = std::copy(shown.begin(), shown.end(), text_.begin() + size_);
+            size_ += InfoLineWidth;
+            std::fill(end, text_.begin() + size_, u' ');
         } else {
-            surplus_ = surplus_ || !RightTrim(padded).empty();
+            surplus_ = surplus_ || !RightTrim(shown).empty();
         }
     }
 
     [[nodiscard]] Text Result() const {
+        const TextView text(text_.data(), size_);
         if (surplus_) {
-            return text_.substr(0, InfoWidth - Ellipsis.size()).append(Ellipsis);
+            return Text(text.substr(0, InfoWidth - Ellipsis.size())).append(Ellipsis);
         }
-        return Text(RightTrim(text_));
+        return Text(RightTrim(text));
     }
 
   private:
-    Text text_;
+    std::array<char16_t, InfoWidth> text_;  ///< filled up to size_
+    std::size_t size_ = 0;
     /// There is more than blanks behind the six lines.
     bool surplus_ = false;
 };

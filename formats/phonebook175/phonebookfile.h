@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "formats/common/loadprogress.h"
 #include "formats/common/sourcefile.h"
 #include "register/register.h"
 
@@ -34,7 +35,8 @@ bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& de
 
 /// Reads the lines behind the identification line into the register's places from 1 on; gives the
 /// number of whole entries. Raises error 62 at an end inside an entry.
-int ReadPhonebookEntries(RegisterState& state, class LineReader& lines, Desktop& desktop);
+int ReadPhonebookEntries(RegisterState& state, class LineReader& lines, Desktop& desktop,
+                         const Clock& clock = std::chrono::steady_clock::now);
 
 /// Writes the register in its order and sets RegisterSaved. Takes the blanks off both ends of each
 /// entry's info text, in the register too. Raises what writing raises.

@@ -2,8 +2,6 @@
 #include "formats/phonebook175/phonebookfile.h"
 #include "registertools/checkregister.h"
 
-#include <utility>
-
 namespace norvik {
 
 namespace {
@@ -14,12 +12,13 @@ constexpr std::size_t InfoWidth = InfoLines * InfoLineWidth;
 
 /// Reads the eight lines of an entry. Gives false, after a message, at a line that ends it early:
 /// one with a wrong key for the name or number, or, once the file is known to be corrupt, any info
-/// line.
-bool ReadEntry(LineReader& lines, RegisterEntry& entry, bool& corrupt, Desktop& desktop) {
+/// line. `line` is the room of its lines.
+bool ReadEntry(LineReader& lines, Text& line, RegisterEntry& entry, bool& corrupt,
+               Desktop& desktop) {
     constexpr int NameLine = -1;
     constexpr int TelLine = 0;
     for (int j = NameLine; j <= InfoLines; ++j) {
-        const Text line = lines.NextOrRaise();
+        AssignFromBytes(line, lines.NextBytesOrRaise());
         const TextView key = Slice(line, 0, KeyLength);
         const TextView value = Slice(line, KeyLength);
         if (j == NameLine && key == NameKey) {
@@ -32,9 +31,11 @@ bool ReadEntry(LineReader& lines, RegisterEntry& entry, bool& corrupt, Desktop& 
         }
         if (j <= TelLine || key != InfoKey) {
             corrupt = true;
-        } else if (entry.Info.size() < InfoWidth) {
+        } else if (const std::size_t width = entry.Info.size() + InfoLineWidth;
+                   width <= InfoWidth) {
             // In a corrupt file an entry is begun again and again; its text stays an info text.
-            entry.Info += PadOrCut(value, InfoLineWidth);
+            entry.Info.append(Slice(value, 0, InfoLineWidth));
+            entry.Info.resize(width, u' ');
         }
         if (corrupt) {
             desktop.Ask({.text = u"175-Datei korrupt, Lesen abgebrochen",
@@ -48,21 +49,26 @@ bool ReadEntry(LineReader& lines, RegisterEntry& entry, bool& corrupt, Desktop& 
 
 }  // namespace
 
-int ReadPhonebookEntries(RegisterState& state, LineReader& lines, Desktop& desktop) {
+int ReadPhonebookEntries(RegisterState& state, LineReader& lines, Desktop& desktop,
+                         const Clock& clock) {
+    LoadProgress progress(u"175-Datei", lines.Remaining(), desktop, clock);
     int count = 0;
+    Text line;
     bool corrupt = false;  // set once and never cleared
     while (count < RegisterPlaces && !lines.AtEnd()) {
         const int place = count + 1;
         state.RegisterOrder(place) = static_cast<std::int16_t>(place);
         RegisterEntry& entry = state.Register(place);
-        if (!ReadEntry(lines, entry, corrupt, desktop)) {
+        progress.Remaining(lines.Remaining());
+        if (!ReadEntry(lines, line, entry, corrupt, desktop)) {
             continue;
         }
-        entry.Info = RightTrim(entry.Info);
+        entry.Info.resize(RightTrim(entry.Info).size());
         entry.RecIndex = static_cast<std::int16_t>(place);
         entry.MsnFilter = MsnOfTelephone;
         count = place;
     }
+    progress.Done();
     return count;
 }
 
@@ -74,14 +80,13 @@ bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& de
     LineReader lines(file.Content);
     const Text first = lines.NextOrRaise();
     if (TrimBlanks(first) != phonebookfile::Identification) {
-        Text text = u"Dies ist keine Norvik-175-Registerdatei!";
-        text.reserve(text.size() + first.size() + LineEnd.size() + 2);  // may be a whole file
-        text.append(LineEnd).append(u"(").append(first).append(u")");
-        desktop.Ask({.text = std::move(text), .title = u"Fehlermeldung", .icon = Icon::Critical});
+        LongReport text(u"Dies ist keine Norvik-175-Registerdatei!");
+        text.Append(LineEnd).Append(u"(").Append(first).Append(u")");  // may be a whole file
+        desktop.Ask({.text = text.Shown(), .title = u"Fehlermeldung", .icon = Icon::Critical});
         return false;
     }
     ResetRegister(state);
-    state.LoadReport.clear();
+    state.LoadReport.Clear();
     desktop.SetPointer(Pointer::Hourglass);
     const int count = ReadPhonebookEntries(state, lines, desktop);
     desktop.SetPointer(Pointer::Normal);

@@ -6,10 +6,33 @@ namespace {
 
 using namespace phonebookfile;
 
-void WriteLine(OutputFile& file, TextView key, TextView value) {
-    Text line(key);
-    line.append(value).append(LineEnd);
-    file.Write(BytesFromText(line));
+/// Writes lines, several at a time; the room for them is taken once for the whole file.
+class LineWriter {
+  public:
+    explicit LineWriter(OutputFile& file) : file_(file) {}
+
+    void Add(TextView key, TextView value) { lines_.append(key).append(value).append(LineEnd); }
+
+    /// Writes the lines that were added.
+    void Write() {
+        bytes_.clear();
+        AppendBytes(bytes_, lines_);
+        file_.Write(bytes_);
+        lines_.clear();
+    }
+
+  private:
+    OutputFile& file_;
+    Text lines_;
+    Bytes bytes_;
+};
+
+/// Takes the blanks off both ends; most texts have none.
+void Trim(Text& text) {
+    const TextView trimmed = TrimBlanks(text);
+    if (trimmed.size() < text.size()) {
+        text = Text(trimmed);
+    }
 }
 
 }  // namespace
@@ -17,15 +40,18 @@ void WriteLine(OutputFile& file, TextView key, TextView value) {
 void WritePhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
     desktop.SetPointer(Pointer::Hourglass);
     OutputFile file(path);
-    WriteLine(file, u"", Identification);
+    LineWriter lines(file);
+    lines.Add(u"", Identification);
+    lines.Write();
     for (int position = 1; position <= state.AnzGes; ++position) {
         RegisterEntry& entry = EntryAt(state, position);
-        WriteLine(file, NameKey, entry.Name);
-        WriteLine(file, TelKey, entry.Tel);
-        entry.Info = Text(TrimBlanks(entry.Info));
+        lines.Add(NameKey, entry.Name);
+        lines.Add(TelKey, entry.Tel);
+        Trim(entry.Info);
         for (std::size_t line = 0; line < InfoLines; ++line) {
-            WriteLine(file, InfoKey, Slice(entry.Info, line * InfoLineWidth, InfoLineWidth));
+            lines.Add(InfoKey, Slice(entry.Info, line * InfoLineWidth, InfoLineWidth));
         }
+        lines.Write();
     }
     file.Close();
     state.RegisterSaved = true;

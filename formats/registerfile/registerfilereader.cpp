@@ -148,9 +148,9 @@ int ReadRegisterFile(RegisterState& state, ByteView bytes, Desktop& desktop) {
 }
 
 void ShowFindings(RegisterState& state, Desktop& desktop) {
-    if (!state.LoadReport.empty()) {
-        desktop.Ask({.text = state.LoadReport, .title = u"Debugs beim Einlesen"});
-        state.LoadReport.clear();
+    if (!state.LoadReport.IsEmpty()) {
+        desktop.Ask({.text = state.LoadReport.Shown(), .title = u"Debugs beim Einlesen"});
+        state.LoadReport.Clear();
     }
 }
 
@@ -158,7 +158,7 @@ namespace {
 
 void Empty(RegisterState& state) {
     ResetRegister(state);
-    state.LoadReport.clear();
+    state.LoadReport.Clear();
 }
 
 void ReportError(const RuntimeError& error, Desktop& desktop) {

@@ -1,5 +1,6 @@
 #include "base/lines.h"
 
+#include "base/runtimeerror.h"
 #include "tests/support/testfolder.h"
 
 #include <gtest/gtest.h>
@@ -55,6 +56,20 @@ TEST(LineReader, TheLastLineNeedsNoLineEnd) {
 TEST(LineReader, EmptyLinesCount) {
     EXPECT_EQ(LinesOf(Raw("0D 0A 'a' 0D 0A 0D 0A")), (Lines{u"", u"a", u""}));
     EXPECT_EQ(LinesOf(Raw("0D 0D")), (Lines{u"", u""}));
+}
+
+TEST(LineReader, GivesLinesAsBytesAndWhatRemains) {
+    const Bytes file = Raw("'ab' 0D 0A 80 0D");
+    LineReader reader(file);
+    EXPECT_EQ(reader.Remaining(), 6U);
+    const ByteView first = reader.NextBytes();
+    EXPECT_EQ(Bytes(first.begin(), first.end()), Raw("'ab'"));
+    EXPECT_EQ(first.data(), file.data());
+    EXPECT_EQ(reader.Remaining(), 2U);
+    const ByteView second = reader.NextBytesOrRaise();
+    EXPECT_EQ(Bytes(second.begin(), second.end()), Raw("80"));
+    EXPECT_EQ(reader.Remaining(), 0U);
+    EXPECT_THROW(reader.NextBytesOrRaise(), RuntimeError);
 }
 
 TEST(LineReader, AnEmptyFileHasNoLine) {

@@ -1,6 +1,7 @@
 #include "base/windows1252.h"
 
 #include "base/runtimeerror.h"
+#include "tests/support/testfolder.h"
 
 #include <gtest/gtest.h>
 
@@ -76,6 +77,24 @@ TEST(BytesFromText, ACharacterOutsideTheRepertoireRaisesError5) {
             EXPECT_EQ(error.Number(), ErrorNumber::InvalidArgument);
         }
     }
+}
+
+TEST(AssignFromBytes, ReplacesTheText) {
+    Text text = u"a longer text than the new one";
+    AssignFromBytes(text, Raw("'b' 80"));
+    EXPECT_EQ(text, u"b€");
+    AssignFromBytes(text, {});
+    EXPECT_EQ(text, u"");
+}
+
+TEST(AppendBytes, AppendsBehindWhatIsThere) {
+    Bytes bytes;
+    AppendBytes(bytes, u"");
+    EXPECT_EQ(bytes, Bytes());
+    AppendBytes(bytes, u"a€");
+    AppendBytes(bytes, u"Ÿ");
+    EXPECT_EQ(bytes, Raw("'a' 80 9F"));
+    EXPECT_THROW(AppendBytes(bytes, u"\u0100"), RuntimeError);
 }
 
 }  // namespace

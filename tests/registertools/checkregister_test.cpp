@@ -43,7 +43,7 @@ TEST(CheckRegister, ARegisterOfValidEntriesShowsNoMessage) {
 
 TEST(CheckRegister, TheLoadersLinesAreShownWithTheCount0) {
     RegisterState state = RegisterOf({Entry(u"Anna")});
-    state.LoadReport = u"Doppelter Name: Anna\r\n";
+    state.LoadReport = LongReport(u"Doppelter Name: Anna\r\n");
     EXPECT_THAT(Check(state), ElementsAre(Report(u"Es wurden 0 Fehler korrigiert\r\n\r\n"
                                                  u"Doppelter Name: Anna\r\n")));
 }
@@ -51,7 +51,7 @@ TEST(CheckRegister, TheLoadersLinesAreShownWithTheCount0) {
 TEST(CheckRegister, TheFindingsFollowTheLoadersLinesWhichAreNotCounted) {
     RegisterState state = OneEntry();
     state.Register(1).AB = 8;
-    state.LoadReport = u"eins\r\nzwei\r\n";
+    state.LoadReport = LongReport(u"eins\r\nzwei\r\n");
     EXPECT_THAT(Check(state),
                 ElementsAre(Report(u"Es wurden 1 Fehler korrigiert\r\n\r\neins\r\nzwei\r\n"
                                    u"#12[Müller] Ansage zu hoch: 8\r\n")));

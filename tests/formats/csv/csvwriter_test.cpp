@@ -202,7 +202,7 @@ TEST(SaveCSV, MarksTheRegisterAsSavedAndChangesNothingElse) {
     state.File.Type = u"193";
     state.File.Path = "/alt.t9t";
     state.File.Modified = FileTime{std::chrono::seconds{5}};
-    state.LoadReport = u"alt\r\n";
+    state.LoadReport = LongReport(u"alt\r\n");
     const Contents before = ContentsOf(state);
 
     Saved(state, Button::No);

@@ -27,7 +27,7 @@ RegisterState Loaded() {
     state.LoadedModel = u"195";
     state.File.Type = u"195";
     state.File.Path = "/old.t9t";
-    state.LoadReport = u"old\r\n";
+    state.LoadReport = LongReport(u"old\r\n");
     state.Register(1).Listed = true;
     return state;
 }

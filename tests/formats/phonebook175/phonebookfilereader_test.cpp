@@ -5,6 +5,7 @@
 #include "base/runtimeerror.h"
 #include "tests/support/builders.h"
 #include "tests/support/scripteddesktop.h"
+#include "tests/support/stepclock.h"
 #include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
@@ -232,6 +233,33 @@ TEST(ReadPhonebookEntries, GivesTheNumberOfWholeEntries) {
     LineReader lines(ByteView(reinterpret_cast<const Byte*>(file.data()), file.size()));
     EXPECT_EQ(ReadPhonebookEntries(state, lines, desktop), 2);
     EXPECT_EQ(desktop.Transcript, Lines(1 + 6, CorruptBox));
+}
+
+TEST(ReadPhonebookEntries, ALongLoadShowsHowFarItHasCome) {
+    const std::string line = "I=" + std::string(32767, 'x') + "\r";
+    std::string file;
+    for (int entry = 0; entry < 2; ++entry) {
+        file += "N=Anna\rP=1\r" + line + line + line + line + line + line;
+    }
+    RegisterState state;
+    ScriptedDesktop desktop;
+    LineReader lines(ByteView(reinterpret_cast<const Byte*>(file.data()), file.size()));
+    EXPECT_EQ(ReadPhonebookEntries(state, lines, desktop, StepClock(std::chrono::seconds(1))), 2);
+    EXPECT_THAT(desktop.Transcript, ElementsAre("status \"175-Datei wird gelesen... 50 %\"",
+                                                "status \"175-Datei gelesen\""));
+}
+
+TEST(ReadPhonebookEntries, ALongLoadThatIsAbortedSaysSo) {
+    const std::string line = "I=" + std::string(32767, 'x') + "\r";
+    const std::string file =
+        "N=Anna\rP=1\r" + line + line + line + line + line + line + "N=Bernd\r";
+    RegisterState state;
+    ScriptedDesktop desktop;
+    LineReader lines(ByteView(reinterpret_cast<const Byte*>(file.data()), file.size()));
+    EXPECT_THROW(ReadPhonebookEntries(state, lines, desktop, StepClock(std::chrono::seconds(1))),
+                 RuntimeError);
+    EXPECT_THAT(desktop.Transcript, ElementsAre("status \"175-Datei wird gelesen... 99 %\"",
+                                                "status \"175-Datei nicht ganz gelesen\""));
 }
 
 }  // namespace

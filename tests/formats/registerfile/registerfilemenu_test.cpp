@@ -28,7 +28,7 @@ RegisterState Old() {
     state.Satzwahl.Value = 3;
     state.LoadedModel = u"175";
     state.File.Type = u"175";
-    state.LoadReport = u"old\r\n";
+    state.LoadReport = LongReport(u"old\r\n");
     return state;
 }
 

@@ -31,7 +31,7 @@ RegisterState Loaded() {
     state.LoadedModel = u"175";
     state.File.Type = u"175";
     state.File.Path = "/old.pbo";
-    state.LoadReport = u"old\r\n";
+    state.LoadReport = LongReport(u"old\r\n");
     state.Register(1).Listed = true;
     return state;
 }
@@ -100,7 +100,7 @@ TEST(LoadRegisterFile, ShowsTheNewFileAndNotTheOldOne) {
 
 TEST(ShowFindings, AreShownOnceInABoxOfTheirOwn) {
     RegisterState state;
-    state.LoadReport = u"erstens\r\nzweitens\r\n";
+    state.LoadReport = LongReport(u"erstens\r\nzweitens\r\n");
     ScriptedDesktop desktop;
     ShowFindings(state, desktop);
     ShowFindings(state, desktop);
