@@ -17,7 +17,7 @@ struct Program {
     Settings Set;
     RegisterState State;
     MainWindowFields Fields;
-    Text SearchTerm;    ///< survives from one search to the next
+    Text SearchTerm;          ///< survives from one search to the next
     RegisterListFields List;  ///< of the register list's window
     SyncState Sync;
     /// Where the help documents are installed; those in Folder come first.

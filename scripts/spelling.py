@@ -116,6 +116,8 @@ def from_cpp(text, with_texts):
             yield from prose(re.sub(r"&|\\[nrt]", lambda m: "" if m.group() == "&" else " ",
                                     match["text"]), EITHER, line)
     for line, comment in comment_lines.items():
+        if comment.startswith("namespace "):  # behind the brace that ends it
+            continue
         yield from prose(comment, ENGLISH, line)
 
 

@@ -45,6 +45,7 @@ cat > qt/window.cpp <<'TEXT'
 const char* Name = "xname // xnone";  ///< The namex.
 const Text Caption = u"&Schließxen\n&Fenster";
 char Quote = '"';  // afterx it
+}  // namespace xnorvik
 TEXT
 cp qt/window.cpp tests/window_test.cpp
 printf '#!/usr/bin/env python3\n"""The docx string."""\nxname = "xtext"  # a commenxt\n' > scripts/tool.py
