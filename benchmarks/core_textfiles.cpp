@@ -72,6 +72,42 @@ void LoadCsv_Baseline(benchmark::State& run) {
 }
 BENCHMARK(LoadCsv_Baseline)->Apply(EntryCounts);
 
+/// A file of equal lines, of which all but one are left out.
+FilePath DoubledFile() {
+    const FilePath path = FileNamed("norvik-benchmark-doubled.csv");
+    constexpr int Lines = 500'000;
+    Text file = u"Name;Tel\r\n";
+    for (int line = 0; line < Lines; ++line) {
+        file += u"Anna;1\r\n";
+    }
+    OutputFile output(path);
+    output.Write(BytesFromText(file));
+    output.Close();
+    return path;
+}
+
+void LoadDoubledCsv(benchmark::State& run) {
+    const SourceFile file = ReadSourceFile(DoubledFile());
+    const Settings settings;
+    test::IdleDesktop desktop;
+    RegisterState state;
+    for (auto _ : run) {
+        LoadCSV(state, file, true, settings, desktop);
+    }
+}
+BENCHMARK(LoadDoubledCsv)->Unit(benchmark::kMicrosecond);
+
+void LoadDoubledCsv_Baseline(benchmark::State& run) {
+    const Bytes file = ReadWholeFile(DoubledFile());
+    for (auto _ : run) {
+        LineReader lines(file);
+        while (!lines.AtEnd()) {
+            benchmark::DoNotOptimize(lines.Next());
+        }
+    }
+}
+BENCHMARK(LoadDoubledCsv_Baseline)->Unit(benchmark::kMicrosecond);
+
 void SaveCsv(benchmark::State& run) {
     RegisterState state = Entries(run);
     test::IdleDesktop desktop;
