@@ -24,12 +24,16 @@ struct MessageBox {
     std::vector<Button> buttons = {Button::Ok};
     /// Must be one of `buttons`.
     Button defaultButton = Button::Ok;
+    /// Where it is set, the box offers to answer all further ones alike and puts here whether the
+    /// user wants that.
+    bool* ForAll = nullptr;
 };
 
 struct InputBox {
     Text prompt;
     Text title;
     Text preset = {};
+    bool* ForAll = nullptr;  ///< as in a MessageBox
 };
 
 struct FileDialog {
@@ -59,6 +63,9 @@ class Desktop {
     virtual std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) = 0;
     /// A name to save under; the user has agreed to replace a file of that name.
     virtual std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) = 0;
+    /// Whether a file whose name the program makes itself may be replaced; asks as a save dialog
+    /// does.
+    virtual bool AskToReplace(const FilePath& file) = 0;
 
     // Show. A desktop without a screen shows nothing.
 

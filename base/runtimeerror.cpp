@@ -1,8 +1,13 @@
 #include "base/runtimeerror.h"
 
+#include <utility>
+
 namespace norvik {
 
 RuntimeError::RuntimeError(ErrorNumber number) : number_(number) {}
+
+RuntimeError::RuntimeError(ErrorNumber number, Text cause)
+    : number_(number), cause_(std::make_shared<const Text>(std::move(cause))) {}
 
 TextView RuntimeError::Description() const {
     switch (number_) {
@@ -38,6 +43,10 @@ TextView RuntimeError::Description() const {
 
 Text RuntimeError::NumberAndDescription() const {
     return Decimal(static_cast<int>(number_)).append(Description());
+}
+
+TextView RuntimeError::Cause() const {
+    return cause_ ? TextView(*cause_) : TextView();
 }
 
 const char* RuntimeError::what() const noexcept {

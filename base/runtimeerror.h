@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <exception>
+#include <memory>
 
 namespace norvik {
 
@@ -28,16 +29,21 @@ enum class ErrorNumber {
 class RuntimeError : public std::exception {
   public:
     explicit RuntimeError(ErrorNumber number);
+    /// `cause` names what in particular is at fault, for example an entry and its value.
+    RuntimeError(ErrorNumber number, Text cause);
 
     [[nodiscard]] ErrorNumber Number() const { return number_; }
     /// The German description, for example "Index außerhalb des gültigen Bereichs".
     [[nodiscard]] TextView Description() const;
     /// Number and description one directly after the other, as messages show them.
     [[nodiscard]] Text NumberAndDescription() const;
+    /// What in particular is at fault; empty where that is not known.
+    [[nodiscard]] TextView Cause() const;
     [[nodiscard]] const char* what() const noexcept override;
 
   private:
     ErrorNumber number_;
+    std::shared_ptr<const Text> cause_;  ///< shared, so that copying an error never fails
 };
 
 /// Ends the program at once, without a question and without saving. No operation catches it; it is

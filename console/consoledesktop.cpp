@@ -28,4 +28,8 @@ std::optional<FilePath> ConsoleDesktop::AskForFileToSave(const FileDialog& /*dia
     return std::nullopt;
 }
 
+bool ConsoleDesktop::AskToReplace(const FilePath& /*file*/) {
+    return false;
+}
+
 }  // namespace norvik

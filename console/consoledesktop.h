@@ -23,6 +23,7 @@ class ConsoleDesktop : public Desktop {
     /// The files are named on the command line: none is ever chosen here.
     std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
+    bool AskToReplace(const FilePath& file) override;
 
   private:
     Text msn_;

@@ -19,8 +19,9 @@ bool IsControl(char16_t c) {
 }
 
 /// Text put into a field by the user, made fit for it: a CR LF or any other control character is
-/// one blank. Nothing for a text with a character outside the repertoire.
-std::optional<Text> Cleaned(std::u16string_view inserted) {
+/// one blank, a tab only where it is not wanted. Nothing for a text with a character outside the
+/// repertoire.
+std::optional<Text> Cleaned(std::u16string_view inserted, bool takesTab) {
     Text cleaned;
     for (std::size_t i = 0; i < inserted.size(); ++i) {
         const char16_t c = inserted[i];
@@ -29,7 +30,7 @@ std::optional<Text> Cleaned(std::u16string_view inserted) {
         }
         const bool secondOfLineEnd = c == u'\n' && i > 0 && inserted[i - 1] == u'\r';
         if (!secondOfLineEnd) {
-            cleaned.push_back(IsControl(c) ? u' ' : c);
+            cleaned.push_back(IsControl(c) && !(takesTab && c == Tab) ? u' ' : c);
         }
     }
     return cleaned;
@@ -58,7 +59,7 @@ FieldEdit ChangeField(TextView before, std::u16string_view after, std::size_t cu
     const std::size_t end =
         CommonEnd(before.substr(std::min(start, before.size())), after.substr(start));
     const std::u16string_view inserted = after.substr(start, after.size() - start - end);
-    const std::optional<Text> cleaned = Cleaned(inserted);
+    const std::optional<Text> cleaned = Cleaned(inserted, rule.TakesTab);
     if (!cleaned) {
         return {.FieldText = Text(before), .Cursor = std::min(start, before.size()), .Beep = true};
     }

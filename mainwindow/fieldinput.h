@@ -13,6 +13,8 @@ struct FieldRule {
     std::size_t Width = std::numeric_limits<std::size_t>::max();
     /// The text always has exactly `Width` characters.
     bool Padded = false;
+    /// A tab that is put in stays one; it is a blank elsewhere.
+    bool TakesTab = false;
 };
 
 /// Name and number: up to 21 characters; an info line: always 21; an input box: any length.

@@ -33,6 +33,7 @@ inline constexpr int NameField = 0;
 inline constexpr int TelField = 1;
 inline constexpr int FirstDiagnosticField = 2;
 inline constexpr int ChargeUnitsField = 3;
+inline constexpr int MsnFilterField = 5;
 inline constexpr int LastDiagnosticField = 7;
 inline constexpr int FirstInfoField = 8;
 inline constexpr int TextFields = FirstInfoField + InfoLines;
@@ -51,7 +52,7 @@ struct MainWindowFields {
     bool chkCharge = false;
     int OptFilter = 0;  ///< the option button that is on
     Text AnzGeb;
-    bool ChargeErased = false;  ///< AnzGeb was cleared and not stored yet
+    bool ChargeErased = false;  ///< cleared on screen since the entry was shown
     bool chkExport = false;
     int Index = 0;  ///< table index of the shown entry
     bool chkListFilter = false;

@@ -160,13 +160,15 @@ void Bild1_Click(const Program& program, Desktop& desktop) {
 
 void mnuBearbeitenKillMSN(Program& program, Desktop& desktop) {
     if (RemoveMsns(program.State, desktop)) {
+        // What is stored is shown at once; the other fields keep what the user typed.
         program.Fields.DDMSN = 0;
+        const RegisterEntry& entry = EntryAt(program.State, program.State.AnzNr);
+        program.Fields.Anzeigefeld[MsnFilterField] = Hex2(entry.MsnFilter);
     }
 }
 
 void mnuGebDelete(Program& program, Desktop& desktop) {
     if (ClearCharges(program.State, desktop)) {
-        // What is stored is shown at once; the other fields keep what the user typed.
         program.Fields.AnzGeb = FormatAmount(0);
         program.Fields.Anzeigefeld[ChargeUnitsField] = Decimal(0);
     }

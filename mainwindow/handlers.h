@@ -47,7 +47,7 @@ void Anzeigefeld_KeyDown(Program& program, int field, FieldKey key, bool shift, 
 /// Asks for a number and shows its international form.
 void Bild1_Click(const Program& program, Desktop& desktop);
 
-/// Removes the outgoing MSN of all entries; the shown entry's choice follows at once.
+/// Removes the outgoing MSN of all entries; the shown entry's choice and raw value follow at once.
 void mnuBearbeitenKillMSN(Program& program, Desktop& desktop);
 /// Clears all charge counters; the shown amount follows at once.
 void mnuGebDelete(Program& program, Desktop& desktop);

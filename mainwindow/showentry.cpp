@@ -96,7 +96,7 @@ void StoreEntry(const MainWindowFields& fields, RegisterState& state) {
     }
     entry.Info = RightTrim(info);
     entry.Ton = ToneOf(fields);
-    if (ParseDecimal(fields.AnzGeb) == 0) {
+    if (fields.ChargeErased) {  // an amount of 0,00 may just be that of a small unit price
         entry.GebEinh = 0;
     }
     entry.AB = static_cast<std::int16_t>(fields.DDAB == NoItem ? 0 : fields.DDAB);

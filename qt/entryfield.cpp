@@ -42,8 +42,8 @@ void FieldValidator::Show(const QString& text) {
     text_ = field_->text();  // a text that the field holds already is not validated
 }
 
-void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep) {
-    auto* validator = new FieldValidator(FieldRule(), input);
+void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep, const FieldRule& rule) {
+    auto* validator = new FieldValidator(rule, input);
     QObject::connect(validator, &FieldValidator::beeped, input, beep);
     input->setValidator(validator);
     validator->Show(input->text());

@@ -38,7 +38,8 @@ class FieldValidator : public QValidator {
 };
 
 /// Makes a line edit refuse characters that no text of the system can hold; `beep` tells the user.
-void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep);
+void LimitToRepertoire(QLineEdit* input, const std::function<void()>& beep,
+                       const FieldRule& rule = {});
 /// Shows a text of the program's in such a line edit, as it is.
 void ShowLimited(QLineEdit* input, const QString& text);
 

@@ -25,9 +25,19 @@ QStringList NameFilters(TextView filter) {
     return filters;
 }
 
-/// The toolkit's dialog with its overwrite question in plain text: a file's name is no markup. The
-/// question is asked for the name with its ending; the toolkit itself appends one to typed names
-/// alone, not to those of clicked rows.
+/// The toolkit's overwrite question in plain text: a file's name is no markup.
+bool ConfirmsReplacing(const QString& name, const QString& title, QWidget* parent) {
+    QMessageBox question(
+        QMessageBox::Warning, title,
+        QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(name),
+        QMessageBox::Yes | QMessageBox::No, parent);
+    question.setTextFormat(Qt::PlainText);
+    question.setDefaultButton(QMessageBox::No);
+    return question.exec() == QMessageBox::Yes;
+}
+
+/// The toolkit's dialog with an overwrite question of ours, which is asked for the name with its
+/// ending; the toolkit itself appends one to typed names alone, not to those of clicked rows.
 class PlainFileDialog : public QFileDialog {
   public:
     PlainFileDialog(std::string ending, QWidget* parent)
@@ -50,13 +60,7 @@ class PlainFileDialog : public QFileDialog {
         if (chosen.isDir() || !file.exists() || file.isDir()) {
             return true;
         }
-        QMessageBox question(
-            QMessageBox::Warning, windowTitle(),
-            QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
-            QMessageBox::Yes | QMessageBox::No, this);
-        question.setTextFormat(Qt::PlainText);
-        question.setDefaultButton(QMessageBox::No);
-        return question.exec() == QMessageBox::Yes;
+        return ConfirmsReplacing(file.fileName(), windowTitle(), this);
     }
 
     std::string ending_;
@@ -98,6 +102,11 @@ std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::Acc
         return std::nullopt;
     }
     return ToFilePath(fileDialog.selectedFiles().constFirst());
+}
+
+bool AskToReplaceFile(const FilePath& file, QWidget* parent) {
+    const QFileInfo there(FromFilePath(file));
+    return ConfirmsReplacing(there.fileName(), QFileDialog::tr("Save As"), parent);
 }
 
 }  // namespace norvik

@@ -12,4 +12,7 @@ namespace norvik {
 std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
                                       QWidget* parent);
 
+/// Asks whether `file` may be replaced, as a file dialog for saving does.
+bool AskToReplaceFile(const FilePath& file, QWidget* parent);
+
 }  // namespace norvik

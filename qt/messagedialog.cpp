@@ -1,7 +1,9 @@
 #include "qt/messagedialog.h"
 
 #include "qt/textconversion.h"
+#include "qt/widgetmakers.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -136,6 +138,12 @@ void KeepLinesWhole(const QMessageBox& dialog) {
     }
 }
 
+void TakeForAll(const MessageBox& box, const QCheckBox* forAll) {
+    if (forAll != nullptr) {
+        *box.ForAll = forAll->isChecked();
+    }
+}
+
 Button ShowShortBox(const MessageBox& box, const QString& text, QWidget* parent) {
     QMessageBox dialog(parent);
     dialog.setTextFormat(Qt::PlainText);
@@ -146,9 +154,12 @@ Button ShowShortBox(const MessageBox& box, const QString& text, QWidget* parent)
     for (const Button button : box.buttons) {
         dialog.addButton(StandardButtonOf(button));
     }
+    QCheckBox* forAll = box.ForAll == nullptr ? nullptr : MakeForAllBox(&dialog);
+    dialog.setCheckBox(forAll);
     dialog.setDefaultButton(StandardButtonOf(box.defaultButton));
     dialog.setEscapeButton(StandardButtonOf(ClosingButton(box)));
     const int chosen = dialog.exec();
+    TakeForAll(box, forAll);
     for (const Button button : box.buttons) {
         if (StandardButtonOf(button) == chosen) {
             return button;
@@ -174,8 +185,12 @@ Button ShowScrollingBox(const MessageBox& box, const QString& text, QWidget* par
     view->setReadOnly(true);
     view->setTabChangesFocus(true);
     layout->addWidget(view, 0, 1);
+    QCheckBox* forAll = box.ForAll == nullptr ? nullptr : MakeForAllBox(&dialog);
+    if (forAll != nullptr) {
+        layout->addWidget(forAll, 1, 1);
+    }
     auto* buttons = new QDialogButtonBox(&dialog);
-    layout->addWidget(buttons, 1, 0, 1, 2);
+    layout->addWidget(buttons, 2, 0, 1, 2);
     Button chosen = ClosingButton(box);
     for (const Button button : box.buttons) {
         auto* pushButton = buttons->addButton(
@@ -193,6 +208,7 @@ Button ShowScrollingBox(const MessageBox& box, const QString& text, QWidget* par
     dialog.resize(std::min(screen.width() * 3 / 4, dialog.fontMetrics().averageCharWidth() * 100),
                   std::min(screen.height() * 3 / 4, dialog.fontMetrics().height() * 32));
     dialog.exec();
+    TakeForAll(box, forAll);
     return chosen;
 }
 
@@ -217,6 +233,11 @@ QString ShownText(TextView text, std::size_t longest) {
 
 QString ShownTitle(TextView title) {
     return title.empty() ? QStringLiteral(" ") : ToQString(title);
+}
+
+QCheckBox* MakeForAllBox(QWidget* parent) {
+    return MakeCheckBox("chkForAll", QStringLiteral("Alle &weiteren genauso beantworten"),
+                        QStringLiteral("Alle weiteren genauso beantworten"), parent);
 }
 
 Button ShowMessageBox(const MessageBox& box, QWidget* parent) {

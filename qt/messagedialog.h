@@ -5,6 +5,7 @@
 
 #include <QString>
 
+class QCheckBox;
 class QWidget;
 
 namespace norvik {
@@ -19,5 +20,8 @@ QString ShownText(TextView text, std::size_t longest);
 
 /// A title as a box shows it: toolkits put the program's file name into an empty one.
 QString ShownTitle(TextView title);
+
+/// The check box of a box that offers to answer all further ones alike.
+QCheckBox* MakeForAllBox(QWidget* parent);
 
 }  // namespace norvik

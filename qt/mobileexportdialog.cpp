@@ -8,7 +8,9 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -32,6 +34,30 @@ QString BoxCaption(std::size_t box) {
     return captions.at(box);
 }
 
+/// The separator may be a tab; the tab key alone leaves the field.
+class SeparatorField : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::ControlModifier) {
+            insert(QStringLiteral("\t"));
+            event->accept();
+            return;
+        }
+        QLineEdit::keyPressEvent(event);
+    }
+};
+
+/// Names a tab, which shows as a gap.
+void NameTab(QLineEdit* separator) {
+    const QString name =
+        separator->text().contains(u'\t') ? QStringLiteral("Tabulator") : QString();
+    separator->setToolTip(name);
+    separator->setAccessibleDescription(name);
+}
+
 }  // namespace
 
 MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* parent,
@@ -48,7 +74,7 @@ MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* paren
     layout->addWidget(MakeBoxes(QStringLiteral("Einträge"), {UseReductionFlagsBox}));
     QWidget* lines = MakeBoxes(QStringLiteral("Zeilen der Datei"),
                                {DeleteCommaInNamesBox, WriteMemNumberBox, UseQuotesForDataBox});
-    InpSeparator_ = new QLineEdit(lines);
+    InpSeparator_ = new SeparatorField(lines);
     Name(InpSeparator_, "InpSeparator", QStringLiteral("Trennzeichen"));
     InpSeparator_->setMaximumWidth(fontMetrics().averageCharWidth() * 12);
     auto* separator = new QHBoxLayout;
@@ -59,10 +85,13 @@ MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* paren
     layout->addWidget(lines);
     layout->addStretch();
     layout->addLayout(MakeButtons());
-    LimitToRepertoire(InpSeparator_, beep);
+    LimitToRepertoire(InpSeparator_, beep, {.TakesTab = true});
     Draw();
-    connect(InpSeparator_, &QLineEdit::textChanged, this,
-            [this](const QString& text) { fields_.InpSeparator = ToText(text); });
+    NameTab(InpSeparator_);
+    connect(InpSeparator_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        fields_.InpSeparator = ToText(text);
+        NameTab(InpSeparator_);
+    });
     chkHE_[AddRegionCodeBox]->setFocus();
 }
 

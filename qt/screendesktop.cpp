@@ -7,6 +7,8 @@
 #include "qt/textconversion.h"
 
 #include <QApplication>
+#include <QBoxLayout>
+#include <QCheckBox>
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -100,6 +102,15 @@ void WaitForPlace(const QWidget& window) {
     }
 }
 
+/// The offer to answer all further boxes alike stands below the dialog's field.
+QCheckBox* AddForAllBox(QInputDialog& dialog) {
+    QCheckBox* forAll = MakeForAllBox(&dialog);
+    auto* layout = qobject_cast<QBoxLayout*>(dialog.layout());
+    layout->insertWidget(layout->indexOf(dialog.findChild<QLineEdit*>()) + 1, forAll);
+    QWidget::setTabOrder(dialog.findChild<QLineEdit*>(), forAll);
+    return forAll;
+}
+
 /// Makes room for the title beside the buttons of the window's frame.
 void ShowWholeTitle(QWidget& dialog) {
     constexpr int FrameButtons = 120;
@@ -132,8 +143,13 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
     ShowPlainPrompt(dialog, ShownText(box.prompt, LongestPrompt));
     dialog.setTextValue(ToQString(box.preset));
     LimitInput(dialog, *this);
+    QCheckBox* forAll = box.ForAll == nullptr ? nullptr : AddForAllBox(dialog);
     ShowWholeTitle(dialog);
-    if (dialog.exec() != QDialog::Accepted) {
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    if (forAll != nullptr) {
+        *box.ForAll = forAll->isChecked();
+    }
+    if (!accepted) {
         return std::nullopt;
     }
     return ToText(dialog.textValue());
@@ -147,6 +163,11 @@ std::optional<FilePath> ScreenDesktop::AskForFileToOpen(const FileDialog& dialog
 std::optional<FilePath> ScreenDesktop::AskForFileToSave(const FileDialog& dialog) {
     const NormalPointer whileAsking(hourglass_);
     return RunFileDialog(dialog, QFileDialog::AcceptSave, Front());
+}
+
+bool ScreenDesktop::AskToReplace(const FilePath& file) {
+    const NormalPointer whileAsking(hourglass_);
+    return AskToReplaceFile(file, Front());
 }
 
 void ScreenDesktop::SetStatus(TextView text) {

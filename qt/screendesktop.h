@@ -22,6 +22,7 @@ class ScreenDesktop : public Desktop, public Windows {
     std::optional<Text> AskForText(const InputBox& box) override;
     std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
+    bool AskToReplace(const FilePath& file) override;
 
     void SetStatus(TextView text) override;
     void Beep() override;

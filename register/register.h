@@ -42,6 +42,7 @@ struct RegisterState {
     CurrentFile File;
     LongReport LoadReport;  ///< findings of a load, lines ended by CR LF
     Text ReadTrace;         ///< the last 15 bytes read from a register file, as hexadecimal digits
+    int RecordsRead = 0;    ///< whole entries that the last load read before it ended
     /// The register may hold zeros for the outside line.
     bool WarnLineAccessZero = false;
     /// Changes whenever the register is emptied: what was taken from it before is stale then.

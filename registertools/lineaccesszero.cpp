@@ -1,5 +1,7 @@
 #include "registertools/lineaccesszero.h"
 
+#include "base/repeatedbox.h"
+
 #include <initializer_list>
 
 namespace norvik {
@@ -43,12 +45,12 @@ Text WithoutZero(TextView number, TextView code) {
     return number.starts_with(Zero) ? Text(number.substr(Zero.size())) : Text(code).append(number);
 }
 
-void WarnOfCutNumber(const RegisterEntry& entry, TextView cut, Desktop& desktop) {
-    desktop.Ask({.text = JoinLines({u"Telefonnummer ist nach Konvertierung zu lang:",
-                                    u"Name: " + entry.Name, u"Tel.: " + entry.Tel,
-                                    Text(u"Neu : ").append(cut), u"Gekürzte Nummer gespeichert"}),
-                 .title = u"WARNUNG",
-                 .icon = Icon::Exclamation});
+void WarnOfCutNumber(const RegisterEntry& entry, TextView cut, RepeatedBox& warnings) {
+    warnings.Ask({.text = JoinLines({u"Telefonnummer ist nach Konvertierung zu lang:",
+                                     u"Name: " + entry.Name, u"Tel.: " + entry.Tel,
+                                     Text(u"Neu : ").append(cut), u"Gekürzte Nummer gespeichert"}),
+                  .title = u"WARNUNG",
+                  .icon = Icon::Exclamation});
 }
 
 }  // namespace
@@ -58,12 +60,13 @@ void ConvertLineAccessZero(RegisterState& state, TextView code, Desktop& desktop
     desktop.SetStatus(adds ? Text(u"Nullen werden hinzugefügt...")
                            : Text(u"Nullen werden entfernt (").append(code).append(u")..."));
     desktop.SetPointer(Pointer::Hourglass);
+    RepeatedBox warnings(desktop);
     for (const int index : UsedIndices(state)) {
         RegisterEntry& entry = state.Register(index);
         Text number = adds ? WithZero(entry.Tel) : WithoutZero(entry.Tel, code);
         if (number.size() > FieldWidth) {
             number.resize(FieldWidth);
-            WarnOfCutNumber(entry, number, desktop);
+            WarnOfCutNumber(entry, number, warnings);
         }
         entry.Tel = number;
     }

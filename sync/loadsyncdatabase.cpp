@@ -20,20 +20,39 @@ std::optional<Bytes> ReadDatabase(TextView path) {
     }
 }
 
+void ShowNotLoaded(Desktop& desktop) {
+    desktop.SetStatus(u"Adress-Synchronisationsdaten nicht geladen");
+}
+
+/// Fills the emptied tables; gives the number of records, or nothing when there is no file.
+std::optional<std::size_t> FillTables(const SettingsTable& settings, SyncTables& tables) {
+    tables = SyncTables();
+    const std::optional<Bytes> file = ReadDatabase(settings.Value(Setting::SyncDatabase));
+    if (!file) {
+        return std::nullopt;
+    }
+    return ReadSyncRecords(*file, settings, tables);
+}
+
 }  // namespace
 
 void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop) {
     desktop.SetStatus(u"Lade Adress-Synchronisationsdaten...");
-    sync.Tables = SyncTables();
-    const std::optional<Bytes> file = ReadDatabase(settings.Value(Setting::SyncDatabase));
-    if (!file) {
+    std::optional<std::size_t> records;
+    try {
+        records = FillTables(settings, sync.Tables);
+    } catch (const std::exception&) {  // memory ran out
+        ShowNotLoaded(desktop);
+        throw;
+    }
+    if (!records) {
         desktop.Ask({.text = u"SyncDatei nicht gefunden, bitte prüfen!",
                      .title = u"Laden",
                      .icon = Icon::Critical});
+        ShowNotLoaded(desktop);
         return;
     }
-    const std::size_t records = ReadSyncRecords(*file, settings, sync.Tables);
-    desktop.SetStatus(Decimal(static_cast<long long>(records)) + u" Adress-Einträge importiert");
+    desktop.SetStatus(Decimal(static_cast<long long>(*records)) + u" Adress-Einträge importiert");
     sync.SyncLoaded = true;
 }
 

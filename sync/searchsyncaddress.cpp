@@ -35,8 +35,8 @@ bool PassesWarning(RegisterState& state, Desktop& desktop) {
     return answer != Button::Abort;
 }
 
-Text KeyOf(TextView number, const Settings& settings, Desktop& desktop) {
-    const Text whole = Globalize(number, GlobalizeMode::International, settings, desktop);
+Text KeyOf(TextView number, const Settings& settings, RepeatedBox& reports) {
+    const Text whole = Globalize(number, GlobalizeMode::International, settings, reports);
     return whole.substr(whole.size() - std::min(whole.size(), KeyLength));
 }
 
@@ -67,12 +67,13 @@ struct Hit {
 
 enum class Answer { Take, Next, Stop };
 
-Answer AskForHit(const Text& header, const Hit& hit, Desktop& desktop) {
+Answer AskForHit(const Text& header, const Hit& hit, RepeatedBox& withoutAddress,
+                 Desktop& desktop) {
     const Text text = header + hit.Description();
     if (TrimBlanks(hit.StreetColumn() + hit.PlaceColumn()).empty()) {
-        desktop.Ask({.text = text + u"Dieser Datensatz enthält keine Adresse!",
-                     .title = u"Keine Adresse",
-                     .icon = Icon::Information});
+        withoutAddress.Ask({.text = text + u"Dieser Datensatz enthält keine Adresse!",
+                            .title = u"Keine Adresse",
+                            .icon = Icon::Information});
         return Answer::Next;
     }
     const Button answer =
@@ -89,16 +90,17 @@ Answer AskForHit(const Text& header, const Hit& hit, Desktop& desktop) {
 
 /// Goes through all numbers of the database; whether an address was taken.
 bool TakeAddresses(RegisterState& state, const SyncTables& tables, const Text& key,
-                   const Settings& settings, Desktop& desktop) {
+                   const Settings& settings, RepeatedBox& reports, Desktop& desktop) {
+    RepeatedBox withoutAddress(desktop);
     const Text header = u"Suche nach " + key + u", gefunden:" + Text(LineEnd);
     bool taken = false;
     for (std::size_t record = 1; record < tables.SyncPhoneTable.size(); ++record) {
         for (std::size_t phone = 0; phone < SyncTables::PhoneColumns; ++phone) {
-            if (KeyOf(tables.SyncPhoneTable[record][phone], settings, desktop) != key) {
+            if (KeyOf(tables.SyncPhoneTable[record][phone], settings, reports) != key) {
                 continue;
             }
             const Hit hit = {tables, record, phone};
-            const Answer answer = AskForHit(header, hit, desktop);
+            const Answer answer = AskForHit(header, hit, withoutAddress, desktop);
             if (answer == Answer::Stop) {
                 return taken;
             }
@@ -124,15 +126,16 @@ void SearchSyncAddress(RegisterState& state, const SyncState& sync, const Settin
     if (!sync.SyncLoaded) {
         desktop.Ask({.text = u"Keine Adreßdaten geladen!"});
     }
-    const Text key = KeyOf(EntryAt(state, state.AnzNr).Tel, settings, desktop);
-    if (key == KeyOf({}, settings, desktop)) {
+    RepeatedBox reports(desktop);
+    const Text key = KeyOf(EntryAt(state, state.AnzNr).Tel, settings, reports);
+    if (key == KeyOf({}, settings, reports)) {
         desktop.Ask({.text = u"Telefonnummer enthält keine synchronisationsrelevanten Daten!",
                      .title = u"SyncAdresse",
                      .icon = Icon::Critical});
         return;
     }
     desktop.SetStatus(u"Suche nach Adressdaten...");
-    const bool taken = TakeAddresses(state, sync.Tables, key, settings, desktop);
+    const bool taken = TakeAddresses(state, sync.Tables, key, settings, reports, desktop);
     desktop.SetStatus(taken ? u"OK" : u"Keine passenden Daten gefunden");
 }
 

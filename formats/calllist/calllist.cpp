@@ -1,8 +1,10 @@
 #include "formats/calllist/calllist.h"
 
+#include "base/repeatedbox.h"
 #include "base/runtimeerror.h"
 #include "formats/common/bytereader.h"
 #include "formats/common/devicecharacters.h"
+#include "formats/common/quietsave.h"
 #include "formats/common/registerfileheader.h"
 #include "formats/common/undefinederror.h"
 
@@ -73,7 +75,7 @@ Text DateText(TextView stamp) {
 }
 
 /// Converts the next call; false when a length of 0 ends the list.
-bool ConvertCall(ByteReader& input, OutputFile& output, Desktop& desktop) {
+bool ConvertCall(ByteReader& input, OutputFile& output, RepeatedInput& questions) {
     const std::optional<ByteView> number = ReadElement(input);
     if (!number) {
         return false;
@@ -83,13 +85,19 @@ bool ConvertCall(ByteReader& input, OutputFile& output, Desktop& desktop) {
     const Text date = DateText(TextFromBytes(ReadString(input)));
     write(date + calllist::Separator);
     const Text caller = DeviceToAnsi(ReadString(input));
-    const Text msn = desktop
-                         .AskForText({.prompt = u"MSN zu " + date + u" " + caller,
-                                      .title = u"Anruferliste-Ergänzung MSN",
-                                      .preset = u"0"})
+    const Text msn = questions
+                         .Ask({.prompt = u"MSN zu " + date + u" " + caller,
+                               .title = u"Anruferliste-Ergänzung MSN",
+                               .preset = u"0"})
                          .value_or(Text());
     write(msn + calllist::Separator + caller + Text(LineEnd));
     return ReadElement(input).has_value();
+}
+
+/// A folder is none: it is not replaced, and writing reports it.
+bool IsFile(const FilePath& path) {
+    std::error_code failure;  // what cannot be looked up will not be written either
+    return std::filesystem::exists(path, failure) && !std::filesystem::is_directory(path, failure);
 }
 
 }  // namespace
@@ -108,12 +116,16 @@ FilePath CallListOutput(const FilePath& file) {
     return output;
 }
 
-void ConvertCallList(const FilePath& file, Desktop& desktop) {
+bool ConvertCallList(const FilePath& file, Desktop& desktop) {
     const FilePath outputPath = CallListOutput(file);
     const Bytes bytes = ReadWholeFile(file);
     EnsureNotItself(file, outputPath);
+    if (IsFile(outputPath) && !desktop.AskToReplace(outputPath)) {
+        return false;
+    }
     WriteCallList(bytes, outputPath, desktop);
     ReportCallList(outputPath, desktop);
+    return true;
 }
 
 void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop) {
@@ -123,7 +135,8 @@ void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop)
         desktop.Ask(
             {.text = u"Header=RegisterHeader!", .title = Text(Title), .icon = Icon::Exclamation});
     }
-    while (!input.AtEnd() && ConvertCall(input, output, desktop)) {
+    RepeatedInput questions(desktop);
+    while (!input.AtEnd() && ConvertCall(input, output, questions)) {
     }
     output.Close();
 }
@@ -140,10 +153,14 @@ void mnuDateiConvCallListCSV(Desktop& desktop) {
     if (!chosen) {
         return;
     }
+    const FilePath file = WithEnding(*chosen, calllist::Ending);
     try {
-        ConvertCallList(WithEnding(*chosen, calllist::Ending), desktop);
+        if (ConvertCallList(file, desktop)) {
+            ShowSaved(CallListOutput(file), desktop);
+        }
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiConvCallListCSV", error, desktop);
+        ShowNotSaved(error, desktop);
     }
 }
 

@@ -23,10 +23,11 @@ FilePath CallListOutput(const FilePath& file);
 void EnsureNotItself(const FilePath& file, const FilePath& output);
 
 /// Writes a line for each call of `file` into CallListOutput(file), asking for the MSN of each, and
-/// tells where they are. Raises what reading and writing raise, error 55 when the output would be
-/// the input itself, and error 6 for a call number of 2^63 and more. Throws HardStop for a date or
-/// number with a wrong tag; the output then holds what was written so far.
-void ConvertCallList(const FilePath& file, Desktop& desktop);
+/// tells where they are. Asks before it replaces a file; gives false, with nothing done, when the
+/// user does not want that. Raises what reading and writing raise, error 55 when the output would
+/// be the input itself, and error 6 for a call number of 2^63 and more. Throws HardStop for a date
+/// or number with a wrong tag; the output then holds what was written so far.
+bool ConvertCallList(const FilePath& file, Desktop& desktop);
 
 /// The conversion alone: the calls of a list that has been read go into a file of any name. Raises
 /// what writing raises, error 6 and HardStop as ConvertCallList does.

@@ -1,6 +1,7 @@
 #include "formats/charges/chargestatement.h"
 
 #include "formats/common/devicecharacters.h"
+#include "formats/common/quietsave.h"
 
 namespace norvik {
 
@@ -52,7 +53,8 @@ void mnuGebAuszug(const RegisterState& state, const Settings& settings, Desktop&
         return;
     }
     desktop.SetStatus(u"Gebührenauszug wird erstellt...");
-    WriteChargeStatement(state, settings.UnitPrice, WithEnding(*chosen, chargestatement::Ending));
+    const FilePath path = WithEnding(*chosen, chargestatement::Ending);
+    SaveOrSay([&] { WriteChargeStatement(state, settings.UnitPrice, path); }, desktop);
     desktop.SetStatus(u"Gebührenauszug erstellt.");
     desktop.ShowEntry();
 }

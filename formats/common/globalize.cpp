@@ -36,6 +36,12 @@ Text CleanNumber(TextView number, GlobalizeMode mode) {
 }
 
 Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, Desktop& desktop) {
+    RepeatedBox reports(desktop);
+    return Globalize(number, mode, settings, reports);
+}
+
+Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings,
+               RepeatedBox& reports) {
     Text result = CleanNumber(number, mode);
     if (mode >= GlobalizeMode::AddArea && !result.starts_with(u'0') && !result.starts_with(u'+')) {
         result.insert(0, settings.AreaPrefix);
@@ -50,7 +56,7 @@ Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, De
         ReplaceStart(result, u"00", u"+");
     }
     if (result.starts_with(u"+0")) {
-        desktop.Ask({.text = u"Fehler in Rufnummer: " + result,
+        reports.Ask({.text = u"Fehler in Rufnummer: " + result,
                      .title = u"Norvik:Globalize",
                      .icon = Icon::Information});
     }

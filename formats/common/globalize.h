@@ -1,7 +1,7 @@
 // Cleaning telephone numbers and turning them into their international form.
 #pragma once
 
-#include "base/desktop.h"
+#include "base/repeatedbox.h"
 #include "register/settings.h"
 
 namespace norvik {
@@ -20,5 +20,7 @@ Text CleanNumber(TextView number, GlobalizeMode mode);
 /// The number cleaned and converted as `mode` says, with the prefixes of the settings. A result
 /// that begins with "+0" is reported and returned all the same.
 Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, Desktop& desktop);
+/// The same for one of many numbers of an operation.
+Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, RepeatedBox& reports);
 
 }  // namespace norvik

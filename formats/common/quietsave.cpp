@@ -12,9 +12,35 @@ std::optional<RuntimeError> TrySave(const std::function<void()>& write, Desktop&
     }
 }
 
-void ReportNotSaved(const std::optional<RuntimeError>& error, Desktop& desktop) {
-    if (error) {
-        desktop.SetStatus(Text(u"Nicht gespeichert: ").append(error->Description()));
+void ShowNotSaved(const RuntimeError& error, Desktop& desktop) {
+    Text text = u"Nicht gespeichert: ";
+    text.append(error.Description());
+    if (!error.Cause().empty()) {
+        text.append(u" (").append(error.Cause()).append(u")");
+    }
+    desktop.SetStatus(text);
+}
+
+void ShowSaved(const FilePath& path, Desktop& desktop) {
+    desktop.SetStatus(u"Gespeichert: " + TextFromPath(path));
+}
+
+void EndSave(RegisterState& state, const std::optional<RuntimeError>& failure, const FilePath& path,
+             Desktop& desktop) {
+    if (failure) {
+        state.RegisterSaved = false;
+        ShowNotSaved(*failure, desktop);
+    } else {
+        ShowSaved(path, desktop);
+    }
+}
+
+void SaveOrSay(const std::function<void()>& write, Desktop& desktop) {
+    try {
+        write();
+    } catch (const RuntimeError& error) {
+        ShowNotSaved(error, desktop);
+        throw;
     }
 }
 

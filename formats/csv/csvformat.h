@@ -57,7 +57,7 @@ struct CsvLoadOptions {
 /// Replaces the register by the entries of a CSV file, checks it and shows the file. `file` is its
 /// path, with "#D" in front when doubled lines are to be left out. Raises what reading the file
 /// raises, before the register is touched, and error 6 for a value too large for its field; the
-/// entries read so far and the old count remain then.
+/// current file and the entries read so far stand beside the old count then, see LoadOrReport.
 void LoadCSV(RegisterState& state, const FilePath& file, const Settings& settings,
              Desktop& desktop);
 /// The same with a file that has been read already; `removeDoubles` stands for the "#D".
@@ -66,7 +66,8 @@ void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
              const Clock& clock = std::chrono::steady_clock::now);
 
 /// Takes the lines of a CSV file into the register's places from 1 on and notes doubled lines and
-/// names in LoadReport; gives the number of entries. Raises error 6 as LoadCSV does.
+/// names in LoadReport; gives the number of entries and keeps RecordsRead. Raises error 6 as
+/// LoadCSV does.
 int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
             Desktop& desktop, const Clock& clock = std::chrono::steady_clock::now);
 

@@ -1,6 +1,7 @@
 #include "formats/csv/csvmenu.h"
 
 #include "formats/common/followload.h"
+#include "formats/common/quietsave.h"
 #include "formats/common/undefinederror.h"
 #include "formats/csv/csvformat.h"
 
@@ -23,27 +24,25 @@ void mnuDateiLoadCSV(RegisterState& state, const Settings& settings, const CsvLo
 namespace {
 
 /// Runs `load` and gives whether it went to its end.
-bool RunOrReport(const std::function<void()>& load, Desktop& desktop) {
-    try {
-        load();
-        return true;
-    } catch (const RuntimeError& error) {
+bool RunOrReport(RegisterState& state, const std::function<void()>& load, Desktop& desktop) {
+    const auto report = [&desktop](const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiLoadCSV", error, desktop);
-        return false;
-    }
+    };
+    return LoadOrReport(state, load, report, desktop);
 }
 
 }  // namespace
 
 bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FilePath& file,
                      Desktop& desktop) {
-    return RunOrReport([&] { LoadCSV(state, file, settings, desktop); }, desktop);
+    return RunOrReport(
+        state, [&] { LoadCSV(state, file, settings, desktop); }, desktop);
 }
 
 bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const SourceReader& read,
                      const CsvLoadOptions& options, Desktop& desktop) {
-    return RunOrReport([&] { LoadCSV(state, read(), options.AvoidDoubles, settings, desktop); },
-                       desktop);
+    return RunOrReport(
+        state, [&] { LoadCSV(state, read(), options.AvoidDoubles, settings, desktop); }, desktop);
 }
 
 void mnuDateiSaveCSV(RegisterState& state, Desktop& desktop) {
@@ -52,13 +51,16 @@ void mnuDateiSaveCSV(RegisterState& state, Desktop& desktop) {
     if (!chosen) {
         return;
     }
+    const FilePath path = WithEnding(*chosen, csvformat::Ending);
     try {
-        SaveCSV(state, WithEnding(*chosen, csvformat::Ending), desktop);
+        SaveCSV(state, path, desktop);
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiSaveCSV", error, desktop);
+        EndSave(state, error, path, desktop);
         return;
     }
     desktop.ShowEntry();
+    EndSave(state, std::nullopt, path, desktop);
 }
 
 }  // namespace norvik

@@ -63,12 +63,12 @@ Text InfoOf(const CsvFields& fields) {
 }
 
 void TakeFields(const CsvFields& fields, RegisterEntry& entry, const Settings& settings,
-                Desktop& desktop) {
+                RepeatedBox& reports) {
     const auto& values = fields.Values;
     entry.Info.clear();
     entry.Name = CsvName(values[Column::Name]);
     entry.Tel = Globalize(Slice(values[Column::Tel], 0, FieldWidth),
-                          GlobalizeMode::CleanForTelephone, settings, desktop);
+                          GlobalizeMode::CleanForTelephone, settings, reports);
     entry.Info = InfoOf(fields);
     entry.AB = Fit16(LeadingInteger(values[Column::AB], Least16, Most16));
     entry.Ton = Fit16(LeadingInteger(values[Column::Ton], Least16, Most16) +
@@ -113,7 +113,9 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
     LineReader lines(file);
     LoadProgress progress(u"CSV-Datei", file.size(), desktop, clock);
     const bool quoted = !lines.AtEnd() && IsQuotedHeader(lines.Next());
-    int count = 0;
+    int& count = state.RecordsRead;
+    count = 0;
+    RepeatedBox reports(desktop);
     // Both empty before the first line; their room is used in turn.
     std::array<SplitLine, 2> room;
     SplitLine* line = &room.front();
@@ -138,7 +140,7 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
         if (line->Name() == previous->Name()) {
             Note(state.LoadReport, u"Doppelter Name: ", line->Name());
         }
-        TakeFields(line->Fields, state.Register(place), settings, desktop);
+        TakeFields(line->Fields, state.Register(place), settings, reports);
         state.Register(place).RecIndex = static_cast<std::int16_t>(place - 1);
         count = place;
     }
@@ -165,13 +167,13 @@ void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
              const Settings& settings, Desktop& desktop, const Clock& clock) {
     ResetRegister(state);
     state.LoadReport.Clear();
-    SetCount(state, ReadCSV(state, file.Content, removeDoubles, settings, desktop, clock));
     state.LoadedModel.clear();
+    state.File = {.Type = u"CSV", .Path = file.Path, .Modified = file.Modified};
+    SetCount(state, ReadCSV(state, file.Content, removeDoubles, settings, desktop, clock));
     if (!state.LoadReport.IsEmpty()) {
         desktop.Ask(
             {.text = state.LoadReport.Shown(), .title = u"LadeCSV: Doubletten entfernt/Hinweise"});
     }
-    state.File = {.Type = u"CSV", .Path = file.Path, .Modified = file.Modified};
     CheckRegister(state, desktop);
     desktop.ShowCurrentFile();
 }

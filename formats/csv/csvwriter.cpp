@@ -1,3 +1,4 @@
+#include "formats/common/namingentry.h"
 #include "formats/csv/csvformat.h"
 
 namespace norvik {
@@ -86,8 +87,10 @@ void WriteCSV(RegisterState& state, const FilePath& file, bool quoted) {
     }
     lines.EndLine();
     for (int position = 1; position <= state.AnzGes; ++position) {
-        GiveValues(EntryAt(state, position), [&lines](TextView value) { lines.Add(value); });
-        lines.EndLine();
+        NamingEntry(state, position, [&lines](const RegisterEntry& entry) {
+            GiveValues(entry, [&lines](TextView value) { lines.Add(value); });
+            lines.EndLine();
+        });
     }
     output.Close();
     state.RegisterSaved = true;

@@ -1,5 +1,6 @@
 #include "formats/ip286/ip286.h"
 
+#include "formats/common/namingentry.h"
 #include "formats/common/transliterate.h"
 
 #include <algorithm>
@@ -52,7 +53,9 @@ void ExportIP286(const RegisterState& state, const FilePath& file, TextView excl
             ignoredNames.append(entry.Name).append(LineEnd);
         } else {
             ++exported;
-            output.Write(Line(Transliterate(entry.Name), entry.Tel, Account));
+            NamingEntry(state, position, [&output](const RegisterEntry& exportedEntry) {
+                output.Write(Line(Transliterate(exportedEntry.Name), exportedEntry.Tel, Account));
+            });
         }
     }
     output.Close();

@@ -1,5 +1,6 @@
 #include "formats/ip286/ip286menu.h"
 
+#include "formats/common/quietsave.h"
 #include "formats/common/undefinederror.h"
 #include "formats/ip286/ip286.h"
 
@@ -42,13 +43,16 @@ void mnuDateiSaveIP286(RegisterState& state, Desktop& desktop) {
         return;
     }
     const Text exclusions = AskForExclusions(desktop);
+    const FilePath path = WithEnding(*chosen, ip286::Ending);
     try {
-        ExportIP286(state, WithEnding(*chosen, ip286::Ending), exclusions, desktop);
+        ExportIP286(state, path, exclusions, desktop);
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiSaveIP286", error, desktop);
+        ShowNotSaved(error, desktop);
         return;
     }
     desktop.ShowEntry();
+    ShowSaved(path, desktop);
 }
 
 }  // namespace norvik

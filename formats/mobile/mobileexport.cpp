@@ -1,6 +1,7 @@
 #include "formats/mobile/mobileexport.h"
 
 #include "formats/common/globalize.h"
+#include "formats/common/quietsave.h"
 
 namespace norvik {
 
@@ -27,15 +28,15 @@ bool Confirms(const RegisterState& state, Desktop& desktop) {
                         .buttons = {Button::Ok, Button::Cancel}}) == Button::Ok;
 }
 
-Button AskForEntry(const RegisterEntry& entry, Desktop& desktop) {
+Button AskForEntry(const RegisterEntry& entry, RepeatedBox& questions) {
     Text text = entry.Name;
     text.append(LineEnd).append(entry.Tel).append(LineEnd).append(LineEnd);
     text.append(u"Diesen Eintrag exportieren?");
-    return desktop.Ask({.text = text,
-                        .title = u"Exportabfrage",
-                        .icon = Icon::Question,
-                        .buttons = {Button::Yes, Button::No, Button::Cancel},
-                        .defaultButton = Button::Yes});
+    return questions.Ask({.text = text,
+                          .title = u"Exportabfrage",
+                          .icon = Icon::Question,
+                          .buttons = {Button::Yes, Button::No, Button::Cancel},
+                          .defaultButton = Button::Yes});
 }
 
 GlobalizeMode ModeOf(const MobileExportOptions& options) {
@@ -46,8 +47,8 @@ GlobalizeMode ModeOf(const MobileExportOptions& options) {
 }
 
 Text Number(const RegisterEntry& entry, const MobileExportOptions& options,
-            const Settings& settings, Desktop& desktop) {
-    Text number = Globalize(entry.Tel, ModeOf(options), settings, desktop);
+            const Settings& settings, RepeatedBox& reports) {
+    Text number = Globalize(entry.Tel, ModeOf(options), settings, reports);
     if (options.Change00toPlus && number.starts_with(u"00")) {
         number.replace(0, 2, u"+");
     }
@@ -55,7 +56,7 @@ Text Number(const RegisterEntry& entry, const MobileExportOptions& options,
 }
 
 Text Line(const RegisterEntry& entry, int runningNumber, const MobileExportOptions& options,
-          const Settings& settings, Desktop& desktop) {
+          const Settings& settings, RepeatedBox& reports) {
     const TextView quote = options.UseQuotesForData ? u"\"" : u"";
     Text line;
     const auto append = [&line, quote](TextView value) {
@@ -67,8 +68,36 @@ Text Line(const RegisterEntry& entry, int runningNumber, const MobileExportOptio
     }
     append(options.DeleteCommaInNames ? WithoutComma(entry.Name) : entry.Name);
     line.append(options.DataSeparator);
-    append(Number(entry, options, settings, desktop));
+    append(Number(entry, options, settings, reports));
     return line.append(LineEnd);
+}
+
+/// Writes the file; false when the user cancelled at an entry.
+bool WriteEntries(const RegisterState& state, const MobileExportOptions& options,
+                  const Settings& settings, const FilePath& file, Desktop& desktop) {
+    RepeatedBox questions(desktop);
+    RepeatedBox reports(desktop);
+    OutputFile output(file);
+    int exported = 0;
+    bool cancelled = false;
+    for (const int index : UsedIndices(state)) {
+        const RegisterEntry& entry = state.Register(index);
+        bool wanted = IsMarked(entry);
+        if (!options.UseReductionFlags) {
+            const Button answer = AskForEntry(entry, questions);
+            cancelled = answer == Button::Cancel;
+            wanted = answer == Button::Yes;
+        }
+        if (cancelled) {
+            break;
+        }
+        if (wanted) {
+            ++exported;
+            output.Write(BytesFromText(Line(entry, exported, options, settings, reports)));
+        }
+    }
+    output.Close();
+    return !cancelled;
 }
 
 }  // namespace
@@ -79,28 +108,10 @@ void ExportMobile(const RegisterState& state, const MobileExportOptions& options
         return;
     }
     desktop.SetStatus(u"Exportiere Telefonbuch in Textdatei...");
-    OutputFile output(file);
-    int exported = 0;
-    bool cancelled = false;
-    for (const int index : UsedIndices(state)) {
-        const RegisterEntry& entry = state.Register(index);
-        bool wanted = IsMarked(entry);
-        if (!options.UseReductionFlags) {
-            const Button answer = AskForEntry(entry, desktop);
-            cancelled = answer == Button::Cancel;
-            wanted = answer == Button::Yes;
-        }
-        if (cancelled) {
-            break;
-        }
-        if (wanted) {
-            ++exported;
-            output.Write(BytesFromText(Line(entry, exported, options, settings, desktop)));
-        }
-    }
-    output.Close();
+    bool complete = false;
+    SaveOrSay([&] { complete = WriteEntries(state, options, settings, file, desktop); }, desktop);
     desktop.SetStatus(u"Telefonbuch exportiert");
-    if (cancelled) {
+    if (!complete) {
         desktop.SetStatus(u"Telefonbuchexport durch Benutzer abgebrochen.");
     }
 }

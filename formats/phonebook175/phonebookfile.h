@@ -28,13 +28,14 @@ inline constexpr TextView DialogFilter = u"norvik-175-Datei|*.pbo|Alle Dateien|*
 /// false for a file of another kind, which is reported and leaves the register as it was. A line
 /// with a wrong key, and every line after it that could end an entry, is reported; reading goes on.
 /// Raises what reading the file raises, error 62 for an empty file before the register is touched,
-/// and for one that ends inside an entry; the entries read so far and the old count remain then.
+/// and for one that ends inside an entry; the current file and the entries read so far stand beside
+/// the old count then, see LoadOrReport.
 bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop);
 /// The same with a file that has been read already.
 bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& desktop);
 
 /// Reads the lines behind the identification line into the register's places from 1 on; gives the
-/// number of whole entries. Raises error 62 at an end inside an entry.
+/// number of whole entries and keeps RecordsRead. Raises error 62 at an end inside an entry.
 int ReadPhonebookEntries(RegisterState& state, class LineReader& lines, Desktop& desktop,
                          const Clock& clock = std::chrono::steady_clock::now);
 

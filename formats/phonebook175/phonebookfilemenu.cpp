@@ -22,13 +22,13 @@ bool Load175OrReport(RegisterState& state, const FilePath& path, Desktop& deskto
 }
 
 bool Load175OrReport(RegisterState& state, const SourceReader& read, Desktop& desktop) {
-    try {
-        return LoadPhonebookFile(state, read(), desktop);
-    } catch (const RuntimeError& error) {
+    bool ofThisKind = false;
+    const auto load = [&] { ofThisKind = LoadPhonebookFile(state, read(), desktop); };
+    const auto report = [&desktop](const RuntimeError& error) {
         desktop.SetPointer(Pointer::Normal);
         ReportUndefinedError(u"mnuDateiLoad175", error, desktop);
-        return false;
-    }
+    };
+    return LoadOrReport(state, load, report, desktop) && ofThisKind;
 }
 
 void mnuDateiSave175(RegisterState& state, Desktop& desktop) {
@@ -41,7 +41,7 @@ void mnuDateiSave175(RegisterState& state, Desktop& desktop) {
     const FilePath path = WithEnding(*chosen, phonebookfile::Ending);
     const auto failure = TrySave([&] { WritePhonebookFile(state, path, desktop); }, desktop);
     ShowFirstEntry(state, desktop);
-    ReportNotSaved(failure, desktop);
+    EndSave(state, failure, path, desktop);
 }
 
 }  // namespace norvik

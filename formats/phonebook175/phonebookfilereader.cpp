@@ -1,4 +1,5 @@
 #include "base/lines.h"
+#include "base/repeatedbox.h"
 #include "formats/phonebook175/phonebookfile.h"
 #include "registertools/checkregister.h"
 
@@ -14,7 +15,7 @@ constexpr std::size_t InfoWidth = InfoLines * InfoLineWidth;
 /// one with a wrong key for the name or number, or, once the file is known to be corrupt, any info
 /// line. `line` is the room of its lines.
 bool ReadEntry(LineReader& lines, Text& line, RegisterEntry& entry, bool& corrupt,
-               Desktop& desktop) {
+               RepeatedBox& reports) {
     constexpr int NameLine = -1;
     constexpr int TelLine = 0;
     for (int j = NameLine; j <= InfoLines; ++j) {
@@ -38,7 +39,7 @@ bool ReadEntry(LineReader& lines, Text& line, RegisterEntry& entry, bool& corrup
             entry.Info.resize(width, u' ');
         }
         if (corrupt) {
-            desktop.Ask({.text = u"175-Datei korrupt, Lesen abgebrochen",
+            reports.Ask({.text = u"175-Datei korrupt, Lesen abgebrochen",
                          .title = u"Fehlermeldung",
                          .icon = Icon::Critical});
             return false;
@@ -52,15 +53,17 @@ bool ReadEntry(LineReader& lines, Text& line, RegisterEntry& entry, bool& corrup
 int ReadPhonebookEntries(RegisterState& state, LineReader& lines, Desktop& desktop,
                          const Clock& clock) {
     LoadProgress progress(u"175-Datei", lines.Remaining(), desktop, clock);
-    int count = 0;
+    int& count = state.RecordsRead;
+    count = 0;
     Text line;
     bool corrupt = false;  // set once and never cleared
+    RepeatedBox reports(desktop);
     while (count < RegisterPlaces && !lines.AtEnd()) {
         const int place = count + 1;
         state.RegisterOrder(place) = static_cast<std::int16_t>(place);
         RegisterEntry& entry = state.Register(place);
         progress.Remaining(lines.Remaining());
-        if (!ReadEntry(lines, line, entry, corrupt, desktop)) {
+        if (!ReadEntry(lines, line, entry, corrupt, reports)) {
             continue;
         }
         entry.Info.resize(RightTrim(entry.Info).size());
@@ -87,11 +90,11 @@ bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& de
     }
     ResetRegister(state);
     state.LoadReport.Clear();
+    state.LoadedModel = u"175";
+    state.File = {.Type = state.LoadedModel, .Path = file.Path, .Modified = file.Modified};
     desktop.SetPointer(Pointer::Hourglass);
     const int count = ReadPhonebookEntries(state, lines, desktop);
     desktop.SetPointer(Pointer::Normal);
-    state.LoadedModel = u"175";
-    state.File = {.Type = state.LoadedModel, .Path = file.Path, .Modified = file.Modified};
     CheckRegister(state, desktop);
     desktop.ShowCurrentFile();
     SetCount(state, count);

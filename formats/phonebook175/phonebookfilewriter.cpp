@@ -1,3 +1,4 @@
+#include "formats/common/namingentry.h"
 #include "formats/phonebook175/phonebookfile.h"
 
 namespace norvik {
@@ -44,14 +45,16 @@ void WritePhonebookFile(RegisterState& state, const FilePath& path, Desktop& des
     lines.Add(u"", Identification);
     lines.Write();
     for (int position = 1; position <= state.AnzGes; ++position) {
-        RegisterEntry& entry = EntryAt(state, position);
-        lines.Add(NameKey, entry.Name);
-        lines.Add(TelKey, entry.Tel);
-        Trim(entry.Info);
-        for (std::size_t line = 0; line < InfoLines; ++line) {
-            lines.Add(InfoKey, Slice(entry.Info, line * InfoLineWidth, InfoLineWidth));
-        }
-        lines.Write();
+        RegisterEntry& changed = EntryAt(state, position);
+        NamingEntry(state, position, [&lines, &changed](const RegisterEntry& entry) {
+            lines.Add(NameKey, entry.Name);
+            lines.Add(TelKey, entry.Tel);
+            Trim(changed.Info);
+            for (std::size_t line = 0; line < InfoLines; ++line) {
+                lines.Add(InfoKey, Slice(entry.Info, line * InfoLineWidth, InfoLineWidth));
+            }
+            lines.Write();
+        });
     }
     file.Close();
     state.RegisterSaved = true;

@@ -31,21 +31,22 @@ inline constexpr TextView SaveFilter193 = u"norvik-193/5-Datei|*.t9t|Alle Dateie
 }  // namespace registerfile
 
 /// Replaces the register by the entries of a file, with LoadedModel, the current file and the
-/// findings' box; then checks it and shows the file. A failure is shown as "mnuLade193195: …" and
-/// leaves the entries read so far and the old count. A record whose name or number has a wrong tag
-/// stops the program hard. Gives whether the whole file was taken.
+/// findings' box; then checks it and shows the file. A failure is shown as "mnuLade193195: …"; the
+/// entries read so far are shown then, see LoadOrReport. A record whose name or number has a
+/// wrong tag stops the program hard. Gives whether the whole file was taken.
 bool LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& desktop);
 /// The same with a file that has been read already.
 bool LoadRegisterFile(RegisterState& state, const SourceFile& file, Desktop& desktop);
 
 /// Writes the used positions in their order as a 195 file and sets RegisterSaved. Raises error 5
-/// for a text of more than 255 characters or a number of 65536 and more; what was written before
-/// stays.
+/// for a text of more than 255 characters or a number of 65536 and more, with the entry as cause;
+/// what was written before stays.
 void WriteRegisterFile195(RegisterState& state, const FilePath& path, Desktop& desktop);
 
 /// The same as a 193 file: no info texts, names cut to 20 characters, no tones, no announcements.
-/// With `onlyMarked` only marked entries; shows a message and writes nothing when AnzMarkiert is 0.
-void WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyMarked,
+/// With `onlyMarked` only marked entries; shows a message, writes nothing and gives false when
+/// AnzMarkiert is 0.
+bool WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyMarked,
                           Desktop& desktop);
 
 /// An integer item: tag and one byte for values up to 127 (negative ones by their low byte), tag

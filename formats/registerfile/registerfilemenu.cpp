@@ -55,7 +55,7 @@ void mnuDateiSaveNV(RegisterState& state, Desktop& desktop) {
     const FilePath path = WithEnding(*chosen, registerfile::Ending);
     const auto failure = TrySave([&] { WriteRegisterFile195(state, path, desktop); }, desktop);
     RefreshStatus(state, desktop);
-    ReportNotSaved(failure, desktop);
+    EndSave(state, failure, path, desktop);
 }
 
 namespace {
@@ -81,10 +81,15 @@ void MNUDateiSave193(RegisterState& state, Desktop& desktop) {
     }
     const FilePath path = WithEnding(*chosen, registerfile::Ending);
     const bool onlyMarked = AskForReduction(state, desktop);
+    bool wanted = true;
     const auto failure =
-        TrySave([&] { WriteRegisterFile193(state, path, onlyMarked, desktop); }, desktop);
+        TrySave([&] { wanted = WriteRegisterFile193(state, path, onlyMarked, desktop); }, desktop);
     ShowFirstEntry(state, desktop);
-    ReportNotSaved(failure, desktop);
+    if (wanted) {
+        EndSave(state, failure, path, desktop);
+    } else {
+        desktop.SetStatus(u"Nicht gespeichert: kein Eintrag ist markiert");
+    }
 }
 
 }  // namespace norvik

@@ -1,6 +1,7 @@
 #include "formats/registerfile/registerfilereader.h"
 
 #include "formats/common/devicecharacters.h"
+#include "formats/common/followload.h"
 #include "registertools/checkregister.h"
 
 #include <algorithm>
@@ -118,7 +119,8 @@ std::int32_t ReadInteger(ByteReader& file, std::int32_t limit) {
 }
 
 int ReadRegisterRecords(RegisterState& state, ByteReader& file) {
-    int count = 0;
+    int& count = state.RecordsRead;
+    count = 0;
     while (!file.AtEnd()) {
         const Byte tag = file.ReadByte().value_or(registerfile::EndOfList);
         if (tag == registerfile::EndOfList) {
@@ -180,14 +182,18 @@ bool LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& deskt
 }
 
 bool LoadRegisterFile(RegisterState& state, const SourceFile& file, Desktop& desktop) {
-    Empty(state);
-    state.File.Path = file.Path;
-    state.File.Modified = file.Modified;
     int count = 0;
-    try {
+    const auto load = [&] {
+        Empty(state);
+        state.File = {.Type = {}, .Path = file.Path, .Modified = file.Modified};
         count = ReadRegisterFile(state, file.Content, desktop);
-    } catch (const RuntimeError& error) {
+        state.File.Type = state.LoadedModel;
+    };
+    const auto report = [&](const RuntimeError& error) {
         ReportError(error, desktop);
+        state.File.Type = state.LoadedModel;
+    };
+    if (!LoadOrReport(state, load, report, desktop)) {
         return false;
     }
     desktop.SetPointer(Pointer::Normal);
@@ -195,7 +201,6 @@ bool LoadRegisterFile(RegisterState& state, const SourceFile& file, Desktop& des
     SetCount(state, count);
     RefreshStatus(state, desktop);
     CheckRegister(state, desktop);
-    state.File.Type = state.LoadedModel;
     desktop.ShowCurrentFile();
     return true;
 }

@@ -1,4 +1,5 @@
 #include "formats/common/devicecharacters.h"
+#include "formats/common/namingentry.h"
 #include "formats/registerfile/registerfile.h"
 
 namespace norvik {
@@ -14,29 +15,38 @@ void WriteInteger(OutputFile& file, int value) {
 }
 
 /// The tag is written before the length is looked at, so a text that is too long leaves it behind.
-void WriteString(OutputFile& file, ByteView bytes) {
+void WriteString(OutputFile& file, ByteView bytes, TextView field) {
     WriteByte(file, registerfile::ShortString);
     if (bytes.size() > registerfile::LongestString) {
-        throw RuntimeError(ErrorNumber::InvalidArgument);
+        const Text length = Decimal(static_cast<long long>(bytes.size()));
+        throw RuntimeError(ErrorNumber::InvalidArgument,
+                           Text(field) + u" mit " + length + u" Zeichen");
     }
     WriteByte(file, static_cast<Byte>(bytes.size()));
     file.Write(bytes);
+}
+
+void WriteCharges(OutputFile& file, const RegisterEntry& entry) {
+    if (entry.GebEinh > registerfile::LargestInteger) {
+        throw RuntimeError(ErrorNumber::InvalidArgument, Decimal(entry.GebEinh) + u" Einheiten");
+    }
+    WriteInteger(file, entry.GebEinh);
 }
 
 /// The items that open the record of both models: running numbers, then name and number.
 void WriteRecordHead(OutputFile& file, int record, ByteView name, const RegisterEntry& entry) {
     WriteInteger(file, record - 1);
     WriteInteger(file, record);
-    WriteString(file, name);
-    WriteString(file, BytesFromText(RightTrim(entry.Tel)));
+    WriteString(file, name, u"Name");
+    WriteString(file, BytesFromText(RightTrim(entry.Tel)), u"Nummer");
 }
 
 void WriteRecord195(OutputFile& file, int record, const RegisterEntry& entry) {
     WriteRecordHead(file, record, AnsiToDevice(RightTrim(entry.Name)), entry);
-    WriteString(file, AnsiToDevice(RightTrim(entry.Info)));
+    WriteString(file, AnsiToDevice(RightTrim(entry.Info)), u"Infotext");
     WriteInteger(file, entry.Ton);
     WriteInteger(file, entry.MsnFilter);
-    WriteInteger(file, entry.GebEinh);
+    WriteCharges(file, entry);
     WriteInteger(file, entry.AB);
 }
 
@@ -45,7 +55,7 @@ void WriteRecord193(OutputFile& file, int record, const RegisterEntry& entry) {
     WriteRecordHead(file, record, name, entry);
     WriteInteger(file, 0);  // no tone
     WriteInteger(file, entry.MsnFilter);
-    WriteInteger(file, entry.GebEinh);
+    WriteCharges(file, entry);
     WriteInteger(file, 0);  // no announcement
 }
 
@@ -68,7 +78,8 @@ void WriteRegisterFile195(RegisterState& state, const FilePath& path, Desktop& d
     OutputFile file(path);
     file.Write(RegisterFileHeader);
     for (int position = 1; position <= state.AnzGes; ++position) {
-        WriteRecord195(file, position, EntryAt(state, position));
+        NamingEntry(state, position,
+                    [&](const RegisterEntry& entry) { WriteRecord195(file, position, entry); });
     }
     WriteByte(file, registerfile::EndOfList);
     file.Close();
@@ -76,22 +87,22 @@ void WriteRegisterFile195(RegisterState& state, const FilePath& path, Desktop& d
     desktop.SetPointer(Pointer::Normal);
 }
 
-void WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyMarked,
+bool WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyMarked,
                           Desktop& desktop) {
     if (onlyMarked && state.AnzMarkiert == 0) {
         desktop.Ask({.text = u"Keine Datensätze zum Exportieren!",
                      .title = u"Fehler",
                      .icon = Icon::Exclamation});
-        return;
+        return false;
     }
     desktop.SetPointer(Pointer::Hourglass);
     OutputFile file(path);
     file.Write(RegisterFileHeader);
     int record = 1;
     for (int position = 1; position <= state.AnzGes; ++position) {
-        const RegisterEntry& entry = EntryAt(state, position);
-        if (!onlyMarked || IsMarked(entry)) {
-            WriteRecord193(file, record, entry);
+        if (!onlyMarked || IsMarked(EntryAt(state, position))) {
+            NamingEntry(state, position,
+                        [&](const RegisterEntry& entry) { WriteRecord193(file, record, entry); });
             ++record;
         }
     }
@@ -99,6 +110,7 @@ void WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyM
     file.Close();
     state.RegisterSaved = true;
     desktop.SetPointer(Pointer::Normal);
+    return true;
 }
 
 }  // namespace norvik

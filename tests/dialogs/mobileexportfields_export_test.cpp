@@ -148,7 +148,8 @@ TEST(MobileExportButton, AFileThatCannotBeWrittenRaisesItsErrorAndShowsNoEntry) 
         EXPECT_EQ(error.Number(), ErrorNumber::PathNotFound);
     }
     EXPECT_THAT(desktop.Transcript,
-                ElementsAre(Dialog + (folder / "fehlt/a.pbb").string(), Start + "Ok", Exporting));
+                ElementsAre(Dialog + (folder / "fehlt/a.pbb").string(), Start + "Ok", Exporting,
+                            "status \"Nicht gespeichert: Pfad nicht gefunden\""));
 }
 
 }  // namespace

@@ -96,7 +96,7 @@ TEST_F(KillMSN, ShowsTheMsnOfTheTelephoneAtOnceAndNothingElseAnew) {
               (Lines{MsnQuestion + "Ok", "status \"2abgehende MSN-Einträge wurden gelöscht.\""}));
     EXPECT_EQ(program.Fields.DDMSN, 0);
     EXPECT_EQ(Field(0), u"being typed");
-    EXPECT_EQ(Field(5), u"93");
+    EXPECT_EQ(Field(5), u"9F");
     EXPECT_TRUE(program.Fields.chkCharge);
     EXPECT_EQ(program.Fields.OptFilter, 2);
     EXPECT_EQ(program.Fields.btnSaveChange, EditState::Pending);

@@ -63,7 +63,8 @@ TEST_F(MenuOfHelp, LoadSyncReportsAMissingFile) {
     Run("mnuDateiLoadSync");
     EXPECT_EQ(desktop.Transcript,
               (Lines{"status \"Lade Adress-Synchronisationsdaten...\"",
-                     OkBox(u"SyncDatei nicht gefunden, bitte prüfen!", u"Laden", "Critical")}));
+                     OkBox(u"SyncDatei nicht gefunden, bitte prüfen!", u"Laden", "Critical"),
+                     "status \"Adress-Synchronisationsdaten nicht geladen\""}));
     EXPECT_FALSE(program.Sync.SyncLoaded);
 }
 

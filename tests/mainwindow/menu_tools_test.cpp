@@ -57,7 +57,8 @@ TEST_F(MenuOfTools, ConvCallListWritesATextFileBesideTheCallList) {
                      "preset \"0\" -> \"4\"",
                      OkBox(u"Anruferliste wurde in Datei\r\n" +
                                TextFromPath(folder / "anrufe.csv") + u" gespeichert.",
-                           u"Anruferliste", "Information")}));
+                           u"Anruferliste", "Information"),
+                     "status \"Gespeichert: " + (folder / "anrufe.csv").string() + "\""}));
 }
 
 TEST_F(MenuOfTools, ConvCallListCancelledEndsSilently) {

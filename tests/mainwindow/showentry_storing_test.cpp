@@ -143,26 +143,26 @@ TEST_F(StoreEntryTest, TheUnusedFifthBitIsClearedAndAnUnknownMsnBecomesTheTeleph
     EXPECT_EQ(Stored().MsnFilter, 3 * 64 + 0x10 + 15);
 }
 
-TEST_F(StoreEntryTest, TheChargeCounterIsKeptOrCleared) {
+TEST_F(StoreEntryTest, TheChargeCounterIsKeptUntilItIsClearedOnScreen) {
     RegisterEntry entry = Entry(u"Anna");
     entry.GebEinh = 100;
     Show(entry);
-    fields.AnzGeb = u"99,99";  // another amount never sets the counter
-    EXPECT_EQ(Stored().GebEinh, 100);
-    fields.AnzGeb = u"0,00";
+    for (const TextView amount : {u"99,99", u"0,00", u"0", u"", u"x5"}) {
+        fields.AnzGeb = amount;  // what stands there never sets the counter
+        EXPECT_EQ(Stored().GebEinh, 100);
+    }
+    fields.ChargeErased = true;
     EXPECT_EQ(Stored().GebEinh, 0);
     fields.AnzGeb = u"12,00";  // nor does it bring a cleared one back
     EXPECT_EQ(Stored().GebEinh, 0);
 }
 
-TEST_F(StoreEntryTest, AnAmountThatReadsAsZeroClearsTheCounter) {
-    for (const TextView amount : {u"0", u"", u"-0,00", u"x5"}) {
-        RegisterEntry entry = Entry(u"Anna");
-        entry.GebEinh = 100;
-        Show(entry);
-        fields.AnzGeb = amount;
-        EXPECT_EQ(Stored().GebEinh, 0);
-    }
+TEST_F(StoreEntryTest, ShowingAnEntryForgetsThatTheCounterOfAnotherWasCleared) {
+    RegisterEntry entry = Entry(u"Anna");
+    entry.GebEinh = 100;
+    fields.ChargeErased = true;
+    Show(entry);
+    EXPECT_EQ(Stored().GebEinh, 100);
 }
 
 TEST_F(StoreEntryTest, ANegativeCounterIsKept) {
@@ -172,13 +172,15 @@ TEST_F(StoreEntryTest, ANegativeCounterIsKept) {
     EXPECT_EQ(Stored().GebEinh, -5);
 }
 
-TEST_F(StoreEntryTest, ACounterThatShowsAsZeroIsCleared) {
-    RegisterEntry entry = Entry(u"Anna");
-    entry.GebEinh = 100;
-    state = RegisterOf({entry});
-    ShowEntry(state, 0, fields);
-    ASSERT_EQ(fields.AnzGeb, u"0,00");
-    EXPECT_EQ(Stored().GebEinh, 0);
+TEST_F(StoreEntryTest, ACounterThatASmallUnitPriceShowsAsZeroIsKept) {
+    for (const double unitPrice : {0.0, 0.00001}) {
+        RegisterEntry entry = Entry(u"Anna");
+        entry.GebEinh = 100;
+        state = RegisterOf({entry});
+        ShowEntry(state, unitPrice, fields);
+        ASSERT_EQ(fields.AnzGeb, u"0,00");
+        EXPECT_EQ(Stored().GebEinh, 100);
+    }
 }
 
 TEST_F(StoreEntryTest, AnAnnouncementThatShowsNothingStoresZero) {

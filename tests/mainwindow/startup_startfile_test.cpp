@@ -247,11 +247,13 @@ TEST_F(StartFile, WithAValueTooLargeGivesTheReadersMessageAndTheStartGoesOn) {
     StartWith("reg.t9t");
     EXPECT_EQ(Desktop.Transcript,
               Concat({BeforeStartFile,
-                      {"pointer Hourglass", OkBox(u"mnuLade193195: 6Überlauf", u"")},
+                      {"pointer Hourglass", OkBox(u"mnuLade193195: 6Überlauf", u""), "file"},
+                      FirstEntry,
                       SortInOrder,
                       FirstEntry,
                       Ok}));
     EXPECT_EQ(Prog.State.AnzGes, 1);
+    EXPECT_FALSE(Prog.State.RegisterSaved);
 }
 
 TEST_F(StartFile, WithImpossibleValuesIsRepaired) {

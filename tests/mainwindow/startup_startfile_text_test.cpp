@@ -226,15 +226,17 @@ TEST_F(TextStartFile, OfThe175WithAWrongFirstLineGivesItsMessageAndLeavesOneEmpt
     ExpectOneEmptyEntry();
 }
 
-TEST_F(TextStartFile, OfThe175ThatEndsInsideAnEntryKeepsWhatWasReadAndTheOldCount) {
+TEST_F(TextStartFile, OfThe175ThatEndsInsideAnEntryShowsWhatWasReadWhole) {
     ExpectAt("reg.pbo", Identification + Anna + Bernd + "N=Carl\r\n",
              Concat({{"pointer Hourglass", "pointer Normal",
-                      Undefined(u"mnuDateiLoad175:62Einlesen hinter Dateiende")},
+                      Undefined(u"mnuDateiLoad175:62Einlesen hinter Dateiende"), "file"},
+                     FirstEntry,
                      FirstEntry}));
-    EXPECT_EQ(Names(Prog.State), NameList{u"Anna"});
-    EXPECT_EQ(Prog.State.Register(2).Name, u"Bernd");
-    EXPECT_EQ(Prog.State.LoadedModel, u"");
-    EXPECT_EQ(CaptionOf(Prog.State.File), u"norvik Telefonregister - Datei: [keine]");
+    EXPECT_EQ(Names(Prog.State), (NameList{u"Anna", u"Bernd"}));
+    EXPECT_EQ(Prog.State.LoadedModel, u"175");
+    EXPECT_EQ(CaptionOf(Prog.State.File),
+              u"norvik Telefonregister - Datei: " + TextFromPath(Folder / "reg.pbo"));
+    EXPECT_FALSE(Prog.State.RegisterSaved);
     EXPECT_EQ(Prog.State.AnzMarkiert, 1);
 }
 
@@ -250,9 +252,11 @@ TEST_F(TextStartFile, OfThe175ThatIsCorruptBringsItsMessagesAndIsLoaded) {
 
 TEST_F(TextStartFile, OfCsvWithAValueTooLargeGivesTheMessageOfItsMenuItem) {
     ExpectAt("reg.csv", "Name;Tel\r\nAnna;1\r\nBernd;2;;;;;;;32768\r\n",
-             Concat({{Undefined(u"mnuDateiLoadCSV:6Überlauf")}, FirstEntry}));
+             Concat({{Undefined(u"mnuDateiLoadCSV:6Überlauf"), "file"}, FirstEntry, FirstEntry}));
     EXPECT_EQ(Names(Prog.State), NameList{u"Anna"});
     EXPECT_EQ(Prog.State.AnzGes, 1);
+    EXPECT_EQ(Prog.State.File.Type, u"CSV");
+    EXPECT_FALSE(Prog.State.RegisterSaved);
 }
 
 }  // namespace

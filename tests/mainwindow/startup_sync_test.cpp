@@ -16,6 +16,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 const std::string Loading = "status \"Lade Adress-Synchronisationsdaten...\"";
+const std::string NotLoaded = "status \"Adress-Synchronisationsdaten nicht geladen\"";
 const std::string NotFound =
     "box \"SyncDatei nicht gefunden, bitte prüfen!\" title \"Laden\" icon Critical buttons Ok "
     "default Ok -> Ok";
@@ -80,7 +81,7 @@ TEST_F(StartSync, WithoutASettingsFileNothingIsLoaded) {
 }
 
 TEST_F(StartSync, AMissingDatabaseIsReportedAndTheStartGoesOn) {
-    EXPECT_EQ(Start("LoadSyncOnStart=yes"), StartWith({Loading, NotFound}));
+    EXPECT_EQ(Start("LoadSyncOnStart=yes"), StartWith({Loading, NotFound, NotLoaded}));
     EXPECT_FALSE(program.Sync.SyncLoaded);
     EXPECT_TRUE(program.State.WarnLineAccessZero);
     EXPECT_EQ(program.State.AnzGes, 1);
@@ -89,7 +90,7 @@ TEST_F(StartSync, AMissingDatabaseIsReportedAndTheStartGoesOn) {
 TEST_F(StartSync, WithoutAPathTheDatabaseIsMissing) {
     folder.Write("norvik.ini", "LoadSyncOnStart=yes\r\n");
     StartUp(program, u"", desktop);
-    EXPECT_EQ(desktop.Transcript, StartWith({Loading, NotFound}));
+    EXPECT_EQ(desktop.Transcript, StartWith({Loading, NotFound, NotLoaded}));
 }
 
 TEST_F(StartSync, ADatabaseThatIsAFolderCountsAsEmpty) {

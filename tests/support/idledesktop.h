@@ -16,6 +16,7 @@ class IdleDesktop : public Desktop {
     std::optional<FilePath> AskForFileToSave(const FileDialog& /*dialog*/) override {
         return std::nullopt;
     }
+    bool AskToReplace(const FilePath& /*file*/) override { return true; }
 };
 
 }  // namespace norvik::test

@@ -104,6 +104,20 @@ ScriptedDesktop& ScriptedDesktop::AnswerFile(std::optional<FilePath> answer) {
     return *this;
 }
 
+ScriptedDesktop& ScriptedDesktop::AnswerReplace(bool answer) {
+    answers_.emplace_back(answer);
+    return *this;
+}
+
+std::pair<std::string, std::string> ScriptedDesktop::TakeOffer(bool* forAll) {
+    if (forAll == nullptr) {
+        return {};
+    }
+    ++offers_;
+    *forAll = offers_ == TickedOffer;
+    return {" offering for all", *forAll ? " for all" : ""};
+}
+
 std::vector<std::string> ScriptedDesktop::Questions() const {
     std::vector<std::string> result;
     std::copy_if(Transcript.begin(), Transcript.end(), std::back_inserter(result),
@@ -141,7 +155,8 @@ Button ScriptedDesktop::Ask(const MessageBox& box) {
         << "the default button is none of the box's: " << question;
     const bool onlyOk = box.buttons == std::vector<Button>{Button::Ok};
     const Button answer = onlyOk ? Button::Ok : NextAnswer(question, box.defaultButton);
-    Transcript.push_back(question + " -> " + NameOf(answer));
+    const auto [offer, taken] = TakeOffer(box.ForAll);
+    Transcript.push_back(question + offer + " -> " + NameOf(answer) + taken);
     return answer;
 }
 
@@ -149,7 +164,8 @@ std::optional<Text> ScriptedDesktop::AskForText(const InputBox& box) {
     const std::string question = "input " + Quoted(box.prompt) + " title " + Quoted(box.title) +
                                  " preset " + Quoted(box.preset);
     const auto answer = NextAnswer(question, std::optional<Text>());
-    Transcript.push_back(question + " -> " + (answer ? Quoted(*answer) : "cancel"));
+    const auto [offer, taken] = TakeOffer(box.ForAll);
+    Transcript.push_back(question + offer + " -> " + (answer ? Quoted(*answer) : "cancel") + taken);
     return answer;
 }
 
@@ -167,6 +183,13 @@ std::optional<FilePath> ScriptedDesktop::AskForFileToOpen(const FileDialog& dial
 
 std::optional<FilePath> ScriptedDesktop::AskForFileToSave(const FileDialog& dialog) {
     return AskForFile("save", dialog);
+}
+
+bool ScriptedDesktop::AskToReplace(const FilePath& file) {
+    const std::string question = "replace " + file.string();
+    const bool answer = NextAnswer(question, false);
+    Transcript.push_back(question + " -> " + (answer ? "yes" : "no"));
+    return answer;
 }
 
 void ScriptedDesktop::SetStatus(TextView text) {

@@ -8,6 +8,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -22,17 +23,25 @@ class ScriptedDesktop : public Desktop, public Windows {
     ScriptedDesktop& AnswerBox(Button button);
     ScriptedDesktop& AnswerText(std::optional<Text> answer);
     ScriptedDesktop& AnswerFile(std::optional<FilePath> answer);
+    ScriptedDesktop& AnswerReplace(bool answer);
+
+    /// The box that ticks its offer to answer all further ones alike: the first one that offers it,
+    /// the second one, …; none by default.
+    int TickedOffer = 0;
 
     /// One line per call, UTF-8:
     ///   box "text" title "title" icon None buttons Ok default Ok -> Ok
     ///   input "prompt" title "title" preset "" -> "answer"      (-> cancel)
     ///   open "filter" ending .t9t -> /path                      (-> cancel)
     ///   save "filter" ending .t9t -> /path
+    ///   replace /path -> yes
     ///   status "text" | beep | pointer Hourglass | pointer Normal
     ///   entry | list | file | focus 0 | close
     ///   show NVHE | show NVList | close NVList | show NVSET
     ///   document /path -> 33 | editor /path
-    /// CR LF inside a text stands as \r\n.
+    /// CR LF inside a text stands as \r\n. A box or input that offers to answer all further ones
+    /// alike ends with "offering for all" in front of "->", its answer with "for all" when that
+    /// was ticked.
     std::vector<std::string> Transcript;
 
     /// The transcript without the status lines and the pointer, for tests that are not about them.
@@ -54,6 +63,7 @@ class ScriptedDesktop : public Desktop, public Windows {
     std::optional<Text> AskForText(const InputBox& box) override;
     std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
+    bool AskToReplace(const FilePath& file) override;
     void SetStatus(TextView text) override;
     void Beep() override;
     void SetPointer(Pointer pointer) override;
@@ -70,13 +80,16 @@ class ScriptedDesktop : public Desktop, public Windows {
     void OpenInTextEditor(const FilePath& document) override;
 
   private:
-    using Answer = std::variant<Button, std::optional<Text>, std::optional<FilePath>>;
+    using Answer = std::variant<Button, std::optional<Text>, std::optional<FilePath>, bool>;
 
     template <typename Wanted>
     Wanted NextAnswer(const std::string& question, Wanted fallback);
+    /// What of a question's offer stands in front of and behind its answer.
+    std::pair<std::string, std::string> TakeOffer(bool* forAll);
     std::optional<FilePath> AskForFile(const std::string& kind, const FileDialog& dialog);
 
     std::deque<Answer> answers_;
+    int offers_ = 0;
 };
 
 /// A text as UTF-8 with \r and \n written out, as transcripts show it.

@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
 const std::string Loading = "status \"Lade Adress-Synchronisationsdaten...\"";
+const std::string NotLoaded = "status \"Adress-Synchronisationsdaten nicht geladen\"";
 const std::string NotFound =
     "box \"SyncDatei nicht gefunden, bitte prüfen!\" title \"Laden\" icon Critical buttons Ok "
     "default Ok -> Ok";
@@ -130,34 +131,34 @@ TEST_F(LoadSync, TheRecordsStayWhenTheFileIsGone) {
 // The file is missing
 
 TEST_F(LoadSync, AMissingFileIsReportedAndNothingIsLoaded) {
-    EXPECT_EQ(Load(folder / "a.csv"), (Lines{Loading, NotFound}));
+    EXPECT_EQ(Load(folder / "a.csv"), (Lines{Loading, NotFound, NotLoaded}));
     EXPECT_FALSE(sync.SyncLoaded);
     EXPECT_EQ(sync.Tables.SyncNameTable.size(), 1001U);
 }
 
 TEST_F(LoadSync, AMissingFolderIsAMissingFile) {
-    EXPECT_EQ(Load(folder / "nowhere" / "a.csv"), (Lines{Loading, NotFound}));
+    EXPECT_EQ(Load(folder / "nowhere" / "a.csv"), (Lines{Loading, NotFound, NotLoaded}));
     EXPECT_FALSE(sync.SyncLoaded);
 }
 
 TEST_F(LoadSync, WithoutAPathTheFileIsMissing) {
-    EXPECT_EQ(Load(""), (Lines{Loading, NotFound}));
+    EXPECT_EQ(Load(""), (Lines{Loading, NotFound, NotLoaded}));
     EXPECT_FALSE(sync.SyncLoaded);
 }
 
 TEST_F(LoadSync, AFileInPlaceOfTheFolderIsAMissingFile) {
     folder.Write("a.csv", "\"Meier\"\r\n");
-    EXPECT_EQ(Load(folder / "a.csv" / "b.csv"), (Lines{Loading, NotFound}));
+    EXPECT_EQ(Load(folder / "a.csv" / "b.csv"), (Lines{Loading, NotFound, NotLoaded}));
 }
 
 TEST_F(LoadSync, ANameThatNoFileCanHaveIsAMissingFile) {
-    EXPECT_EQ(Load(folder / std::string(300, 'a')), (Lines{Loading, NotFound}));
+    EXPECT_EQ(Load(folder / std::string(300, 'a')), (Lines{Loading, NotFound, NotLoaded}));
     EXPECT_FALSE(sync.SyncLoaded);
 }
 
 TEST_F(LoadSync, AMissingFileEmptiesTheTablesAndKeepsWhatWasLoaded) {
     Load(folder.Write("a.csv", "\"A1\"\r\n\"A2\"\r\n"));
-    EXPECT_EQ(Load(folder / "b.csv"), (Lines{Loading, NotFound}));
+    EXPECT_EQ(Load(folder / "b.csv"), (Lines{Loading, NotFound, NotLoaded}));
     EXPECT_EQ(Surname(1), u"");
     EXPECT_EQ(Surname(2), u"");
     EXPECT_EQ(sync.Tables.SyncNameTable.size(), 1001U);
@@ -229,7 +230,7 @@ TEST_F(LoadSync, AFileThatCannotBeReadCountsAsEmptyWithoutAMessage) {
 
 TEST_F(LoadSync, ALinkToNothingIsAMissingFile) {
     fs::create_symlink("nirgends", folder / "a.csv");
-    EXPECT_EQ(Load(folder / "a.csv"), (Lines{Loading, NotFound}));
+    EXPECT_EQ(Load(folder / "a.csv"), (Lines{Loading, NotFound, NotLoaded}));
 }
 
 TEST_F(LoadSync, ALinkToADatabaseIsReadLikeIt) {

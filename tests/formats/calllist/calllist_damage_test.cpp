@@ -15,7 +15,11 @@ using testing::IsEmpty;
 
 class DamagedCallList : public testing::Test {
   protected:
-    void Convert(const Bytes& list) { ConvertCallList(folder.Write("anrufe.t9a", list), desktop); }
+    /// Converts a list of these bytes into a new file.
+    void Convert(const Bytes& list) {
+        std::filesystem::remove(folder / "anrufe.csv");
+        ConvertCallList(folder.Write("anrufe.t9a", list), desktop);
+    }
     [[nodiscard]] Bytes Written() const { return ReadFile(folder / "anrufe.csv"); }
 
     TestFolder folder;
@@ -138,7 +142,9 @@ TEST_F(DamagedCallList, AHardStopLeavesTheCallsBeforeIt) {
 
 TEST_F(DamagedCallList, AHardStopReplacesAnOldFileToo) {
     folder.Write("anrufe.csv", "ein alter, viel längerer Text");
-    EXPECT_THROW(Convert(CallListOf("02 0C 05")), HardStop);
+    desktop.AnswerReplace(true);
+    EXPECT_THROW(ConvertCallList(folder.Write("anrufe.t9a", CallListOf("02 0C 05")), desktop),
+                 HardStop);
     EXPECT_EQ(Written(), Raw("'11;'"));
 }
 

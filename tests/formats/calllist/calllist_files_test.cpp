@@ -22,6 +22,8 @@ using testing::IsEmpty;
 constexpr std::string_view OneCall = "02 01 06 0A '0512241830' 06 03 '030' 02 01 00";
 const std::string OneLine = "00;24.12.2005 18:30;2;030\r\n";
 
+constexpr TextView AtAndOf = u"24.12.2005 18:30 030";
+
 class CallListFiles : public testing::Test {
   protected:
     /// The number of the error that the conversion of `file` raises; 0 for none.
@@ -38,6 +40,11 @@ class CallListFiles : public testing::Test {
         return {bytes.begin(), bytes.end()};
     }
 
+    /// The transcript's line of the question whether to replace the output.
+    [[nodiscard]] std::string Replace(const std::string& answer) const {
+        return "replace " + (folder / "anrufe.csv").string() + " -> " + answer;
+    }
+
     TestFolder folder;
     ScriptedDesktop desktop;
 };
@@ -51,12 +58,23 @@ TEST_F(CallListFiles, TheFirstPointMayStandInAFoldersName) {
     EXPECT_FALSE(fs::exists(folder / "my.data" / "calls.csv"));
 }
 
-TEST_F(CallListFiles, AFileOfTheOutputsNameIsReplaced) {
+TEST_F(CallListFiles, AFileOfTheOutputsNameIsReplacedWhenTheUserWantsIt) {
     const FilePath input = folder.Write("anrufe.t9a", CallListOf(OneCall));
     folder.Write("anrufe.csv", std::string(1000, 'x'));
-    desktop.AnswerText(u"2");
-    ConvertCallList(input, desktop);
+    desktop.AnswerReplace(true).AnswerText(u"2");
+    EXPECT_TRUE(ConvertCallList(input, desktop));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Replace("yes"), MsnQuestion(AtAndOf, "\"2\""),
+                                                SavedBox(folder / "anrufe.csv")));
     EXPECT_EQ(Read("anrufe.csv"), OneLine);
+}
+
+TEST_F(CallListFiles, AFileOfTheOutputsNameThatIsNotToBeReplacedEndsTheConversionSilently) {
+    const FilePath input = folder.Write("anrufe.t9a", CallListOf(OneCall));
+    folder.Write("anrufe.csv", "alt");
+    desktop.AnswerReplace(false);
+    EXPECT_FALSE(ConvertCallList(input, desktop));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Replace("no")));
+    EXPECT_EQ(Read("anrufe.csv"), "alt");
 }
 
 TEST_F(CallListFiles, TheCallListStaysAsItIs) {
@@ -122,7 +140,7 @@ TEST_F(CallListFiles, AnOutputThatIsALinkToAnotherFileIsWrittenThere) {
     const FilePath input = folder.Write("anrufe.t9a", CallListOf(OneCall));
     folder.Write("woanders.txt", "alt");
     fs::create_symlink("woanders.txt", folder / "anrufe.csv");
-    desktop.AnswerText(u"2");
+    desktop.AnswerReplace(true).AnswerText(u"2");
     EXPECT_EQ(ErrorOfConverting(input), 0);
     EXPECT_EQ(Read("woanders.txt"), OneLine);
 }
@@ -148,19 +166,21 @@ TEST_F(CallListFiles, AnOutputThatIsAFolderRaisesError75) {
 TEST_F(CallListFiles, AnOutputThatIsAPipeWithoutAReaderRaisesError75) {
     const FilePath input = folder.Write("anrufe.t9a", CallListOf(OneCall));
     ASSERT_EQ(mkfifo((folder / "anrufe.csv").c_str(), 0600), 0);
+    desktop.AnswerReplace(true);
     EXPECT_EQ(ErrorOfConverting(input), 75);
-    EXPECT_THAT(desktop.Transcript, IsEmpty());
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Replace("yes")));
 }
 
 TEST_F(CallListFiles, AnOutputWithoutPermissionRaisesError70AndStaysAsItWas) {
     const FilePath input = folder.Write("anrufe.t9a", CallListOf(OneCall));
     const FilePath output = folder.Write("anrufe.csv", "alt");
     fs::permissions(output, fs::perms::owner_read);
+    desktop.AnswerReplace(true);
     {
         const AsAnyUser anyUser;
         EXPECT_EQ(ErrorOfConverting(input), 70);
     }
-    EXPECT_THAT(desktop.Transcript, IsEmpty());
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Replace("yes")));
     EXPECT_EQ(Read("anrufe.csv"), "alt");
 }
 
@@ -177,9 +197,9 @@ TEST_F(CallListFiles, AFullDiskRaises61AfterTheQuestions) {
     }
     const FilePath input = folder.Write("anrufe.t9a", CallListOf(OneCall));
     fs::create_symlink("/dev/full", folder / "anrufe.csv");
-    desktop.AnswerText(u"2");
+    desktop.AnswerReplace(true).AnswerText(u"2");
     EXPECT_EQ(ErrorOfConverting(input), 61);
-    EXPECT_THAT(desktop.Transcript, ElementsAre(MsnQuestion(u"24.12.2005 18:30 030", "\"2\"")));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Replace("yes"), MsnQuestion(AtAndOf, "\"2\"")));
 }
 
 TEST_F(CallListFiles, WritingThatFailsAtAnyByteIsNeverCalledSaved) {
@@ -188,6 +208,7 @@ TEST_F(CallListFiles, WritingThatFailsAtAnyByteIsNeverCalledSaved) {
         SCOPED_TRACE(room);
         desktop.Transcript.clear();
         desktop.AnswerText(u"2");
+        fs::remove(folder / "anrufe.csv");
         {
             const FileSizeLimit limit(room);
             EXPECT_EQ(ErrorOfConverting(input), 57);

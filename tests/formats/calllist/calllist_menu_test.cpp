@@ -28,6 +28,11 @@ std::string Undefined(TextView numberAndDescription) {
     return OkBox(Text(u"Undef'd Error: mnuDateiConvCallListCSV:").append(numberAndDescription));
 }
 
+std::string NotSaved(TextView numberAndDescription) {
+    const std::size_t description = numberAndDescription.find_first_not_of(u"0123456789");
+    return "status \"Nicht gespeichert: " + Utf8(numberAndDescription.substr(description)) + "\"";
+}
+
 class ConvertFromMenu : public testing::Test {
   protected:
     TestFolder folder;
@@ -42,7 +47,8 @@ TEST_F(ConvertFromMenu, AsksForTheFileAndConvertsIt) {
 
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + input.string(), MsnQuestion(u"24.12.2005 18:30 030", "\"2\""),
-                            SavedBox(folder / "anrufe.csv")));
+                            SavedBox(folder / "anrufe.csv"),
+                            "status \"Gespeichert: " + (folder / "anrufe.csv").string() + "\""));
     EXPECT_EQ(ReadFile(folder / "anrufe.csv"), OneLine());
 }
 
@@ -78,7 +84,8 @@ TEST_F(ConvertFromMenu, AnOutputThatWouldBeTheInputIsReported) {
     desktop.AnswerFile(input);
     mnuDateiConvCallListCSV(desktop);
     EXPECT_THAT(desktop.Transcript,
-                ElementsAre(Dialog + input.string(), Undefined(u"55Datei bereits geöffnet")));
+                ElementsAre(Dialog + input.string(), Undefined(u"55Datei bereits geöffnet"),
+                            NotSaved(u"55Datei bereits geöffnet")));
     EXPECT_EQ(ReadFile(input), CallListOf(OneCall));
 }
 
@@ -87,9 +94,9 @@ TEST_F(ConvertFromMenu, AnOutputThatCannotBeCreatedIsReported) {
     fs::create_directory(folder / "anrufe.csv");
     desktop.AnswerFile(input);
     mnuDateiConvCallListCSV(desktop);
-    EXPECT_THAT(
-        desktop.Transcript,
-        ElementsAre(Dialog + input.string(), Undefined(u"75Fehler beim Zugriff auf Pfad/Datei")));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + input.string(),
+                                                Undefined(u"75Fehler beim Zugriff auf Pfad/Datei"),
+                                                NotSaved(u"75Fehler beim Zugriff auf Pfad/Datei")));
 }
 
 TEST_F(ConvertFromMenu, ACallNumberTooLargeIsReported) {
@@ -97,7 +104,8 @@ TEST_F(ConvertFromMenu, ACallNumberTooLargeIsReported) {
         folder.Write("anrufe.t9a", CallListOf("09 00 00 00 00 00 00 00 80 06 00 06 00 01"));
     desktop.AnswerFile(input);
     mnuDateiConvCallListCSV(desktop);
-    EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + input.string(), Undefined(u"6Überlauf")));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + input.string(), Undefined(u"6Überlauf"),
+                                                NotSaved(u"6Überlauf")));
     EXPECT_EQ(ReadFile(folder / "anrufe.csv"), Bytes());
 }
 
@@ -165,7 +173,8 @@ TEST(ConvertAnyFile, ThatCannotBeReadIsReportedAndNothingIsWritten) {
             mnuDateiConvCallListCSV(desktop);
         }
         EXPECT_THAT(desktop.Transcript,
-                    ElementsAre(Dialog + path.string(), Undefined(kind.NumberAndDescription)));
+                    ElementsAre(Dialog + path.string(), Undefined(kind.NumberAndDescription),
+                                NotSaved(kind.NumberAndDescription)));
         EXPECT_FALSE(fs::exists(folder / "anrufe.csv"));
     }
 }

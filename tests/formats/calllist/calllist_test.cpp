@@ -17,6 +17,7 @@ class ConvertCalls : public testing::Test {
   protected:
     /// Converts a file of these bytes and gives what was written.
     Bytes Convert(const Bytes& list) {
+        std::filesystem::remove(folder / "anrufe.csv");
         ConvertCallList(folder.Write("anrufe.t9a", list), desktop);
         return Written();
     }

@@ -44,20 +44,47 @@ TEST(TrySave, AHardStopIsNotHeld) {
     EXPECT_THROW(TrySave([] { throw HardStop(); }, desktop), HardStop);
 }
 
-TEST(ReportNotSaved, SaysTheDescriptionInTheStatusLine) {
+TEST(ShowNotSaved, SaysTheDescriptionInTheStatusLine) {
     ScriptedDesktop desktop;
-    ReportNotSaved(RuntimeError(ErrorNumber::DiskFull), desktop);
-    ReportNotSaved(RuntimeError(ErrorNumber::InvalidArgument), desktop);
+    ShowNotSaved(RuntimeError(ErrorNumber::DiskFull), desktop);
+    ShowNotSaved(RuntimeError(ErrorNumber::InvalidArgument), desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre("status \"Nicht gespeichert: Datenträger voll\"",
                             "status \"Nicht gespeichert: Ungültiger Prozeduraufruf oder "
                             "ungültiges Argument\""));
 }
 
-TEST(ReportNotSaved, SaysNothingWithoutAnError) {
+TEST(ShowNotSaved, SaysWhatIsAtFaultWhereThatIsKnown) {
     ScriptedDesktop desktop;
-    ReportNotSaved(std::nullopt, desktop);
+    ShowNotSaved(RuntimeError(ErrorNumber::Overflow, u"#1 B: 70000 Einheiten"), desktop);
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre("status \"Nicht gespeichert: Überlauf (#1 B: 70000 Einheiten)\""));
+}
+
+TEST(ShowSaved, SaysThePath) {
+    ScriptedDesktop desktop;
+    ShowSaved(FilePath(u"/tmp/Жук ü.t9t"), desktop);
+    EXPECT_THAT(desktop.Transcript, ElementsAre("status \"Gespeichert: /tmp/??? ü.t9t\""));
+}
+
+TEST(EndSave, AGoodSaveReplacesTheStatusOfAFailedOne) {
+    RegisterState state;
+    ScriptedDesktop desktop;
+    EndSave(state, RuntimeError(ErrorNumber::DiskFull), "/a.t9t", desktop);
+    EXPECT_FALSE(state.RegisterSaved);
+    EndSave(state, std::nullopt, "/a.t9t", desktop);
+    EXPECT_FALSE(state.RegisterSaved);  // that is the writers' to set
+    EXPECT_THAT(desktop.Transcript, ElementsAre("status \"Nicht gespeichert: Datenträger voll\"",
+                                                "status \"Gespeichert: /a.t9t\""));
+}
+
+TEST(SaveOrSay, SaysOfAnErrorThatNothingWasSavedAndLetsItGoOn) {
+    ScriptedDesktop desktop;
+    SaveOrSay([] {}, desktop);
     EXPECT_THAT(desktop.Transcript, IsEmpty());
+    EXPECT_THROW(SaveOrSay([] { throw RuntimeError(ErrorNumber::DiskFull); }, desktop),
+                 RuntimeError);
+    EXPECT_THAT(desktop.Transcript, ElementsAre("status \"Nicht gespeichert: Datenträger voll\""));
 }
 
 }  // namespace

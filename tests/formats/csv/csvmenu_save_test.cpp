@@ -18,6 +18,14 @@ const std::string Question =
     "box \"Sollen die Daten in \" \" gesetzt werden?\" title \"Speichern im CSV-Format\" "
     "icon Question buttons Yes+No default Yes -> ";
 
+std::string Saved(const FilePath& path) {
+    return "status \"Gespeichert: " + path.string() + "\"";
+}
+
+std::string NotSaved(TextView description) {
+    return "status \"Nicht gespeichert: " + Utf8(description) + "\"";
+}
+
 RegisterState Unsaved() {
     RegisterState state = RegisterOf({Entry(u"Bö", u"2"), Entry(u"Anna", u"1", u"()x")});
     state.RegisterOrder(1) = 2;
@@ -56,7 +64,8 @@ TEST(MnuDateiSaveCSV, AsksForTheNameThenForTheQuotesAndShowsTheEntryAgain) {
     mnuDateiSaveCSV(state, desktop);
 
     EXPECT_THAT(desktop.Transcript,
-                ElementsAre(Dialog + (folder / "a.csv").string(), Question + "Yes", "entry"));
+                ElementsAre(Dialog + (folder / "a.csv").string(), Question + "Yes", "entry",
+                            Saved(folder / "a.csv")));
     EXPECT_EQ(ReadFile(folder / "a.csv"), Quoted());
     EXPECT_TRUE(state.RegisterSaved);
     EXPECT_EQ(state.AnzNr, 2);
@@ -69,8 +78,8 @@ TEST(MnuDateiSaveCSV, WithoutQuotesTheFileIsWrittenAllTheSame) {
     ScriptedDesktop desktop;
     desktop.AnswerFile(folder / "a.csv").AnswerBox(Button::No);
     mnuDateiSaveCSV(state, desktop);
-    EXPECT_THAT(desktop.Transcript,
-                ElementsAre(Dialog + (folder / "a.csv").string(), Question + "No", "entry"));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + (folder / "a.csv").string(),
+                                                Question + "No", "entry", Saved(folder / "a.csv")));
     EXPECT_EQ(ReadFile(folder / "a.csv"), Plain());
     EXPECT_TRUE(state.RegisterSaved);
 }
@@ -123,10 +132,10 @@ TEST(MnuDateiSaveCSV, AFileThatCannotBeCreatedIsReportedAndNothingElseChanges) {
             mnuDateiSaveCSV(state, desktop);
             EXPECT_THAT(
                 desktop.Transcript,
-                ElementsAre(
-                    Dialog + example.first.string(), Question + "Yes",
-                    OkBox(Text(u"Undef'd Error: mnuDateiSaveCSV:").append(example.second))));
-            EXPECT_EQ(state.RegisterSaved, saved);
+                ElementsAre(Dialog + example.first.string(), Question + "Yes",
+                            OkBox(Text(u"Undef'd Error: mnuDateiSaveCSV:").append(example.second)),
+                            NotSaved(example.second.substr(2))));
+            EXPECT_FALSE(state.RegisterSaved);
             EXPECT_TRUE(ContentsOf(state) == before);
         }
     }
@@ -139,9 +148,11 @@ TEST(MnuDateiSaveCSV, ATextThatTheFileCannotHoldIsReported) {
     ScriptedDesktop desktop;
     desktop.AnswerFile(folder / "a.csv").AnswerBox(Button::No);
     mnuDateiSaveCSV(state, desktop);
-    EXPECT_EQ(desktop.Transcript.back(),
+    EXPECT_EQ(desktop.Questions().back(),
               OkBox(u"Undef'd Error: mnuDateiSaveCSV:5Ungültiger Prozeduraufruf oder ungültiges "
                     u"Argument"));
+    EXPECT_EQ(desktop.Transcript.back(),
+              NotSaved(u"Ungültiger Prozeduraufruf oder ungültiges Argument (#2 Bö)"));
     EXPECT_FALSE(state.RegisterSaved);
 }
 
@@ -166,7 +177,9 @@ TEST(MnuDateiSaveCSV, TellsOfAFailureAtEveryByte) {
                                     Question + (answer == Button::Yes ? "Yes" : "No"),
                                     fits ? "entry"
                                          : OkBox(u"Undef'd Error: mnuDateiSaveCSV:57E/A-Fehler "
-                                                 u"beim Zugriff auf ein Gerät")));
+                                                 u"beim Zugriff auf ein Gerät"),
+                                    fits ? Saved(folder / "a.csv")
+                                         : NotSaved(u"E/A-Fehler beim Zugriff auf ein Gerät")));
             EXPECT_EQ(state.RegisterSaved, fits);
             EXPECT_TRUE(ContentsOf(state) == before);
             EXPECT_EQ(ReadFile(folder / "a.csv"),
@@ -189,7 +202,7 @@ TEST(MnuDateiSaveCSV, ALargeRegisterFailsInTheMiddleToo) {
         const FileSizeLimit limit(50'000);
         mnuDateiSaveCSV(state, desktop);
     }
-    EXPECT_EQ(desktop.Transcript.back(),
+    EXPECT_EQ(desktop.Questions().back(),
               OkBox(u"Undef'd Error: mnuDateiSaveCSV:57E/A-Fehler beim Zugriff auf ein Gerät"));
     EXPECT_FALSE(state.RegisterSaved);
     EXPECT_EQ(std::filesystem::file_size(folder / "a.csv"), 50'000U);
@@ -207,7 +220,8 @@ TEST(MnuDateiSaveCSV, AFullDiskIsReported) {
     mnuDateiSaveCSV(state, desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + (folder / "voll.csv").string(), Question + "No",
-                            OkBox(u"Undef'd Error: mnuDateiSaveCSV:61Datenträger voll")));
+                            OkBox(u"Undef'd Error: mnuDateiSaveCSV:61Datenträger voll"),
+                            NotSaved(u"Datenträger voll")));
     EXPECT_FALSE(state.RegisterSaved);
 }
 #endif

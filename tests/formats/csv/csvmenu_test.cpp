@@ -152,18 +152,24 @@ TEST(MnuDateiLoadCSV, AFolderIsNoFile) {
                     OkBox(u"Undef'd Error: mnuDateiLoadCSV:75Fehler beim Zugriff auf Pfad/Datei")));
 }
 
-TEST(MnuDateiLoadCSV, AValueTooLargeForItsFieldIsReported) {
+TEST(MnuDateiLoadCSV, AValueTooLargeForItsFieldIsReportedAndWhatWasReadWholeIsShown) {
     const TestFolder folder;
     const FilePath path = folder.Write("a.csv", "Name;Tel\r\nb;1\r\na;2;;;;;;;32768\r\n");
     RegisterState state = Old();
     ScriptedDesktop desktop;
     desktop.AnswerFile(path);
     mnuDateiLoadCSV(state, Settings(), {}, desktop);
-    EXPECT_THAT(
-        desktop.Transcript,
-        ElementsAre(Dialog + path.string(), OkBox(u"Undef'd Error: mnuDateiLoadCSV:6Überlauf")));
-    EXPECT_EQ(state.AnzGes, 3);
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + path.string(),
+                                                OkBox(u"Undef'd Error: mnuDateiLoadCSV:6Überlauf"),
+                                                "file", "entry", "list"));
+    EXPECT_EQ(state.AnzGes, 1);
+    EXPECT_EQ(state.Satzwahl.Maximum, 1);
+    EXPECT_EQ(state.AnzNr, 1);
     EXPECT_EQ(state.Register(1), Entry(u"b", u"1"));
+    EXPECT_EQ(state.LoadedModel, u"");
+    EXPECT_EQ(state.File.Type, u"CSV");
+    EXPECT_EQ(state.File.Path, path);
+    EXPECT_FALSE(state.RegisterSaved);
     EXPECT_FALSE(state.WarnLineAccessZero);
 }
 

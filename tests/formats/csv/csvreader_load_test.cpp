@@ -278,7 +278,7 @@ TEST_F(LoadCSVTest, AFileThatCannotBeOpenedLeavesTheRegisterAsItWas) {
     EXPECT_THAT(desktop.Transcript, IsEmpty());
 }
 
-TEST_F(LoadCSVTest, AnAbortedLoadKeepsTheOldCountAndTheEntriesReadSoFar) {
+TEST_F(LoadCSVTest, AnAbortedLoadRaisesItsErrorBesideTheEntriesReadSoFar) {
     try {
         Load("Name;Tel\r\nAnna;1\r\nBert;2;;;;;;;32768\r\nCarl;3\r\n");
         FAIL();
@@ -290,7 +290,9 @@ TEST_F(LoadCSVTest, AnAbortedLoadKeepsTheOldCountAndTheEntriesReadSoFar) {
     EXPECT_EQ(state.Register(1), Entry(u"Anna", u"1"));
     EXPECT_EQ(state.Register(3), RegisterState().Register(3));
     EXPECT_THAT(Order(state, 3), ElementsAre(1, 2, 3));
-    EXPECT_EQ(state.File.Type, u"175");
+    EXPECT_EQ(state.RecordsRead, 1);
+    EXPECT_EQ(state.File.Type, u"CSV");
+    EXPECT_EQ(state.File.Path, path);
     EXPECT_THAT(desktop.Transcript, IsEmpty());
 }
 

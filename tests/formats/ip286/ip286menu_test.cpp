@@ -25,6 +25,14 @@ std::string Undefined(TextView numberAndDescription) {
     return OkBox(Text(u"Undef'd Error: mnuDateiSaveIP286:").append(numberAndDescription));
 }
 
+std::string Saved(const FilePath& path) {
+    return "status \"Gespeichert: " + path.string() + "\"";
+}
+
+std::string NotSaved(const std::string& description) {
+    return "status \"Nicht gespeichert: " + description + "\"";
+}
+
 std::string Warning(TextView count) {
     return OkBox(Text(u"Der Datensatz wird ")
                      .append(count)
@@ -71,7 +79,7 @@ TEST(MnuDateiSaveIP286, AsksForTheNameThenForTextsAndShowsTheEntryAgain) {
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + (folder / "a.csv").string(), Input + "\"\"",
                             Report(u"2 Einträge exportiert\r\n0 Einträge wurden ignoriert\r\n"),
-                            "entry"));
+                            "entry", Saved(folder / "a.csv")));
     EXPECT_EQ(ReadFile(folder / "a.csv"), Whole());
     EXPECT_EQ(state.AnzNr, 2);
 }
@@ -103,7 +111,7 @@ TEST(MnuDateiSaveIP286, TheTextsAreAskedForUntilAnEmptyAnswer) {
                             Input + "\"**\"", Input + "\"\"",
                             Report(u"1 Einträge exportiert\r\n1 Einträge wurden ignoriert\r\n"
                                    u"Öl\r\n"),
-                            "entry"));
+                            "entry", Saved(folder / "a.csv")));
 }
 
 TEST(MnuDateiSaveIP286, ACancelledInputEndsTheTextsAndKeepsThem) {
@@ -117,7 +125,7 @@ TEST(MnuDateiSaveIP286, ACancelledInputEndsTheTextsAndKeepsThem) {
                             Input + "cancel",
                             Report(u"1 Einträge exportiert\r\n1 Einträge wurden ignoriert\r\n"
                                    u"Anna\r\n"),
-                            "entry"));
+                            "entry", Saved(folder / "a.csv")));
     EXPECT_EQ(ReadFile(folder / "a.csv"), Raw("'\"Name\",\"Telefonnummer\",\"Konto\"' 0D 0A"
                                               "'\"Oel\",\"**12\",\"1\"' 0D 0A"));
 }
@@ -161,7 +169,7 @@ TEST(MnuDateiSaveIP286, ARegisterOf301EntriesShowsTheWarningThenWritesAll301) {
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Warning(u"301"), Dialog + (folder / "a.csv").string(), Input + "\"\"",
                             Report(u"301 Einträge exportiert\r\n0 Einträge wurden ignoriert\r\n"),
-                            "entry"));
+                            "entry", Saved(folder / "a.csv")));
     std::string expected = "\"Name\",\"Telefonnummer\",\"Konto\"\r\n";
     for (int place = 1; place <= 301; ++place) {
         const std::string number = std::to_string(place);
@@ -225,7 +233,8 @@ TEST(MnuDateiSaveIP286, AFileThatCannotBeCreatedIsReportedAfterTheQuestions) {
     mnuDateiSaveIP286(state, desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + (folder / "fehlt" / "a.csv").string(), Input + "\"x\"",
-                            Input + "\"\"", Undefined(u"76Pfad nicht gefunden")));
+                            Input + "\"\"", Undefined(u"76Pfad nicht gefunden"),
+                            NotSaved("Pfad nicht gefunden")));
     EXPECT_TRUE(ContentsOf(state) == before);
 }
 
@@ -235,8 +244,10 @@ TEST(MnuDateiSaveIP286, ATextThatTheFileCannotHoldIsReported) {
     ScriptedDesktop desktop;
     desktop.AnswerFile(folder / "a.csv").AnswerText(u"");
     mnuDateiSaveIP286(state, desktop);
-    EXPECT_EQ(desktop.Transcript.back(),
+    EXPECT_EQ(desktop.Questions().back(),
               Undefined(u"5Ungültiger Prozeduraufruf oder ungültiges Argument"));
+    EXPECT_EQ(desktop.Transcript.back(),
+              NotSaved("Ungültiger Prozeduraufruf oder ungültiges Argument (#1 Жук)"));
 }
 
 #ifndef _WIN32
@@ -254,7 +265,8 @@ TEST(MnuDateiSaveIP286, FailsAtEveryByteWithoutAResult) {
         }
         EXPECT_THAT(desktop.Transcript,
                     ElementsAre(Dialog + (folder / "a.csv").string(), Input + "\"\"",
-                                Undefined(u"57E/A-Fehler beim Zugriff auf ein Gerät")));
+                                Undefined(u"57E/A-Fehler beim Zugriff auf ein Gerät"),
+                                NotSaved("E/A-Fehler beim Zugriff auf ein Gerät")));
         EXPECT_FALSE(state.RegisterSaved);
         EXPECT_TRUE(ContentsOf(state) == before);
         EXPECT_EQ(ReadFile(folder / "a.csv"),
@@ -274,7 +286,8 @@ TEST(MnuDateiSaveIP286, AFullDiskIsReported) {
     mnuDateiSaveIP286(state, desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Warning(u"2000"), Dialog + (folder / "voll.csv").string(),
-                            Input + "\"\"", Undefined(u"61Datenträger voll")));
+                            Input + "\"\"", Undefined(u"61Datenträger voll"),
+                            NotSaved("Datenträger voll")));
 }
 #endif
 

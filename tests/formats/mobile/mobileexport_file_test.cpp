@@ -20,6 +20,9 @@ const std::string Start =
     "box \"Diese Funktion exportiert das aktuelle Telefonbuch\\r\\n"
     "in ein u.a. von SIM-Surf lesbares Format\" title \"Export\" icon Exclamation "
     "buttons Ok+Cancel default Ok -> Ok";
+std::string NotSaved(const std::string& description) {
+    return "status \"Nicht gespeichert: " + description + "\"";
+}
 const std::string Exporting = "status \"Exportiere Telefonbuch in Textdatei...\"";
 const std::string Exported = "status \"Telefonbuch exportiert\"";
 
@@ -147,14 +150,15 @@ TEST(ExportMobileFile, AFolderOfThatNameRaises75) {
     const TestFolder folder;
     ScriptedDesktop desktop;
     EXPECT_EQ(ErrorOf(Two(), folder.Path(), desktop), 75);
-    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting));
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(Start, Exporting, NotSaved("Fehler beim Zugriff auf Pfad/Datei")));
 }
 
 TEST(ExportMobileFile, AMissingFolderRaises76) {
     const TestFolder folder;
     ScriptedDesktop desktop;
     EXPECT_EQ(ErrorOf(Two(), folder / "fehlt/a.pbb", desktop), 76);
-    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting, NotSaved("Pfad nicht gefunden")));
     EXPECT_FALSE(fs::exists(folder / "fehlt"));
 }
 
@@ -164,7 +168,9 @@ TEST(ExportMobileFile, ANameThatTheFileCannotHoldRaises5BehindTheLinesBefore) {
     state.Register(2).Name = u"Жук";
     ScriptedDesktop desktop;
     EXPECT_EQ(ErrorOf(state, folder / "a.pbb", desktop), 5);
-    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting));
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(Start, Exporting,
+                            NotSaved("Ungültiger Prozeduraufruf oder ungültiges Argument")));
     EXPECT_EQ(ReadFile(folder / "a.pbb"), Raw("'Anna;1' 0D 0A"));
 }
 
@@ -178,7 +184,7 @@ TEST(ExportMobileFile, AReadOnlyFolderRaises70) {
         EXPECT_EQ(ErrorOf(Two(), folder / "a.pbb", desktop), 70);
     }
     fs::permissions(folder.Path(), fs::perms(0755));
-    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting, NotSaved("Zugriff verweigert")));
     EXPECT_FALSE(fs::exists(folder / "a.pbb"));
 }
 
@@ -191,7 +197,7 @@ TEST(ExportMobileFile, AReadOnlyFileRaises70AndStays) {
         const AsAnyUser anyUser;
         EXPECT_EQ(ErrorOf(Two(), path, desktop), 70);
     }
-    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting));
+    EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting, NotSaved("Zugriff verweigert")));
     EXPECT_EQ(ReadFile(path), Raw("'old'"));
 }
 
@@ -204,7 +210,9 @@ TEST(ExportMobileFile, FailsAtEveryByteWithoutSayingThatItIsExported) {
             const FileSizeLimit limit(room);
             EXPECT_EQ(ErrorOf(Two(), folder / "a.pbb", desktop), 57);
         }
-        EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting));
+        EXPECT_THAT(
+            desktop.Transcript,
+            ElementsAre(Start, Exporting, NotSaved("E/A-Fehler beim Zugriff auf ein Gerät")));
         EXPECT_EQ(ReadFile(folder / "a.pbb"),
                   Bytes(Whole.begin(), Whole.begin() + static_cast<std::ptrdiff_t>(room)));
     }
@@ -217,7 +225,8 @@ TEST(ExportMobileFile, AFullDiskRaises61) {
     for (const int count : {2, 2000}) {  // within a buffer and far beyond any
         ScriptedDesktop desktop;
         EXPECT_EQ(ErrorOf(Many(count), "/dev/full", desktop), 61);
-        EXPECT_THAT(desktop.Transcript, ElementsAre(Start, Exporting));
+        EXPECT_THAT(desktop.Transcript,
+                    ElementsAre(Start, Exporting, NotSaved("Datenträger voll")));
     }
 }
 #endif

@@ -124,7 +124,7 @@ TEST(MnuDateiLoad175, ACorruptFileIsLoadedWithItsMessages) {
     EXPECT_EQ(state.LoadedModel, u"175");
 }
 
-TEST(MnuDateiLoad175, AFileThatEndsInsideAnEntryIsReportedWithoutTheFollowUp) {
+TEST(MnuDateiLoad175, AFileThatEndsInsideAnEntryIsReportedAndWhatWasReadWholeIsShown) {
     const TestFolder folder;
     const FilePath path = folder.Write("a.pbo", Identification + Bernd + "N=Anna\r\nP=1\r\n");
     RegisterState state = Before();
@@ -135,12 +135,15 @@ TEST(MnuDateiLoad175, AFileThatEndsInsideAnEntryIsReportedWithoutTheFollowUp) {
 
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + path.string(), "pointer Hourglass", "pointer Normal",
-                            Undefined(u"62Einlesen hinter Dateiende")));
-    EXPECT_THAT(Names(state), ElementsAre(u"Bernd", u"Anna", u""));
-    EXPECT_EQ(state.AnzGes, 3);
-    EXPECT_EQ(state.AnzNr, 3);
-    EXPECT_EQ(state.LoadedModel, u"195");
-    EXPECT_TRUE(state.File.Path.empty());
+                            Undefined(u"62Einlesen hinter Dateiende"), "file", "entry", "list"));
+    EXPECT_THAT(Names(state), ElementsAre(u"Bernd"));
+    EXPECT_EQ(state.AnzGes, 1);
+    EXPECT_EQ(state.Satzwahl.Maximum, 1);
+    EXPECT_EQ(state.AnzNr, 1);
+    EXPECT_EQ(state.LoadedModel, u"175");
+    EXPECT_EQ(state.File.Type, u"175");
+    EXPECT_EQ(state.File.Path, path);
+    EXPECT_FALSE(state.RegisterSaved);
     EXPECT_FALSE(state.WarnLineAccessZero);
 }
 

@@ -11,6 +11,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace norvik::test {
 namespace {
 
@@ -21,9 +23,17 @@ const std::string Identification = "norvik 175 phonebook\r\n";
 const std::string Anna = "N=Anna\r\nP=1\r\nI=a1\r\nI=a2\r\nI=a3\r\nI=a4\r\nI=a5\r\nI=a6\r\n";
 const std::string Bernd = "N=Bernd\r\nP=2\r\nI=b1\r\nI=b2\r\nI=b3\r\nI=b4\r\nI=b5\r\nI=b6\r\n";
 
-const std::string CorruptBox =
+const std::string CorruptBoxWithoutAnswer =
     "box \"175-Datei korrupt, Lesen abgebrochen\" title \"Fehlermeldung\" icon Critical "
-    "buttons Ok default Ok -> Ok";
+    "buttons Ok default Ok";
+const std::string CorruptBox = CorruptBoxWithoutAnswer + " -> Ok";
+
+/// From the fourth on each offers to answer the others alike.
+Lines CorruptBoxes(std::size_t count) {
+    Lines lines(count, CorruptBoxWithoutAnswer + " offering for all -> Ok");
+    std::fill_n(lines.begin(), std::min<std::size_t>(count, 3), CorruptBox);
+    return lines;
+}
 
 RegisterState Loaded() {
     RegisterState state =
@@ -57,7 +67,9 @@ RegisterEntry WholeAnna() {
 /// What a whole load shows that brings the message `boxes` times.
 Lines ReadingWith(std::size_t boxes) {
     Lines lines = {"pointer Hourglass"};
-    lines.insert(lines.end(), boxes, CorruptBox);
+    for (const std::string& box : CorruptBoxes(boxes)) {
+        lines.push_back(box);
+    }
     for (const char* line : {"pointer Normal", "file", "list"}) {
         lines.emplace_back(line);
     }
@@ -146,6 +158,21 @@ TEST(ACorruptPhonebookFile, BringsTheMessageForEveryOneOfManyLines) {
     EXPECT_EQ(Read(file, 3000).AnzGes, 0);
 }
 
+TEST(ACorruptPhonebookFile, BringsNoFurtherMessageOnceAllAreAnsweredAlike) {
+    const TestFolder folder;
+    std::string file = Identification + Anna;
+    for (int i = 0; i < 3000; ++i) {
+        file += "?\r\n";
+    }
+    RegisterState state = Loaded();
+    ScriptedDesktop desktop;
+    desktop.TickedOffer = 2;
+    EXPECT_TRUE(LoadPhonebookFile(state, folder.Write("a.pbo", file), desktop));
+    EXPECT_EQ(desktop.Questions().size(), 5U + 2U);
+    EXPECT_EQ(desktop.Questions()[4], CorruptBoxWithoutAnswer + " offering for all -> Ok for all");
+    EXPECT_EQ(state.AnzGes, 1);
+}
+
 // Cut short
 
 /// The number of the error that loading raises, 0 for none; the file's register in `state`.
@@ -232,7 +259,7 @@ TEST(ReadPhonebookEntries, GivesTheNumberOfWholeEntries) {
     const std::string file = Anna + Bernd + "?\r\n" + Anna;
     LineReader lines(ByteView(reinterpret_cast<const Byte*>(file.data()), file.size()));
     EXPECT_EQ(ReadPhonebookEntries(state, lines, desktop), 2);
-    EXPECT_EQ(desktop.Transcript, Lines(1 + 6, CorruptBox));
+    EXPECT_EQ(desktop.Transcript, CorruptBoxes(1 + 6));
 }
 
 TEST(ReadPhonebookEntries, ALongLoadShowsHowFarItHasCome) {

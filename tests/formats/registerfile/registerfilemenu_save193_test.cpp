@@ -19,6 +19,10 @@ const std::string Reduction =
     "box \"Nur markierte Datensätze abspeichern?\" title \"Datensatzreduktion\" icon Question "
     "buttons Yes+No default No -> ";
 
+std::string Saved(const FilePath& path) {
+    return "status \"Gespeichert: " + path.string() + "\"";
+}
+
 RegisterState Unsaved(TextView model) {
     RegisterState state = RegisterOf({Entry(u"Anna", u"1"), Entry(u"Bernd", u"2", u"()")});
     state.RegisterSaved = false;
@@ -49,7 +53,7 @@ TEST(MnuDateiSave193, ARegisterNotFromA193FileAsksForTheReduction) {
 
         EXPECT_THAT(desktop.Transcript,
                     ElementsAre(Dialog + path.string(), Reduction + "Yes", "pointer Hourglass",
-                                "pointer Normal", "entry", "list"));
+                                "pointer Normal", "entry", "list", Saved(path)));
         EXPECT_EQ(ReadFile(path), MarkedBytes());
         EXPECT_TRUE(state.RegisterSaved);
         EXPECT_EQ(state.LoadedModel, model);
@@ -65,7 +69,7 @@ TEST(MnuDateiSave193, NoWritesAllEntries) {
     MNUDateiSave193(state, desktop);
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + path.string(), Reduction + "No", "pointer Hourglass",
-                            "pointer Normal", "entry", "list"));
+                            "pointer Normal", "entry", "list", Saved(path)));
     EXPECT_EQ(ReadFile(path), AllBytes());
 }
 
@@ -77,7 +81,7 @@ TEST(MnuDateiSave193, ARegisterFromA193FileIsSavedWholeWithoutAQuestion) {
     desktop.AnswerFile(path);
     MNUDateiSave193(state, desktop);
     EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + path.string(), "pointer Hourglass",
-                                                "pointer Normal", "entry", "list"));
+                                                "pointer Normal", "entry", "list", Saved(path)));
     EXPECT_EQ(ReadFile(path), AllBytes());
 }
 
@@ -139,7 +143,8 @@ TEST(MnuDateiSave193, WithoutMarkedEntriesNoFileIsWrittenAndTheOperationGoesOn) 
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + path.string(), Reduction + "Yes",
                             OkBox(u"Keine Datensätze zum Exportieren!", u"Fehler", "Exclamation"),
-                            "entry", "list"));
+                            "entry", "list",
+                            "status \"Nicht gespeichert: kein Eintrag ist markiert\""));
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_FALSE(state.RegisterSaved);
     EXPECT_EQ(state.AnzNr, 1);
@@ -160,7 +165,7 @@ TEST(MnuDateiSave193, AFailureIsPassedOverAndTheNextStepsRun) {
                 ElementsAre(Dialog + path.string(), "pointer Hourglass", "pointer Normal", "entry",
                             "list",
                             "status \"Nicht gespeichert: Ungültiger Prozeduraufruf oder "
-                            "ungültiges Argument\""));
+                            "ungültiges Argument (#2 Bernd: 65536 Einheiten)\""));
     EXPECT_EQ(ReadFile(path),
               OpenFileOf({Raw("0200 0201 06 04 'Anna' 06 01 '1' 0200 020F 0200 0200"),
                           Raw("0201 0202 06 05 'Bernd' 06 01 '2' 0200 020F")}));

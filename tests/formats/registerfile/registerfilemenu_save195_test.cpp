@@ -40,7 +40,8 @@ TEST(MnuDateiSaveNV, WritesThe195FileAndRefreshesTheStatus) {
     mnuDateiSaveNV(state, desktop);
 
     EXPECT_THAT(desktop.Transcript,
-                ElementsAre(Dialog + path.string(), "pointer Hourglass", "pointer Normal", "list"));
+                ElementsAre(Dialog + path.string(), "pointer Hourglass", "pointer Normal", "list",
+                            "status \"Gespeichert: " + path.string() + "\""));
     EXPECT_EQ(ReadFile(path), SavedBytes());
     EXPECT_TRUE(state.RegisterSaved);
     EXPECT_EQ(state.AnzMarkiert, 1);
@@ -108,7 +109,8 @@ TEST(MnuDateiSaveNV, ATooLongTextIsPassedOverAndStaysInTheStatusLine) {
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + path.string(), "pointer Hourglass", "pointer Normal", "list",
                             "status \"Nicht gespeichert: Ungültiger Prozeduraufruf oder "
-                            "ungültiges Argument\""));
+                            "ungültiges Argument (#2 xxxxxxxxxxxxxxxxxxxxx: Name mit 256 "
+                            "Zeichen)\""));
     EXPECT_EQ(ReadFile(path),
               OpenFileOf({Raw("0200 0201 06 04 'Anna' 06 01 '1' 06 00 0200 020F 0200 0200"),
                           Raw("0201 0202 06")}));
@@ -116,7 +118,7 @@ TEST(MnuDateiSaveNV, ATooLongTextIsPassedOverAndStaysInTheStatusLine) {
     EXPECT_TRUE(ContentsOf(state) == before);
 }
 
-TEST(MnuDateiSaveNV, ACounterOf65536IsPassedOverAndKeepsRegisterSaved) {
+TEST(MnuDateiSaveNV, ACounterOf65536IsPassedOverAndLeavesTheRegisterUnsaved) {
     for (const bool saved : {true, false}) {
         const TestFolder folder;
         RegisterState state = Unsaved();
@@ -127,10 +129,10 @@ TEST(MnuDateiSaveNV, ACounterOf65536IsPassedOverAndKeepsRegisterSaved) {
         mnuDateiSaveNV(state, desktop);
         EXPECT_EQ(desktop.Transcript.back(),
                   "status \"Nicht gespeichert: Ungültiger Prozeduraufruf oder ungültiges "
-                  "Argument\"");
+                  "Argument (#1 Anna: 65536 Einheiten)\"");
         EXPECT_EQ(ReadFile(folder / "a.t9t"),
                   OpenFileOf({Raw("0200 0201 06 04 'Anna' 06 01 '1' 06 00 0200 020F")}));
-        EXPECT_EQ(state.RegisterSaved, saved);
+        EXPECT_FALSE(state.RegisterSaved);
     }
 }
 
@@ -150,6 +152,44 @@ TEST(MnuDateiSaveNV, AFileThatCannotBeCreatedIsPassedOver) {
                     ElementsAre(Dialog + path.string(), "pointer Hourglass", "pointer Normal",
                                 "list", "status \"Nicht gespeichert: " + description + "\""));
         EXPECT_FALSE(state.RegisterSaved);
+    }
+}
+
+TEST(MnuDateiSaveNV, AGoodSaveReplacesTheStatusOfAFailedOne) {
+    const TestFolder folder;
+    RegisterState state = Unsaved();
+    ScriptedDesktop desktop;
+    desktop.AnswerFile(folder / "fehlt" / "a.t9t").AnswerFile(folder / "a.t9t");
+    mnuDateiSaveNV(state, desktop);
+    mnuDateiSaveNV(state, desktop);
+    EXPECT_THAT(desktop.Statuses(), ElementsAre("Nicht gespeichert: Pfad nicht gefunden",
+                                                "Gespeichert: " + (folder / "a.t9t").string()));
+    EXPECT_TRUE(state.RegisterSaved);
+}
+
+TEST(MnuDateiSaveNV, TheEntryAtFaultIsNamedByItsPositionInTheOrder) {
+    const TestFolder folder;
+    RegisterState state = Unsaved();
+    state.RegisterOrder(1) = 2;
+    state.RegisterOrder(2) = 1;
+    struct Fault {
+        void (*Make)(RegisterEntry& entry);
+        const char* Words;
+    };
+    const std::vector<Fault> faults = {
+        {[](RegisterEntry& entry) { entry.Tel = Text(256, u'1'); }, "Nummer mit 256 Zeichen"},
+        {[](RegisterEntry& entry) { entry.Info = Text(300, u'i'); }, "Infotext mit 300 Zeichen"},
+        {[](RegisterEntry& entry) { entry.GebEinh = 70000; }, "70000 Einheiten"}};
+    for (const Fault& fault : faults) {
+        state.Register(2) = Entry(u"B");
+        fault.Make(state.Register(2));
+        ScriptedDesktop desktop;
+        desktop.AnswerFile(folder / "a.t9t");
+        mnuDateiSaveNV(state, desktop);
+        EXPECT_THAT(desktop.Statuses(),
+                    ElementsAre("Nicht gespeichert: Ungültiger Prozeduraufruf oder ungültiges "
+                                "Argument (#1 B: " +
+                                std::string(fault.Words) + ")"));
     }
 }
 

@@ -206,7 +206,7 @@ TEST(MnuDateiLoadNV, AFileThatIsTooLargeIsAnotherError) {
     ExpectRefused(path, OkBox(u"Undef'd Error: mnuDateiLoadNV:7Nicht genügend Speicher"));
 }
 
-TEST(MnuDateiLoadNV, AfterAFailedLoadTheOperationGoesOnWithTheOldCount) {
+TEST(MnuDateiLoadNV, AfterAFailedLoadTheOperationGoesOnWithTheEntriesReadWhole) {
     const TestFolder folder;
     const Bytes tooLarge = Raw("0201 0202 06 01 'z' 06 01 '2' 06 00 02 05 03 00 80 0200 0200");
     const FilePath path = folder.Write("a.t9t", FileOf({Record("c"), Record("b"), tooLarge}));
@@ -218,16 +218,18 @@ TEST(MnuDateiLoadNV, AfterAFailedLoadTheOperationGoesOnWithTheOldCount) {
 
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Dialog + path.string(), "pointer Hourglass",
-                            OkBox(u"mnuLade193195: 6Überlauf", u""), "pointer Hourglass",
-                            "status \"Sortiere, Durchgang 1\"", "status \"Sortiert: 1\"",
-                            "status \"Sortiere, Durchgang 2\"", "status \"Sortiert: 0\"",
-                            "status \"Suche Datensatz...\"", "pointer Normal",
-                            "status \"Sortieren beendet\"", "entry", "list"));
-    EXPECT_EQ(state.AnzGes, 3);
-    EXPECT_THAT(Names(state), ElementsAre(u"b", u"c", u"z"));
+                            OkBox(u"mnuLade193195: 6Überlauf", u""), "file", "entry", "list",
+                            "pointer Hourglass", "status \"Sortiere, Durchgang 1\"",
+                            "status \"Sortiert: 1\"", "status \"Sortiere, Durchgang 2\"",
+                            "status \"Sortiert: 0\"", "status \"Suche Datensatz...\"",
+                            "pointer Normal", "status \"Sortieren beendet\"", "entry", "list"));
+    EXPECT_EQ(state.AnzGes, 2);
+    EXPECT_THAT(Names(state), ElementsAre(u"b", u"c"));
     EXPECT_EQ(state.AnzNr, 1);
     EXPECT_TRUE(state.WarnLineAccessZero);
-    EXPECT_EQ(state.File.Type, u"175");
+    EXPECT_FALSE(state.RegisterSaved);
+    EXPECT_EQ(state.File.Type, u"195");
+    EXPECT_EQ(state.File.Path, path);
 }
 
 TEST(MnuDateiLoadNV, AFailedLoadIsNotChecked) {
@@ -239,7 +241,7 @@ TEST(MnuDateiLoadNV, AFailedLoadIsNotChecked) {
     desktop.AnswerFile(folder.Write("a.t9t", FileOf({badAnnouncement, tooLarge})));
     mnuDateiLoadNV(state, desktop);
     EXPECT_EQ(desktop.Questions()[1], OkBox(u"mnuLade193195: 6Überlauf", u""));
-    EXPECT_EQ(desktop.Questions().size(), 4U);
+    EXPECT_EQ(desktop.Questions().size(), 7U);
     EXPECT_EQ(state.Register(1).AB, 9);
 }
 

@@ -286,7 +286,7 @@ TEST(LoadRegisterFile, AnErrorWhileReadingIsADeviceError) {
                 ElementsAre(ReaderError(u"57E/A-Fehler beim Zugriff auf ein Gerät")));
 }
 
-TEST(LoadRegisterFile, AValueTooLargeLeavesTheEntriesReadSoFarAndTheOldCount) {
+TEST(LoadRegisterFile, AValueTooLargeLeavesTheEntriesReadSoFarAndShowsTheWholeOnes) {
     const TestFolder folder;
     RegisterState state = Loaded();
     ScriptedDesktop desktop;
@@ -294,18 +294,32 @@ TEST(LoadRegisterFile, AValueTooLargeLeavesTheEntriesReadSoFarAndTheOldCount) {
     LoadRegisterFile(state, folder.Write("a.t9t", FileOf({Record("a"), tooLarge, Record("c")})),
                      desktop);
 
-    EXPECT_THAT(desktop.Transcript, ElementsAre("pointer Hourglass", ReaderError(u"6Überlauf")));
-    EXPECT_EQ(state.File.Path, folder / "a.t9t") << "remembered before the records are read";
+    EXPECT_THAT(desktop.Transcript, ElementsAre("pointer Hourglass", ReaderError(u"6Überlauf"),
+                                                "file", "entry", "list"));
+    EXPECT_EQ(state.File.Path, folder / "a.t9t");
     EXPECT_EQ(state.File.Modified, LastModified(folder / "a.t9t"));
-    EXPECT_EQ(state.AnzGes, 3);
-    EXPECT_EQ(state.Satzwahl.Maximum, 3);
+    EXPECT_EQ(state.AnzGes, 1);
+    EXPECT_EQ(state.Satzwahl.Maximum, 1);
+    EXPECT_EQ(state.AnzNr, 1);
+    EXPECT_FALSE(state.RegisterSaved);
     EXPECT_EQ(state.Register(1).Name, u"a");
     EXPECT_EQ(state.Register(2).Name, u"b");
     EXPECT_EQ(state.Register(2).Info, u"i");
     EXPECT_EQ(state.Register(2).Ton, 5);
     EXPECT_EQ(state.Register(3).Name, u"");
-    EXPECT_EQ(state.File.Type, u"175");
+    EXPECT_EQ(state.File.Type, u"195");
     EXPECT_EQ(state.LoadedModel, u"195");
+}
+
+TEST(LoadRegisterFile, AFirstRecordThatFailsIsTheOneEntryShown) {
+    const TestFolder folder;
+    RegisterState state = Loaded();
+    ScriptedDesktop desktop;
+    const Bytes tooLarge = Raw("0200 0201 06 01 'a' 06 01 '1' 02 05 03 00 80 0200 0200");
+    LoadRegisterFile(state, folder.Write("a.t9t", FileOf({tooLarge})), desktop);
+    EXPECT_EQ(state.AnzGes, 1);
+    EXPECT_THAT(Names(state), ElementsAre(u"a"));
+    EXPECT_EQ(state.File.Type, u"193");
 }
 
 TEST(LoadRegisterFile, TwoThousandRecordsLoadWithoutAnError) {
@@ -335,10 +349,11 @@ TEST(LoadRegisterFile, The2001stRecordRaisesError9AndTheFirst2000Remain) {
     RegisterState state = Loaded();
     ScriptedDesktop desktop;
     LoadRegisterFile(state, folder.Write("a.t9t", FileOfMany(2001)), desktop);
-    EXPECT_THAT(
-        desktop.Transcript,
-        ElementsAre("pointer Hourglass", ReaderError(u"9Index außerhalb des gültigen Bereichs")));
-    EXPECT_EQ(state.AnzGes, 3);
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre("pointer Hourglass",
+                            ReaderError(u"9Index außerhalb des gültigen Bereichs"), "file", "entry",
+                            "list"));
+    EXPECT_EQ(state.AnzGes, 2000);
     for (int place = 1; place <= RegisterPlaces; ++place) {
         ASSERT_EQ(state.Register(place).Name, u"x") << place;
     }
