@@ -147,7 +147,8 @@ TEST_F(Charges, TheCallListsMenuItemDoesNotTouchTheRegister) {
                "\"0\" -> \"3\"",
                "box \"Anruferliste wurde in Datei\\r\\n" + (folder / "a.csv").string() +
                    " gespeichert.\" title \"Anruferliste\" icon Information buttons Ok default Ok "
-                   "-> Ok"}));
+                   "-> Ok",
+               "status \"Gespeichert: " + (folder / "a.csv").string() + "\""}));
     EXPECT_EQ(ReadFile(folder / "a.csv"), Raw("'00;24.12.2005 18:30;3;030' 0D 0A"));
     EXPECT_TRUE(ContentsOf(program.State) == before);
     EXPECT_FALSE(program.State.RegisterSaved);

@@ -42,7 +42,8 @@ TEST(SampleCallList, GivesItsTwelveCalls) {
     for (const SampleCall& call : Calls) {
         desktop.AnswerText(FromAscii(call.Msn));
         transcript.push_back(MsnQuestion(FromAscii(call.Date + (std::string(" ") + call.Caller)),
-                                         "\"" + std::string(call.Msn) + "\""));
+                                         "\"" + std::string(call.Msn) + "\"",
+                                         transcript.size() > 3));
         for (const char* column : {call.Number, call.Date, call.Msn}) {
             lines += column;
             lines += ";";
@@ -51,6 +52,7 @@ TEST(SampleCallList, GivesItsTwelveCalls) {
         lines += "\r\n";
     }
     transcript.push_back(SavedBox(folder / "anrufliste.csv"));
+    transcript.push_back("status \"Gespeichert: " + (folder / "anrufliste.csv").string() + "\"");
 
     mnuDateiConvCallListCSV(desktop);
 

@@ -16,10 +16,13 @@ inline Bytes CallListOf(std::string_view notation) {
     return Join({CallListHeader(), Raw(notation)});
 }
 
-/// The transcript's line of the question for a call with this date and number.
-inline std::string MsnQuestion(TextView dateAndNumber, const std::string& answer = "\"0\"") {
+/// The transcript's line of the question for a call with this date and number; from the fourth one
+/// on it is `offering` to answer all others alike.
+inline std::string MsnQuestion(TextView dateAndNumber, const std::string& answer = "\"0\"",
+                               bool offering = false) {
     return "input \"MSN zu " + Utf8(dateAndNumber) +
-           "\" title \"Anruferliste-Ergänzung MSN\" preset \"0\" -> " + answer;
+           "\" title \"Anruferliste-Ergänzung MSN\" preset \"0\"" +
+           (offering ? " offering for all" : "") + " -> " + answer;
 }
 
 /// The transcript's line of the box at the end.
