@@ -171,6 +171,18 @@ TEST(MobileExportSaveSettings, WritesTheBoxes1To6AndTheSeparatorAmongAllOtherSet
                            "DataSeparator=,\r\n"));
 }
 
+TEST(MobileExportSaveSettings, ATabIsThereAgainAfterTheSettingsWereRead) {
+    const TestFolder folder;
+    Settings settings;
+    MobileExportFields fields;
+    fields.InpSeparator = u"\t";
+    ScriptedDesktop desktop;
+    btnSaveSettings_Click(fields, settings, folder.Path(), desktop);
+    Settings read;
+    ReadSettingsFile(folder.Path(), read.Table);
+    EXPECT_EQ(NVHE_Load(read).InpSeparator, u"\t");
+}
+
 TEST(MobileExportSaveSettings, EachBoxHasItsRow) {
     const std::array<std::string, HandyBoxes> keys = {
         "AddRegionCode",      "GlobalizeNumber", "Change00to+",     "UseReductionFlags",

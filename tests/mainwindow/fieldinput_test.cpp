@@ -224,6 +224,13 @@ TEST(ChangeField, PuttingInAnythingKeepsWhatStoodThereAndCleansOnlyTheNew) {
     }
 }
 
+TEST(ChangeField, ATabStaysOneWhereTheFieldTakesIt) {
+    const FieldRule rule = {.TakesTab = true};
+    EXPECT_EQ(Insert(u"a", 1, u"\t", rule), Quiet(u"a\t", 2));
+    EXPECT_EQ(Insert(u"", 0, u"\t\n\x01", rule), Quiet(u"\t  ", 3));
+    EXPECT_EQ(Insert(u"a", 1, u"\t", NameRule), Quiet(u"a ", 2));
+}
+
 TEST(CursorAtEntering, StandsBehindTheLastCharacterThatIsNoBlank) {
     EXPECT_EQ(CursorAtEntering(Padded(u"")), 0U);
     EXPECT_EQ(CursorAtEntering(Padded(u"Anna")), 4U);

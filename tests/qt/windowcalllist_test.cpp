@@ -41,7 +41,10 @@ class WindowCallList : public WindowTest {
         EXPECT_THAT(Rows(), ElementsAre("#1: Anna (1)", "#2: Bernd (2)"));
         EXPECT_EQ(TextOfField(0), "getippt");
         EXPECT_EQ(TextOf("AnzNr"), "2");
-        EXPECT_EQ(TextOf("Status"), "Sortieren beendet");
+        const std::string status = TextOf("Status");
+        EXPECT_TRUE(status == "Sortieren beendet" || status.starts_with("Gespeichert: ") ||
+                    status.starts_with("Nicht gespeichert: "))
+            << status;
         EXPECT_EQ(Caption(),
                   "norvik Telefonregister - Datei: " + PathIn("register.t9t").toStdString());
         EXPECT_TRUE(Window->close());
@@ -163,13 +166,24 @@ TEST_F(WindowCallList, ANameWithoutAnEndingGetsIt) {
     EXPECT_TRUE(Exists("anrufe.csv"));
 }
 
-TEST_F(WindowCallList, AnExistingFileIsReplacedWithoutAQuestion) {
+TEST_F(WindowCallList, AnExistingFileIsReplacedAfterTheOrdinaryQuestion) {
+    const std::string replace =
+        "box \"leer.csv existiert bereits.\nMöchten Sie sie ersetzen?\" title \"Speichern unter\" "
+        "icon Exclamation buttons Ja+Nein default Nein";
     Folder.Write("leer.csv", std::string(5000, 'x'));
     Folder.Write("leer.t9a", "12345678901234567890");
-    Dialogs.ChooseFile(PathIn("leer.t9a")).Click(QMessageBox::Ok);
+    Dialogs.ChooseFile(PathIn("leer.t9a")).Press(Qt::Key_Return);
     Trigger("mnuDateiConvCallListCSV");
-    EXPECT_THAT(Dialogs.Transcript, ElementsAre(OpenDialog, Saved("leer.csv")));
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(OpenDialog, replace));
+    EXPECT_EQ(FileText("leer.csv"), std::string(5000, 'x'));
+    EXPECT_EQ(TextOf("Status"), "Sortieren beendet");
+
+    Dialogs.Transcript.clear();
+    Dialogs.ChooseFile(PathIn("leer.t9a")).Click(QMessageBox::Yes).Click(QMessageBox::Ok);
+    Trigger("mnuDateiConvCallListCSV");
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(OpenDialog, replace, Saved("leer.csv")));
     EXPECT_EQ(FileText("leer.csv"), "");
+    EXPECT_EQ(TextOf("Status"), "Gespeichert: " + PathIn("leer.csv").toStdString());
 }
 
 TEST_F(WindowCallList, TheFirstPointOfThePathEndsTheNameOfTheOutput) {

@@ -190,7 +190,7 @@ TEST_F(WindowLoad, The2001stRecordIsAnErrorWithABlankTitle) {
         Dialogs.Transcript,
         ElementsAre(OpenDialog,
                     OkBox("mnuLade193195: 9Index außerhalb des gültigen Bereichs", " ", "None")));
-    EXPECT_EQ(TextOf("AnzGes"), "1");
+    EXPECT_EQ(TextOf("AnzGes"), "2000");
     EXPECT_EQ(TextOfField(0), "Name 0001");
 }
 

@@ -192,6 +192,31 @@ TEST_F(WindowMobileExport, ARefusedFirstCharacterLeavesTheSeparator) {
     ShowDialog();
 }
 
+TEST_F(WindowMobileExport, TheSeparatorTakesATabWhichItsToolTipNames) {
+    Drive([this] {
+        EXPECT_EQ(Separator()->toolTip(), "");
+        Separator()->setFocus();
+        Separator()->selectAll();
+        QTest::keyClick(Separator(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(TextOf("InpSeparator"), "\t");
+        EXPECT_EQ(Separator()->toolTip(), "Tabulator");
+        EXPECT_TRUE(Separator()->hasFocus());
+        SetSeparator("|");
+        EXPECT_EQ(Separator()->toolTip(), "");
+        Separator()->selectAll();
+        Paste(Separator(), "\t");
+        EXPECT_EQ(TextOf("InpSeparator"), "\t");
+        Click("btnSaveSettings");
+    });
+    ShowDialog();
+    EXPECT_THAT(FileText("norvik.ini"), testing::HasSubstr("\r\nDataSeparator=\t\r\n"));
+    Drive([this] {
+        EXPECT_EQ(TextOf("InpSeparator"), "\t");
+        EXPECT_EQ(Separator()->toolTip(), "Tabulator");
+    });
+    ShowDialog();
+}
+
 TEST_F(WindowMobileExport, TickingABoxLeavesTheTypedSeparatorAndItsCursor) {
     Drive([this] {
         SetSeparator("ab");

@@ -118,7 +118,7 @@ TEST_F(WindowSaveText, SavesAsCsvWithoutQuotes) {
     EXPECT_EQ(FileText("neu.csv"), PlainCSV);
     EXPECT_EQ(TextOf("AnzNr"), "2");
     EXPECT_EQ(TextOfField(0), "Müller") << "the entry is shown again";
-    EXPECT_EQ(TextOf("Status"), "Sortieren beendet");
+    EXPECT_EQ(TextOf("Status"), "Gespeichert: " + PathIn("neu.csv").toStdString());
     ExpectCurrentFileAndColourUnchanged();
     ExpectQuestionOnQuit(false);
 }
@@ -163,7 +163,7 @@ TEST_F(WindowSaveText, SavesForThe175AndShowsEntryOne) {
     EXPECT_EQ(Selector()->value(), 1);
     EXPECT_EQ(TextOfField(0), "Anna");
     EXPECT_EQ(SelectedRow(), "#1: Anna (*11) ()");
-    EXPECT_EQ(TextOf("Status"), "Sortieren beendet");
+    EXPECT_EQ(TextOf("Status"), "Gespeichert: " + PathIn("neu.pbo").toStdString());
     ExpectCurrentFileAndColourUnchanged();
     ExpectQuestionOnQuit(false);
 }
@@ -283,6 +283,7 @@ TEST_F(WindowSaveText, AFailedCsvSaveIsReportedAndTheRegisterIsNotSaved) {
     Trigger("mnuDateiSaveCSV");
     EXPECT_EQ(Dialogs.Transcript.back(), UndefinedError("mnuDateiSaveCSV:61Datenträger voll"));
     EXPECT_EQ(TextOf("AnzNr"), "2");
+    EXPECT_EQ(TextOf("Status"), "Nicht gespeichert: Datenträger voll");
     ExpectQuestionOnQuit(true);
 }
 
@@ -320,6 +321,7 @@ TEST_F(WindowSaveText, AFailedExportForTheIP286IsReportedWithoutAResult) {
     Dialogs.Cancel().Click(QMessageBox::Ok);
     Trigger("mnuDateiSaveIP286");
     EXPECT_EQ(Dialogs.Transcript.back(), UndefinedError("mnuDateiSaveIP286:61Datenträger voll"));
+    EXPECT_EQ(TextOf("Status"), "Nicht gespeichert: Datenträger voll");
     EXPECT_EQ(TextOfField(0), "getippt");
     EXPECT_EQ(TextOf("AnzNr"), "2");
 }

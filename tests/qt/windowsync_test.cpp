@@ -54,7 +54,7 @@ TEST_F(WindowSync, AMissingFileIsReportedAndLeavesTheAddressMenuDisabled) {
     Dialogs.Click(QMessageBox::Ok);
     Trigger("mnuDateiLoadSync");
     EXPECT_THAT(Dialogs.Transcript, ElementsAre(NoFile));
-    EXPECT_EQ(Status(), "Lade Adress-Synchronisationsdaten...");
+    EXPECT_EQ(Status(), "Adress-Synchronisationsdaten nicht geladen");
     EXPECT_FALSE(CanSearch());
 }
 

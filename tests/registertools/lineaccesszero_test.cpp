@@ -386,5 +386,19 @@ TEST(MnuBearbeitenNullEntf, TheCode0AddsTheZeros) {
     EXPECT_TRUE(state.WarnLineAccessZero);
 }
 
+TEST(ConvertLineAccessZero, TheWarningsEndOnceAllAreAnsweredAlikeAndTheNumbersAreAllCut) {
+    const Text number = Text(21, u'1');
+    RegisterState state = OfNumbers({number, number, number, number, number, number});
+    ScriptedDesktop desktop;
+    desktop.TickedOffer = 1;
+    ConvertLineAccessZero(state, u"0", desktop);
+    EXPECT_EQ(desktop.Questions().size(), 4U + 2U);
+    EXPECT_TRUE(desktop.Questions()[2].ends_with(" default Ok -> Ok"));
+    EXPECT_TRUE(desktop.Questions()[3].ends_with(" default Ok offering for all -> Ok for all"));
+    for (int place = 1; place <= 6; ++place) {
+        EXPECT_EQ(state.Register(place).Tel, u"0" + Text(20, u'1'));
+    }
+}
+
 }  // namespace
 }  // namespace norvik::test

@@ -292,5 +292,28 @@ TEST_F(SearchSync, AHitWithoutAnAddressBehindATakeOverEndsWithOk) {
     EXPECT_EQ(Search().back(), Ok);
 }
 
+TEST_F(SearchSync, HitsWithoutAnAddressEndOnceAllAreAnsweredAlike) {
+    for (std::size_t record = 1; record <= 6; ++record) {
+        Name(record, u"Anna", u"Meier");
+        Phone(record, SyncTables::Private, u"030 1234567");
+    }
+    desktop.TickedOffer = 1;
+    const Lines lines = Search();
+    ASSERT_EQ(lines.size(), 1U + 4U + 1U);
+    EXPECT_TRUE(lines[3].ends_with(" default Ok -> Ok"));
+    EXPECT_TRUE(lines[4].ends_with(" default Ok offering for all -> Ok for all"));
+    EXPECT_EQ(lines[5], NothingFound);
+}
+
+TEST_F(SearchSync, TheQuestionForAnAddressIsAskedEachTime) {
+    for (std::size_t record = 1; record <= 6; ++record) {
+        Anna(record, SyncTables::Private);
+        desktop.AnswerBox(Button::No);
+    }
+    for (const std::string& line : Search()) {
+        EXPECT_THAT(line, testing::Not(testing::HasSubstr("for all")));
+    }
+}
+
 }  // namespace
 }  // namespace norvik::test

@@ -382,5 +382,49 @@ TEST(ExportMobile, APlusThatTheExportItselfMakesIsNotReported) {
     EXPECT_THAT(result.Transcript, ElementsAre(Start + "Ok", Exporting, Exported));
 }
 
+TEST(ExportMobile, AnAnswerForAllHoldsForTheOtherEntries) {
+    for (const Button answer : {Button::Yes, Button::No}) {
+        const TestFolder folder;
+        MobileExportOptions options = Plain();
+        options.UseReductionFlags = false;
+        ScriptedDesktop desktop;
+        desktop.TickedOffer = 1;
+        desktop.AnswerBox(Button::Ok);
+        for (int i = 0; i < 3; ++i) {
+            desktop.AnswerBox(Button::No);
+        }
+        desktop.AnswerBox(answer);
+        ExportMobile(RegisterOfNames({u"a", u"b", u"c", u"d", u"e", u"f"}), options, Berlin(),
+                     folder / "a.pbb", desktop);
+        EXPECT_EQ(desktop.Questions().size(), 5U);
+        const Bytes file = ReadFile(folder / "a.pbb");
+        EXPECT_EQ(std::string(file.begin(), file.end()),
+                  answer == Button::Yes ? "d;4\r\ne;5\r\nf;6\r\n" : "");
+        EXPECT_EQ(desktop.Transcript.back(), Exported);
+    }
+}
+
+TEST(ExportMobile, TheReportsOfFaultyNumbersEndOnceAllAreAnsweredAlike) {
+    const TestFolder folder;
+    RegisterState state = RegisterOf({});
+    for (int place = 1; place <= 6; ++place) {
+        state.Register(place) = Marked(u"A", u"+030");
+    }
+    SetCount(state, 6);
+    ScriptedDesktop desktop;
+    desktop.TickedOffer = 1;
+    desktop.AnswerBox(Button::Ok);
+    ExportMobile(state, Plain(), Berlin(), folder / "a.pbb", desktop);
+    EXPECT_EQ(desktop.Questions().size(), 1U + 4U);
+    EXPECT_EQ(desktop.Questions()[3], Complaint(u"+030"));
+    EXPECT_EQ(ReadFile(folder / "a.pbb").size(), 6 * std::string_view("A;+030\r\n").size());
+}
+
+TEST(ExportMobile, ATabSeparatesTheValues) {
+    MobileExportOptions options = Plain();
+    options.DataSeparator = u"\t";
+    EXPECT_EQ(LineOf(u"Anna", u"1", options), "Anna\t1\r\n");
+}
+
 }  // namespace
 }  // namespace norvik::test
