@@ -1,5 +1,6 @@
 #include "qt/messagedialog.h"
 
+#include "base/longreport.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
 
@@ -241,9 +242,7 @@ QCheckBox* MakeForAllBox(QWidget* parent) {
 }
 
 Button ShowMessageBox(const MessageBox& box, QWidget* parent) {
-    // Longer than any report of a whole register; the toolkit would lay it out for minutes.
-    constexpr std::size_t LongestText = 2'000'000;
-    const QString text = ShownText(box.text, LongestText);
+    const QString text = ShownText(box.text, LongestShownText);
     return FitsScreen(text, *parent) ? ShowShortBox(box, text, parent)
                                      : ShowScrollingBox(box, text, parent);
 }
