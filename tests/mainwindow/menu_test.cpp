@@ -2,6 +2,7 @@
 
 #include "tests/support/filetext.h"
 #include "tests/support/handlerfixture.h"
+#include "tests/support/places.h"
 #include "tests/support/testfolder.h"
 
 #include <algorithm>
@@ -108,7 +109,7 @@ TEST(MenuTable, EveryRowHasAnOperation) {
 }
 
 TEST(MenuTable, EveryRowRunsTheOperationOfItsName) {
-    const std::string source = TextOf(FilePath(NORVIK_SOURCE_FOLDER) / "mainwindow/menu.cpp");
+    const std::string source = TextOf(SourceFolder() / "mainwindow/menu.cpp");
     const std::regex row(R"re(\{"\w+",\s+u"[^"]*",\s+"(\w+)",[^\n]*Run<(\w+)>)re");
     std::size_t rows = 0;
     for (auto match = std::sregex_iterator(source.begin(), source.end(), row);

@@ -2,6 +2,7 @@
 // files that there are, and what users read lists every format.
 #include "formats/formattable.h"
 #include "tests/support/filetext.h"
+#include "tests/support/places.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-const fs::path Root = NORVIK_SOURCE_FOLDER;
+const fs::path Root = SourceFolder();
 
 fs::path PageOf(const FormatRow& row) {
     return Root / "docs/formats" / (std::string(row.Page) + ".md");
