@@ -1,4 +1,5 @@
 // The program: its command line, and what it does when all goes well (exit status 0 to 2).
+#include "formats/formattable.h"
 #include "tests/console/converterprogram.h"
 
 namespace norvik::test {
@@ -105,7 +106,8 @@ TEST_F(ConverterProgram, VerlusteAloneReportsEveryFormat) {
     folder.Write("a.t9t", Example195());
     const std::string all = StringOf(Run({"--verluste", "a.t9t"}).Output);
     std::string expected;
-    for (const std::string word : {"195", "193", "175", "csv", "ip286", "simsurf", "gebuehren"}) {
+    for (const std::string_view name : TargetNames()) {
+        const std::string word(name);
         std::string lines = StringOf(Run({"--verluste", "a.t9t", "--nach", word}).Output);
         for (std::size_t start = 0; start < lines.size(); start = lines.find('\n', start) + 1) {
             lines.insert(start, word + ": ");

@@ -87,8 +87,8 @@ class Window {
             desktop_.AnswerBox(Button::Ok).AnswerFile(Target("fenster.geb"));
             mnuGebAuszug(state_, settings_, desktop_);
             break;
-        case FileFormat::CallList:
-            ADD_FAILURE() << "is not written";
+        default:
+            ADD_FAILURE() << "the window is not asked to save it";
             break;
         }
         return ReadFile(target_);
