@@ -89,8 +89,10 @@ TEST_F(Sync, AMissingFileLeavesTheAddressMenuAsItIs) {
     desktop.Transcript.clear();
     mnuDateiLoadSync(program, desktop);
     EXPECT_TRUE(program.Sync.SyncLoaded);
-    EXPECT_EQ(desktop.Transcript, (Lines{Loading, OkBox(u"SyncDatei nicht gefunden, bitte prüfen!",
-                                                        u"Laden", "Critical")}));
+    EXPECT_EQ(
+        desktop.Transcript,
+        (Lines{Loading, OkBox(u"SyncDatei nicht gefunden, bitte prüfen!", u"Laden", "Critical"),
+               "status \"Adress-Synchronisationsdaten nicht geladen\""}));
 }
 
 TEST_F(Sync, AfterALoadThatFailedTheSearchFindsNothingWithoutAMessage) {

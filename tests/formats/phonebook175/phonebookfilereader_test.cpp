@@ -216,9 +216,9 @@ TEST(APhonebookFile, ThatEndsInsideAnEntryRaisesError62AndKeepsTheEntriesReadSoF
         EXPECT_EQ(state.AnzGes, 3);
         EXPECT_EQ(state.Satzwahl.Maximum, 3);
         EXPECT_EQ(state.AnzNr, 2);
-        EXPECT_EQ(state.LoadedModel, u"195");
-        EXPECT_EQ(state.File.Path, FilePath("/old.t9t"));
-        EXPECT_EQ(state.File.Type, u"195");
+        EXPECT_EQ(state.LoadedModel, u"175");
+        EXPECT_EQ(state.RecordsRead, 1);
+        EXPECT_EQ(state.File.Type, u"175");
     }
 }
 
