@@ -37,8 +37,7 @@ bool Write195(RegisterState& state, const FilePath& path, const TargetOptions& /
 
 bool Write193(RegisterState& state, const FilePath& path, const TargetOptions& options,
               const Settings& /*settings*/, Desktop& desktop) {
-    WriteRegisterFile193(state, path, options.OnlyMarked, desktop);
-    return !options.OnlyMarked || state.AnzMarkiert > 0;
+    return WriteRegisterFile193(state, path, options.OnlyMarked, desktop);
 }
 
 bool Start175(RegisterState& state, const FilePath& path, const Settings& /*settings*/,

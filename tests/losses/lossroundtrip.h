@@ -28,7 +28,8 @@ inline void WriteTarget(RegisterState state, FileFormat target, const TargetOpti
     case FileFormat::Register195:
         return WriteRegisterFile195(state, path, desktop);
     case FileFormat::Register193:
-        return WriteRegisterFile193(state, path, options.OnlyMarked, desktop);
+        WriteRegisterFile193(state, path, options.OnlyMarked, desktop);
+        return;
     case FileFormat::Phonebook175:
         return WritePhonebookFile(state, path, desktop);
     case FileFormat::Csv:
