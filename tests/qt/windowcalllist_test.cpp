@@ -167,9 +167,9 @@ TEST_F(WindowCallList, ANameWithoutAnEndingGetsIt) {
 }
 
 TEST_F(WindowCallList, AnExistingFileIsReplacedAfterTheOrdinaryQuestion) {
-    const std::string replace =
-        "box \"leer.csv existiert bereits.\nMöchten Sie sie ersetzen?\" title \"Speichern unter\" "
-        "icon Exclamation buttons Ja+Nein default Nein";
+    const std::string replace = "box \"Die Datei leer.csv existiert bereits.\nSoll sie "
+                                "überschrieben werden?\" title \"Speichern unter\" "
+                                "icon Exclamation buttons Ja+Nein default Nein";
     Folder.Write("leer.csv", std::string(5000, 'x'));
     Folder.Write("leer.t9a", "12345678901234567890");
     Dialogs.ChooseFile(PathIn("leer.t9a")).Press(Qt::Key_Return);

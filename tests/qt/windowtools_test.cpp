@@ -242,7 +242,7 @@ TEST_F(WindowKillMsn, TheShownMsnGoesAtOnceAndWhatIsTypedStays) {
     EXPECT_EQ(TextOf("DDMSN"), "(lt. Telefon)");
     EXPECT_EQ(TextOfField(0), "getippt");
     EXPECT_EQ(TextOfField(8), Line("Info"));
-    EXPECT_EQ(TextOfField(5), "D2");
+    EXPECT_EQ(TextOfField(5), "DF");
     EXPECT_EQ(ButtonColour(), NeutralColour());
     EXPECT_TRUE(Window->close()) << "the register's state of being saved stays as it was";
 }
