@@ -3,7 +3,7 @@
 // one thread; every call returns when it is done. dialogs/windows.h opens the other windows.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 
 #include <optional>

@@ -80,12 +80,17 @@ std::string TwoDigits(int value) {
 }
 
 Text FormatLocalTime(FileTime time, bool withSeconds) {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    constexpr int FirstYear = 1;
+    constexpr int LastYear = 9999;
+    constexpr int YearsBefore = 1900;
+    const auto seconds = static_cast<std::time_t>(
+        std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count());
     const std::tm* local = std::localtime(&seconds);
-    if (local == nullptr) {  // a year that does not fit its field
+    if (local == nullptr || local->tm_year < FirstYear - YearsBefore ||
+        local->tm_year > LastYear - YearsBefore) {
         return {};
     }
-    std::string year = std::to_string(local->tm_year + 1900);
+    std::string year = std::to_string(local->tm_year + YearsBefore);
     year.insert(0, year.size() < 4 ? 4 - year.size() : 0, '0');
     std::string text = TwoDigits(local->tm_mday) + "." + TwoDigits(local->tm_mon + 1) + "." + year +
                        " " + TwoDigits(local->tm_hour) + ":" + TwoDigits(local->tm_min);
@@ -159,6 +164,15 @@ Text Hex2(int value) {
     constexpr TextView digits = u"0123456789ABCDEF";
     const auto bits = static_cast<unsigned>(value);
     return {digits[(bits >> 4U) & 0xFU], digits[bits & 0xFU]};
+}
+
+std::optional<FileTime> FileTimeOf(long long seconds, long long microseconds) {
+    constexpr long long Each = 1'000'000;
+    constexpr long long Most = std::numeric_limits<long long>::max() / Each - 1;
+    if (seconds < -Most || seconds > Most) {
+        return std::nullopt;
+    }
+    return FileTime(std::chrono::microseconds(seconds * Each + microseconds));
 }
 
 Text FormatDateTime(FileTime time) {

@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <chrono>
+#include <optional>
 
 namespace norvik {
 
@@ -24,9 +25,14 @@ Text FormatAmount(double amount);
 /// The last two upper-case hexadecimal digits of `value`: 5 gives "05", 4096 gives "00".
 Text Hex2(int value);
 
-using FileTime = std::chrono::system_clock::time_point;
+/// In microseconds: finer ones could not count to the year 9999.
+using FileTime = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
 
-/// `time` in the local time zone as "dd.mm.yyyy hh:mm".
+/// The point in time so many seconds and microseconds after 1 January 1970, 0:00 in Greenwich;
+/// nothing for one that cannot be counted.
+std::optional<FileTime> FileTimeOf(long long seconds, long long microseconds);
+
+/// `time` in the local time zone as "dd.mm.yyyy hh:mm"; empty outside the years 1 to 9999.
 Text FormatDateTime(FileTime time);
 /// The same with the seconds: "dd.mm.yyyy hh:mm:ss".
 Text FormatDateTimeSeconds(FileTime time);

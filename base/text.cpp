@@ -71,6 +71,10 @@ Text UpperCase(TextView text) {
     return Converted(text, [](char16_t c) { return UpperCase(c); });
 }
 
+bool IsControl(char16_t c) {
+    return c < u' ' || (c >= u'\u007F' && c <= u'\u009F');
+}
+
 TextView TrimBlanks(TextView text) {
     const std::size_t start = text.find_first_not_of(u' ');
     return start == TextView::npos ? TextView() : RightTrim(text.substr(start));

@@ -25,6 +25,9 @@ Text LowerCase(TextView text);
 void MakeLowerCase(Text& text);
 Text UpperCase(TextView text);
 
+/// Whether a character is a control character, which would act on a line instead of being shown.
+bool IsControl(char16_t c);
+
 /// `text` without the blanks (U+0020 alone) at its ends.
 TextView TrimBlanks(TextView text);
 /// `text` without the blanks at its end.

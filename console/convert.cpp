@@ -1,12 +1,13 @@
 #include "console/convert.h"
 
+#include "base/outputfile.h"
 #include "base/runtimeerror.h"
 #include "console/consoledesktop.h"
 #include "console/help.h"
 #include "console/loadsource.h"
 #include "console/messages.h"
-#include "console/utf8.h"
-#include "console/wholetarget.h"
+#include "console/printable.h"
+#include "console/standardstreams.h"
 #include "console/writetarget.h"
 #include "formats/calllist/calllist.h"
 #include "formats/common/undefinederror.h"
@@ -62,20 +63,38 @@ Text LossLines(const ConverterOptions& options, const Settings& settings,
     return lines;
 }
 
-/// `write` puts the target into the file that it is given and gives false where there is nothing to
-/// write; `report` shows what the window shows of a failure.
-ExitStatus WriteOrSay(const ConverterOptions& options,
-                      const std::function<bool(const FilePath&)>& write,
+bool IsStandardOutput(const FilePath& target) {
+    return target == FilePath(StandardStream);
+}
+
+/// Puts the target where it is to go and gives false where there is nothing to write.
+using TargetWriter = std::function<bool(const OutputTarget&)>;
+
+/// Standard output gets everything or nothing, too.
+bool WriteWhole(const ConverterOptions& options, const TargetWriter& write) {
+    OutputTarget target(options.Target);
+    if (!IsStandardOutput(options.Target)) {
+        target.Replace = options.Overwrite;
+        target.OnlyFiles = true;
+        return write(target);
+    }
+    Bytes bytes;
+    target.Memory = &bytes;
+    if (!write(target)) {
+        return false;
+    }
+    WriteToStandardOutput(bytes);
+    return true;
+}
+
+/// `report` shows what the window shows of a failure.
+ExitStatus WriteOrSay(const ConverterOptions& options, const TargetWriter& write,
                       const std::function<void(const RuntimeError&)>& report) {
     try {
-        switch (WriteWhole(options.Target, options.Overwrite, write)) {
-        case WriteResult::Written:
-            return ExitStatus::Done;
-        case WriteResult::NothingToWrite:
-            return NotWritten(options.Target, u"kein Eintrag ist markiert");
-        case WriteResult::NameTaken:
-            break;
-        }
+        return WriteWhole(options, write)
+                   ? ExitStatus::Done
+                   : NotWritten(options.Target, u"kein Eintrag ist markiert");
+    } catch (const FileExists&) {
         return AlreadyThere(options.Target);
     } catch (const RuntimeError& error) {
         report(error);
@@ -100,9 +119,9 @@ ExitStatus ConvertCalls(const ConverterOptions& options) {
         report(error);
         return NotRead(options.Source);
     }
-    const auto write = [&](const FilePath& path) {
+    const auto write = [&](const OutputTarget& target) {
         EnsureNotItself(options.Source, options.Target);
-        WriteCallList(calls.Content, path, desktop);
+        WriteCallList(calls.Content, target, desktop);
         return true;
     };
     const ExitStatus written = WriteOrSay(options, write, report);
@@ -132,8 +151,8 @@ ExitStatus ConvertRegister(const ConverterOptions& options) {
         return StatusOf(Print(losses), reported);
     }
     PrintLines(stderr, losses);
-    const auto write = [&](const FilePath& path) {
-        return WriteTarget(options, settings, state, path, desktop);
+    const auto write = [&](const OutputTarget& target) {
+        return WriteTarget(options, settings, state, target, desktop);
     };
     const auto report = [&](const RuntimeError& error) {
         ReportWriteError(options.To.value(), error, desktop);
@@ -156,7 +175,8 @@ ExitStatus RunTask(const ConverterOptions& options) {
 ExitStatus Convert(const ConverterOptions& options) {
     try {
         // Said before the work is done, not behind it.
-        if (options.What == Task::Convert && !options.Overwrite && IsTaken(options.Target)) {
+        if (options.What == Task::Convert && !options.Overwrite &&
+            !IsStandardOutput(options.Target) && IsNameTaken(options.Target)) {
             return AlreadyThere(options.Target);
         }
     } catch (const RuntimeError& error) {

@@ -1,5 +1,6 @@
 #include "console/loadsource.h"
 
+#include "base/files.h"
 #include "console/standardstreams.h"
 #include "formats/common/followload.h"
 #include "registertools/lineaccesszero.h"

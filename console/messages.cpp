@@ -1,6 +1,7 @@
 #include "console/messages.h"
 
-#include "console/utf8.h"
+#include "base/utf8.h"
+#include "console/printable.h"
 
 #include <algorithm>
 

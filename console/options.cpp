@@ -1,7 +1,9 @@
 #include "console/options.h"
 
+#include "base/platform.h"
+#include "base/utf8.h"
 #include "console/nearest.h"
-#include "console/utf8.h"
+#include "console/printable.h"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +23,7 @@ struct Reading {
 };
 
 Text ShownArgument(std::string_view argument) {
-    return PrintablePath(PathOfArgument(argument));
+    return PrintablePath(platform::PathOfArgument(argument));
 }
 
 [[noreturn]] void Fail(Text message) {
@@ -72,7 +74,7 @@ void TakeSettingsFile(Reading& reading, std::string_view value) {
     if (value.empty()) {
         Fail(u"--ini braucht einen Wert, der nicht leer ist");
     }
-    reading.Options.SettingsFile = PathOfArgument(value);
+    reading.Options.SettingsFile = platform::PathOfArgument(value);
 }
 
 template <bool ConverterOptions::*Flag>
@@ -204,7 +206,7 @@ class ArgumentReader {
             } else if (!onlyFiles_ && IsOption(argument)) {
                 TakeOption(argument);
             } else {
-                result_.Files.push_back(PathOfArgument(argument));
+                result_.Files.push_back(platform::PathOfArgument(argument));
             }
         }
         return std::move(result_);

@@ -1,7 +1,7 @@
 // What the user wants: the command line, read and found to make sense.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "dialogs/mobileexportfields.h"
 #include "formats/formattable.h"

@@ -1,19 +1,11 @@
 #include "console/standardstreams.h"
 
-#include "base/runtimeerror.h"
+#include "base/files.h"
+#include "base/systemerrors.h"
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
-#include <fstream>
-
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 namespace norvik {
 
@@ -22,32 +14,7 @@ namespace {
 constexpr std::size_t BlockSize = std::size_t{64} * 1024;
 using Block = std::array<Byte, BlockSize>;
 
-[[noreturn]] void RaiseOutputError() {
-    throw RuntimeError(errno == ENOSPC ? ErrorNumber::DiskFull : ErrorNumber::DeviceError);
-}
-
 }  // namespace
-
-#ifdef _WIN32
-void PrepareStandardStreams() {
-    static_cast<void>(_setmode(_fileno(stdin), _O_BINARY));
-    static_cast<void>(_setmode(_fileno(stdout), _O_BINARY));
-}
-#else
-void PrepareStandardStreams() {
-    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
-    // Each is opened the wrong way round, so that using it fails as with a closed one.
-    constexpr std::array<const char*, 3> Modes = {"w", "r", "r"};
-    int number = 0;
-    for (const char* const mode : Modes) {
-        if (dup2(number, number) == -1) {
-            // Takes the lowest free number, and keeps it to the end.
-            static_cast<void>(std::fopen("/dev/null", mode));
-        }
-        ++number;
-    }
-}
-#endif
 
 Bytes ReadStandardInput() {
     Bytes bytes;
@@ -66,21 +33,12 @@ Bytes ReadStandardInput() {
     return bytes;
 }
 
-void CopyToStandardOutput(const FilePath& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::array<char, BlockSize> block{};
-    do {
-        file.read(block.data(), static_cast<std::streamsize>(block.size()));
-        const auto count = static_cast<std::size_t>(file.gcount());
-        if (std::fwrite(block.data(), 1, count, stdout) != count) {
-            RaiseOutputError();
-        }
-    } while (file);
-    if (!file.eof()) {
-        throw RuntimeError(ErrorNumber::DeviceError);
-    }
-    if (std::fflush(stdout) != 0) {
-        RaiseOutputError();
+void WriteToStandardOutput(ByteView bytes) {
+    errno = 0;
+    const bool taken =
+        bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
+    if (std::fflush(stdout) != 0 || !taken) {
+        RaiseSystemError(LastError(), {});
     }
 }
 

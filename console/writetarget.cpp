@@ -24,9 +24,9 @@ TargetOptions TargetOptionsOf(const ConverterOptions& options, const Settings& s
 }
 
 bool WriteTarget(const ConverterOptions& options, const Settings& settings, RegisterState& state,
-                 const FilePath& path, Desktop& desktop) {
+                 const OutputTarget& target, Desktop& desktop) {
     return RowOf(options.To.value())
-        .Write(state, path, TargetOptionsOf(options, settings), settings, desktop);
+        .Write(state, target, TargetOptionsOf(options, settings), settings, desktop);
 }
 
 void ReportWriteError(FileFormat format, const RuntimeError& error, Desktop& desktop) {

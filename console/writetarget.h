@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "base/runtimeerror.h"
 #include "console/options.h"
 #include "register/register.h"
@@ -16,10 +17,10 @@ MobileExportOptions MobileOptions(const ConverterOptions& options, const Setting
 /// How the target is written.
 TargetOptions TargetOptionsOf(const ConverterOptions& options, const Settings& settings);
 
-/// Writes the register into `path` as the options say. Gives false, after a message, when marked
+/// Writes the register into `target` as the options say. Gives false, after a message, when marked
 /// entries are wanted and none is marked; nothing is written then. Raises what writing raises.
 bool WriteTarget(const ConverterOptions& options, const Settings& settings, RegisterState& state,
-                 const FilePath& path, Desktop& desktop);
+                 const OutputTarget& target, Desktop& desktop);
 
 /// Shows what the window shows in a box when writing in this format fails; nothing where it passes
 /// over the failure.

@@ -66,6 +66,7 @@ void mnuSettingsBasic(Windows& windows) {
 SettingsFields NVSET_Load(const Settings& settings) {
     const SettingsTable& table = settings.Table;
     SettingsFields fields;
+    fields.Sample = SyncSample(table.Folder());
     fields.InpLoadfile = table.Value(Setting::LoadFile);
     fields.SetValue[CountryCodeValue] = table.Value(Setting::CountryCode);
     fields.SetValue[RegionCodeValue] = table.Value(Setting::RegionCode);

@@ -10,11 +10,11 @@ namespace norvik {
 
 std::optional<Text> SyncSample::Line(TextView file, int record) {
     try {
-        const FilePath path = FindIgnoringCase(PathFromText(file));
-        const FileTime modified = LastModified(path);
+        const FilePath path = FindIgnoringCase(folder_, PathFromText(file));
+        const std::optional<FileTime> modified = LastModified(path);
         std::error_code unknown;  // what is no file is refused by Read()
         const std::uintmax_t size = std::filesystem::file_size(path, unknown);
-        if (path != path_ || modified != modified_ || size != size_) {
+        if (path != path_ || !modified || modified != modified_ || size != size_) {
             Read(path);
             modified_ = modified;
             size_ = size;

@@ -11,6 +11,10 @@ namespace norvik {
 /// Keeps the beginning of a file so that going through its records does not read it each time.
 class SyncSample {
   public:
+    SyncSample() = default;
+    /// Relative paths count from `folder`.
+    explicit SyncSample(FilePath folder) : folder_(std::move(folder)) {}
+
     /// Line `record`, counted from 1, of the file, or its last line when it has fewer; an empty
     /// line for an empty file. Nothing when the file cannot be read.
     std::optional<Text> Line(TextView file, int record);
@@ -18,6 +22,7 @@ class SyncSample {
   private:
     void Read(const FilePath& path);
 
+    FilePath folder_;
     FilePath path_;
     std::optional<FileTime> modified_;
     std::uintmax_t size_ = 0;

@@ -2,7 +2,7 @@
 // Implemented by the window (qt/) and by the tests' scripted desktop; the converter has none.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 
 namespace norvik {
 

@@ -29,15 +29,15 @@ bool LoadNV(RegisterState& state, const SourceReader& read, const SourceOptions&
     return LoadNVOrReport(state, read, desktop);
 }
 
-bool Write195(RegisterState& state, const FilePath& path, const TargetOptions& /*options*/,
+bool Write195(RegisterState& state, const OutputTarget& target, const TargetOptions& /*options*/,
               const Settings& /*settings*/, Desktop& desktop) {
-    WriteRegisterFile195(state, path, desktop);
+    WriteRegisterFile195(state, target, desktop);
     return true;
 }
 
-bool Write193(RegisterState& state, const FilePath& path, const TargetOptions& options,
+bool Write193(RegisterState& state, const OutputTarget& target, const TargetOptions& options,
               const Settings& /*settings*/, Desktop& desktop) {
-    return WriteRegisterFile193(state, path, options.OnlyMarked, desktop);
+    return WriteRegisterFile193(state, target, options.OnlyMarked, desktop);
 }
 
 bool Start175(RegisterState& state, const FilePath& path, const Settings& /*settings*/,
@@ -50,9 +50,9 @@ bool Load175(RegisterState& state, const SourceReader& read, const SourceOptions
     return Load175OrReport(state, read, desktop);
 }
 
-bool Write175(RegisterState& state, const FilePath& path, const TargetOptions& /*options*/,
+bool Write175(RegisterState& state, const OutputTarget& target, const TargetOptions& /*options*/,
               const Settings& /*settings*/, Desktop& desktop) {
-    WritePhonebookFile(state, path, desktop);
+    WritePhonebookFile(state, target, desktop);
     return true;
 }
 
@@ -68,28 +68,28 @@ bool LoadCsv(RegisterState& state, const SourceReader& read, const SourceOptions
     return LoadCSVOrReport(state, settings, read, options.Csv, desktop);
 }
 
-bool WriteCsv(RegisterState& state, const FilePath& path, const TargetOptions& options,
+bool WriteCsv(RegisterState& state, const OutputTarget& target, const TargetOptions& options,
               const Settings& /*settings*/, Desktop& /*desktop*/) {
-    WriteCSV(state, path, options.Quoted);
+    WriteCSV(state, target, options.Quoted);
     return true;
 }
 
-bool WriteIp286(RegisterState& state, const FilePath& path, const TargetOptions& options,
+bool WriteIp286(RegisterState& state, const OutputTarget& target, const TargetOptions& options,
                 const Settings& /*settings*/, Desktop& desktop) {
     WarnOfLargeRegister(state, desktop);
-    ExportIP286(state, path, options.Exclusions, desktop);
+    ExportIP286(state, target, options.Exclusions, desktop);
     return true;
 }
 
-bool WriteMobile(RegisterState& state, const FilePath& path, const TargetOptions& options,
+bool WriteMobile(RegisterState& state, const OutputTarget& target, const TargetOptions& options,
                  const Settings& settings, Desktop& desktop) {
-    ExportMobile(state, options.Mobile, settings, path, desktop);
+    ExportMobile(state, options.Mobile, settings, target, desktop);
     return true;
 }
 
-bool WriteStatement(RegisterState& state, const FilePath& path, const TargetOptions& /*options*/,
+bool WriteStatement(RegisterState& state, const OutputTarget& target, const TargetOptions& /*options*/,
                     const Settings& settings, Desktop& /*desktop*/) {
-    WriteChargeStatement(state, settings.UnitPrice, path);
+    WriteChargeStatement(state, settings.UnitPrice, target);
     return true;
 }
 

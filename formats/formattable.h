@@ -2,6 +2,7 @@
 // converter with its help, the loss report and the tests of the documents read it.
 #pragma once
 
+#include "base/outputfile.h"
 #include "formats/common/sourcefile.h"
 #include "formats/csv/csvformat.h"
 #include "formats/mobile/mobileexport.h"
@@ -64,7 +65,7 @@ struct FormatRow {
                  Desktop&);
     /// Writes the register. Gives false, after a message, when marked entries are wanted and none
     /// is marked; nothing is written then. Raises what writing raises. Null: is not written.
-    bool (*Write)(RegisterState&, const FilePath&, const TargetOptions&, const Settings&, Desktop&);
+    bool (*Write)(RegisterState&, const OutputTarget&, const TargetOptions&, const Settings&, Desktop&);
     bool CanLeaveOutUnmarked = false;  ///< TargetOptions::OnlyMarked has a meaning
     WriteFailure OnWriteFailure = WriteFailure::StatusLine;
     TextView SaveItem = {};  ///< the menu item that saves it, as its reports name it

@@ -12,11 +12,6 @@ namespace norvik {
 
 namespace {
 
-/// Whether a character would end or spoil the user's line.
-bool IsControl(char16_t character) {
-    return character < u' ' || (character >= u'\u007F' && character <= u'\u009F');
-}
-
 /// What the IP 286 makes of the register as a whole.
 class Ip286Losses {
   public:

@@ -45,6 +45,7 @@ void ReadCommandLine(TextView commandLine, Settings& settings, Desktop& desktop)
         if (option == StartFileSwitch) {
             settings.AutoloadFlag = true;
             settings.StartFile = rest;
+            settings.StartFolder.clear();
         } else if (option == UnitPriceSwitch) {
             settings.UnitPrice = ParseDecimal(rest);
         } else {

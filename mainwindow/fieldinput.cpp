@@ -14,10 +14,6 @@ bool IsLineSeparator(char16_t c) {
     return c == u'\u2028' || c == u'\u2029';
 }
 
-bool IsControl(char16_t c) {
-    return c < u' ' || (c >= u'\u007F' && c <= u'\u009F') || IsLineSeparator(c);
-}
-
 /// Text put into a field by the user, made fit for it: a CR LF or any other control character is
 /// one blank, a tab only where it is not wanted. Nothing for a text with a character outside the
 /// repertoire.
@@ -30,7 +26,8 @@ std::optional<Text> Cleaned(std::u16string_view inserted, bool takesTab) {
         }
         const bool secondOfLineEnd = c == u'\n' && i > 0 && inserted[i - 1] == u'\r';
         if (!secondOfLineEnd) {
-            cleaned.push_back(IsControl(c) && !(takesTab && c == Tab) ? u' ' : c);
+            const bool blank = IsLineSeparator(c) || (IsControl(c) && !(takesTab && c == Tab));
+            cleaned.push_back(blank ? u' ' : c);
         }
     }
     return cleaned;

@@ -2,7 +2,7 @@
 // stands below takes the parts that it touches.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "mainwindow/fields.h"
 #include "register/register.h"
 #include "register/settings.h"

@@ -41,10 +41,11 @@ struct StartFile {
     Text Name;
 };
 
-/// The start file of the settings or the command line, whose path has been lowered.
-StartFile NamedStartFile(const Text& name) {
+/// The start file of the settings or the command line, whose path has been lowered; a relative one
+/// counts from `folder`.
+StartFile NamedStartFile(const Text& name, const FilePath& folder) {
     const FilePath path = PathFromText(name);
-    return {FindIgnoringCase(path), TextFromPath(path)};
+    return {FindIgnoringCase(folder, path), TextFromPath(path)};
 }
 
 /// Loads the start file as its ending says; a failure was reported when this gives false.
@@ -74,10 +75,11 @@ void LoadStartFile(Program& program, const StartFile& file, Desktop& desktop) {
 void Autoload(Program& program, const FilePath& given, Desktop& desktop) {
     const bool named = std::exchange(program.Set.AutoloadFlag, false);
     const Text name = std::exchange(program.Set.StartFile, Text());
+    const FilePath folder = std::exchange(program.Set.StartFolder, FilePath());
     if (!given.empty()) {
         LoadStartFile(program, {given, TextFromPath(given)}, desktop);
     } else if (named) {
-        LoadStartFile(program, NamedStartFile(name), desktop);
+        LoadStartFile(program, NamedStartFile(name, folder), desktop);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "qt/application.h"
 
+#include "base/platform.h"
 #include "qt/textconversion.h"
 
 #include <QApplication>
@@ -15,14 +16,6 @@
 namespace norvik {
 
 namespace {
-
-FilePath PathFromArgument(const char* argument) {
-#ifdef _WIN32
-    return {QString::fromLocal8Bit(argument).toStdWString()};
-#else
-    return {argument};  // byte by byte: a name need not be valid in the locale's encoding
-#endif
-}
 
 FilePath ExecutableFolder() {
     return ToFilePath(QApplication::applicationDirPath());
@@ -54,7 +47,7 @@ FilePath TakeFile(int& argc, char** argv) {
         return {};
     }
     const bool withPath = argc > 2;
-    FilePath file = withPath ? PathFromArgument(argv[2]) : FilePath();
+    FilePath file = withPath ? platform::PathOfArgument(argv[2]) : FilePath();
     const int taken = withPath ? 2 : 1;
     std::copy(argv + 1 + taken, argv + argc + 1, argv + 1);  // with the null that ends them
     argc -= taken;

@@ -1,7 +1,7 @@
 // What holds for the whole application, and for the window tests as well.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 
 #include <QString>
 

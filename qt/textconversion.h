@@ -1,7 +1,7 @@
 // The system's texts and the toolkit's.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 
 #include <QString>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/numbers.h"
 #include "base/longreport.h"
 #include "register/entry.h"
 #include "register/placetable.h"

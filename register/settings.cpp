@@ -1,6 +1,7 @@
 #include "register/settings.h"
 
 #include "base/lines.h"
+#include "base/numbers.h"
 #include "base/runtimeerror.h"
 
 #include <algorithm>
@@ -141,6 +142,7 @@ void ApplySettings(Settings& settings) {
     const SettingsTable& table = settings.Table;
     settings.LanguageFlag = table.Value(Setting::Language) == u"english" ? 1 : 0;
     settings.StartFile = table.Value(Setting::LoadFile);
+    settings.StartFolder = table.Folder();
     settings.UnitPrice = ParseDecimal(table.Value(Setting::Unit));
     settings.InternationalPrefix = u"00" + table.Value(Setting::CountryCode);
     settings.AreaPrefix = u"0" + table.Value(Setting::RegionCode);

@@ -2,8 +2,9 @@
 // from it.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
+#include "base/windows1252.h"
 
 #include <array>
 
@@ -60,7 +61,12 @@ class SettingsTable {
     /// nothing.
     void Assign(TextView key, TextView value);
 
+    /// The folder of the table's file, from which relative paths in it count.
+    [[nodiscard]] const FilePath& Folder() const { return folder_; }
+    void SetFolder(const FilePath& folder) { folder_ = folder; }
+
   private:
+    FilePath folder_;
     std::array<Row, SettingsRows> rows_;
 };
 
@@ -72,6 +78,7 @@ struct Settings {
     Text AreaPrefix;            ///< "0" and the own area code
     int LanguageFlag = 0;       ///< 1 when the language is "english"
     Text StartFile;             ///< to be loaded at start-up; emptied after the attempt
+    FilePath StartFolder;       ///< from which it counts; empty for the working folder
     bool AutoloadFlag = false;  ///< a start file is known
 };
 
@@ -86,7 +93,8 @@ void ReadSettings(ByteView file, SettingsTable& table);
 /// and the end mark.
 Text SettingsText(const SettingsTable& table);
 
-/// Reads "norvik.ini" in the program's folder; raises error 53 when there is none.
+/// Reads "norvik.ini" in the program's folder, which becomes the table's in any case; raises error
+/// 53 when there is none.
 void ReadSettingsFile(const FilePath& folder, SettingsTable& table);
 
 /// Sets the values that follow from the table.

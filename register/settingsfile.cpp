@@ -1,5 +1,8 @@
 #include "register/settings.h"
 
+#include "base/files.h"
+#include "base/outputfile.h"
+
 namespace norvik {
 
 namespace {
@@ -11,6 +14,7 @@ FilePath SettingsPath(const FilePath& folder) {
 }  // namespace
 
 void ReadSettingsFile(const FilePath& folder, SettingsTable& table) {
+    table.SetFolder(folder);
     ReadSettings(ReadWholeFile(SettingsPath(folder)), table);
 }
 

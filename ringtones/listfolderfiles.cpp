@@ -1,13 +1,15 @@
 #include "ringtones/listfolderfiles.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace norvik {
 
 namespace {
 
-bool IsControlCharacter(char16_t c) {
+/// Fewer than the control characters: a name with one of the others stays on its line.
+bool MayBreakTheLine(char16_t c) {
     return c < u' ';
 }
 
@@ -15,7 +17,7 @@ bool IsControlCharacter(char16_t c) {
 /// the lines of the tone-names file.
 std::optional<Text> ExactText(const FilePath& name) {
     Text text = TextFromPath(name);
-    if (PathFromText(text) != name || std::any_of(text.begin(), text.end(), IsControlCharacter)) {
+    if (PathFromText(text) != name || std::any_of(text.begin(), text.end(), MayBreakTheLine)) {
         return std::nullopt;
     }
     return text;

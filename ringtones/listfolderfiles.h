@@ -1,7 +1,7 @@
 // The names of the files in a folder.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 
 #include <vector>
 

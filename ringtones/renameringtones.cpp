@@ -1,5 +1,6 @@
 #include "ringtones/renameringtones.h"
 
+#include "base/numbers.h"
 #include "ringtones/listfolderfiles.h"
 #include "ringtones/tonenames.h"
 

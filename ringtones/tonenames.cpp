@@ -1,6 +1,8 @@
 #include "ringtones/tonenames.h"
 
+#include "base/files.h"
 #include "base/lines.h"
+#include "base/outputfile.h"
 #include "base/runtimeerror.h"
 #include "base/windows1252.h"
 

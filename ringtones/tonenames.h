@@ -1,8 +1,9 @@
 // The names of the ring tones, as the main window's choice list shows them.
 #pragma once
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
+#include "base/windows1252.h"
 
 #include <vector>
 

@@ -1,5 +1,6 @@
 #include "sync/loadsyncdatabase.h"
 
+#include "base/files.h"
 #include "base/runtimeerror.h"
 
 namespace norvik {
@@ -7,9 +8,10 @@ namespace norvik {
 namespace {
 
 /// The file's bytes, or nothing when it does not exist. One that cannot be read counts as empty.
-std::optional<Bytes> ReadDatabase(TextView path) {
+std::optional<Bytes> ReadDatabase(const SettingsTable& settings) {
     try {
-        return ReadWholeFile(FindIgnoringCase(PathFromText(path)));
+        const FilePath path = PathFromText(settings.Value(Setting::SyncDatabase));
+        return ReadWholeFile(FindIgnoringCase(settings.Folder(), path));
     } catch (const RuntimeError& error) {
         if (error.Number() == ErrorNumber::FileNotFound ||
             error.Number() == ErrorNumber::PathNotFound ||

@@ -1,6 +1,7 @@
 #include "sync/synctables.h"
 
 #include "base/lines.h"
+#include "base/numbers.h"
 #include "sync/quotedfields.h"
 
 #include <limits>

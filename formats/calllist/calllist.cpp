@@ -1,5 +1,6 @@
 #include "formats/calllist/calllist.h"
 
+#include "base/files.h"
 #include "base/repeatedbox.h"
 #include "base/runtimeerror.h"
 #include "formats/common/bytereader.h"
@@ -128,9 +129,9 @@ bool ConvertCallList(const FilePath& file, Desktop& desktop) {
     return true;
 }
 
-void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop) {
+void WriteCallList(ByteView calls, const OutputTarget& target, Desktop& desktop) {
     ByteReader input(calls);
-    OutputFile output(outputPath);
+    OutputFile output(target);
     if (LooksLikeRegisterFile(input.ReadBytes(calllist::HeaderLength))) {
         desktop.Ask(
             {.text = u"Header=RegisterHeader!", .title = Text(Title), .icon = Icon::Exclamation});

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 
 namespace norvik {
 
@@ -26,12 +27,12 @@ void EnsureNotItself(const FilePath& file, const FilePath& output);
 /// tells where they are. Asks before it replaces a file; gives false, with nothing done, when the
 /// user does not want that. Raises what reading and writing raise, error 55 when the output would
 /// be the input itself, and error 6 for a call number of 2^63 and more. Throws HardStop for a date
-/// or number with a wrong tag; the output then holds what was written so far.
+/// or number with a wrong tag; the output is then as it was.
 bool ConvertCallList(const FilePath& file, Desktop& desktop);
 
 /// The conversion alone: the calls of a list that has been read go into a file of any name. Raises
 /// what writing raises, error 6 and HardStop as ConvertCallList does.
-void WriteCallList(ByteView calls, const FilePath& outputPath, Desktop& desktop);
+void WriteCallList(ByteView calls, const OutputTarget& target, Desktop& desktop);
 
 /// Tells that the calls are in the file.
 void ReportCallList(const FilePath& output, Desktop& desktop);

@@ -17,9 +17,10 @@ Text ChargeStatementName(const RegisterEntry& entry) {
     return DeviceToAnsi(BytesFromText(entry.Name));
 }
 
-void WriteChargeStatement(const RegisterState& state, double unitPrice, const FilePath& path) {
+void WriteChargeStatement(const RegisterState& state, double unitPrice,
+                          const OutputTarget& target) {
     const CurrentFile& source = state.File;
-    OutputFile output(path);
+    OutputFile output(target);
     WriteLine(output, u"Norvik Gebührenauszug");
     WriteLine(output, u"Typ: " + source.Type + u"   Zeit: " +
                           (source.Modified ? FormatDateTimeSeconds(*source.Modified) : Text()));

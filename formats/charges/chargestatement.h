@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "register/register.h"
 #include "register/settings.h"
 
@@ -23,6 +24,6 @@ void mnuGebAuszug(const RegisterState& state, const Settings& settings, Desktop&
 Text ChargeStatementName(const RegisterEntry& entry);
 
 /// Writes the statement's file. `unitPrice` is the price of a charge unit.
-void WriteChargeStatement(const RegisterState& state, double unitPrice, const FilePath& path);
+void WriteChargeStatement(const RegisterState& state, double unitPrice, const OutputTarget& target);
 
 }  // namespace norvik

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "formats/common/loadprogress.h"
 #include "formats/common/sourcefile.h"
 #include "register/register.h"
@@ -80,9 +81,9 @@ std::array<Text, csvformat::Columns> CsvValues(const RegisterEntry& entry);
 
 /// Asks whether the values are to stand in quotes, writes the register in its order as a CSV file
 /// and sets RegisterSaved. Raises what writing raises.
-void SaveCSV(RegisterState& state, const FilePath& file, Desktop& desktop);
+void SaveCSV(RegisterState& state, const OutputTarget& target, Desktop& desktop);
 
 /// Writes the register as SaveCSV does, without asking; with `quoted` all values stand in quotes.
-void WriteCSV(RegisterState& state, const FilePath& file, bool quoted);
+void WriteCSV(RegisterState& state, const OutputTarget& target, bool quoted);
 
 }  // namespace norvik

@@ -70,17 +70,17 @@ std::array<Text, csvformat::Columns> CsvValues(const RegisterEntry& entry) {
     return values;
 }
 
-void SaveCSV(RegisterState& state, const FilePath& file, Desktop& desktop) {
+void SaveCSV(RegisterState& state, const OutputTarget& target, Desktop& desktop) {
     const bool quoted = desktop.Ask({.text = u"Sollen die Daten in \" \" gesetzt werden?",
                                      .title = u"Speichern im CSV-Format",
                                      .icon = Icon::Question,
                                      .buttons = {Button::Yes, Button::No},
                                      .defaultButton = Button::Yes}) == Button::Yes;
-    WriteCSV(state, file, quoted);
+    WriteCSV(state, target, quoted);
 }
 
-void WriteCSV(RegisterState& state, const FilePath& file, bool quoted) {
-    OutputFile output(file);
+void WriteCSV(RegisterState& state, const OutputTarget& target, bool quoted) {
+    OutputFile output(target);
     LineWriter lines(output, quoted);
     for (const TextView header : csvformat::Headers) {
         lines.Add(header);

@@ -38,13 +38,13 @@ bool IsExcluded(const RegisterEntry& entry, const std::vector<TextView>& exclusi
                        [&](TextView text) { return Contains(entry.Tel, text); });
 }
 
-void ExportIP286(const RegisterState& state, const FilePath& file, TextView exclusions,
+void ExportIP286(const RegisterState& state, const OutputTarget& target, TextView exclusions,
                  Desktop& desktop) {
     const std::vector<TextView> texts = SplitExclusions(exclusions);
     int exported = 0;
     int ignored = 0;
     Text ignoredNames;
-    OutputFile output(file);
+    OutputFile output(target);
     output.Write(Line(u"Name", u"Telefonnummer", u"Konto"));
     for (int position = 1; position <= state.AnzGes; ++position) {
         const RegisterEntry& entry = EntryAt(state, position);

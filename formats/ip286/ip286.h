@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "register/register.h"
 
 #include <vector>
@@ -27,7 +28,7 @@ bool IsExcluded(const RegisterEntry& entry, const std::vector<TextView>& exclusi
 /// Writes name and number of every entry, in the register's order, whose number holds none of the
 /// exclusion texts, and reports how many. `exclusions` holds texts separated by "|"; empty ones
 /// exclude nothing. Raises what writing raises, and reports nothing then.
-void ExportIP286(const RegisterState& state, const FilePath& file, TextView exclusions,
+void ExportIP286(const RegisterState& state, const OutputTarget& target, TextView exclusions,
                  Desktop& desktop);
 
 }  // namespace norvik

@@ -74,10 +74,10 @@ Text Line(const RegisterEntry& entry, int runningNumber, const MobileExportOptio
 
 /// Writes the file; false when the user cancelled at an entry.
 bool WriteEntries(const RegisterState& state, const MobileExportOptions& options,
-                  const Settings& settings, const FilePath& file, Desktop& desktop) {
+                  const Settings& settings, const OutputTarget& target, Desktop& desktop) {
     RepeatedBox questions(desktop);
     RepeatedBox reports(desktop);
-    OutputFile output(file);
+    OutputFile output(target);
     int exported = 0;
     bool cancelled = false;
     for (const int index : UsedIndices(state)) {
@@ -103,13 +103,13 @@ bool WriteEntries(const RegisterState& state, const MobileExportOptions& options
 }  // namespace
 
 void ExportMobile(const RegisterState& state, const MobileExportOptions& options,
-                  const Settings& settings, const FilePath& file, Desktop& desktop) {
+                  const Settings& settings, const OutputTarget& target, Desktop& desktop) {
     if (!Confirms(state, desktop)) {
         return;
     }
     desktop.SetStatus(u"Exportiere Telefonbuch in Textdatei...");
     bool complete = false;
-    SaveOrSay([&] { complete = WriteEntries(state, options, settings, file, desktop); }, desktop);
+    SaveOrSay([&] { complete = WriteEntries(state, options, settings, target, desktop); }, desktop);
     desktop.SetStatus(u"Telefonbuch exportiert");
     if (!complete) {
         desktop.SetStatus(u"Telefonbuchexport durch Benutzer abgebrochen.");

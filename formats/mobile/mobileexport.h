@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "register/register.h"
 #include "register/settings.h"
 
@@ -32,6 +33,6 @@ Text WithoutComma(Text name);
 /// Asks, then writes name and converted number of the exported entries, in the order of the table.
 /// Raises what writing raises.
 void ExportMobile(const RegisterState& state, const MobileExportOptions& options,
-                  const Settings& settings, const FilePath& file, Desktop& desktop);
+                  const Settings& settings, const OutputTarget& target, Desktop& desktop);
 
 }  // namespace norvik

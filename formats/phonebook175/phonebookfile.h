@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "formats/common/loadprogress.h"
 #include "formats/common/sourcefile.h"
 #include "register/register.h"
@@ -41,6 +42,6 @@ int ReadPhonebookEntries(RegisterState& state, class LineReader& lines, Desktop&
 
 /// Writes the register in its order and sets RegisterSaved. Takes the blanks off both ends of each
 /// entry's info text, in the register too. Raises what writing raises.
-void WritePhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop);
+void WritePhonebookFile(RegisterState& state, const OutputTarget& target, Desktop& desktop);
 
 }  // namespace norvik

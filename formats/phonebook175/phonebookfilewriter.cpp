@@ -38,9 +38,9 @@ void Trim(Text& text) {
 
 }  // namespace
 
-void WritePhonebookFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
+void WritePhonebookFile(RegisterState& state, const OutputTarget& target, Desktop& desktop) {
     desktop.SetPointer(Pointer::Hourglass);
-    OutputFile file(path);
+    OutputFile file(target);
     LineWriter lines(file);
     lines.Add(u"", Identification);
     lines.Write();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "formats/common/registerfileheader.h"
 #include "formats/common/sourcefile.h"
 #include "register/register.h"
@@ -39,14 +40,13 @@ bool LoadRegisterFile(RegisterState& state, const FilePath& path, Desktop& deskt
 bool LoadRegisterFile(RegisterState& state, const SourceFile& file, Desktop& desktop);
 
 /// Writes the used positions in their order as a 195 file and sets RegisterSaved. Raises error 5
-/// for a text of more than 255 characters or a number of 65536 and more, with the entry as cause;
-/// what was written before stays.
-void WriteRegisterFile195(RegisterState& state, const FilePath& path, Desktop& desktop);
+/// for a text of more than 255 characters or a number of 65536 and more, with the entry as cause.
+void WriteRegisterFile195(RegisterState& state, const OutputTarget& target, Desktop& desktop);
 
 /// The same as a 193 file: no info texts, names cut to 20 characters, no tones, no announcements.
 /// With `onlyMarked` only marked entries; shows a message, writes nothing and gives false when
 /// AnzMarkiert is 0.
-bool WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyMarked,
+bool WriteRegisterFile193(RegisterState& state, const OutputTarget& target, bool onlyMarked,
                           Desktop& desktop);
 
 /// An integer item: tag and one byte for values up to 127 (negative ones by their low byte), tag

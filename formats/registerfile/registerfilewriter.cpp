@@ -73,9 +73,9 @@ Bytes EncodeInteger(int value) {
     return {registerfile::Integer8, low};
 }
 
-void WriteRegisterFile195(RegisterState& state, const FilePath& path, Desktop& desktop) {
+void WriteRegisterFile195(RegisterState& state, const OutputTarget& target, Desktop& desktop) {
     desktop.SetPointer(Pointer::Hourglass);
-    OutputFile file(path);
+    OutputFile file(target);
     file.Write(RegisterFileHeader);
     for (int position = 1; position <= state.AnzGes; ++position) {
         NamingEntry(state, position,
@@ -87,7 +87,7 @@ void WriteRegisterFile195(RegisterState& state, const FilePath& path, Desktop& d
     desktop.SetPointer(Pointer::Normal);
 }
 
-bool WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyMarked,
+bool WriteRegisterFile193(RegisterState& state, const OutputTarget& target, bool onlyMarked,
                           Desktop& desktop) {
     if (onlyMarked && state.AnzMarkiert == 0) {
         desktop.Ask({.text = u"Keine Datensätze zum Exportieren!",
@@ -96,7 +96,7 @@ bool WriteRegisterFile193(RegisterState& state, const FilePath& path, bool onlyM
         return false;
     }
     desktop.SetPointer(Pointer::Hourglass);
-    OutputFile file(path);
+    OutputFile file(target);
     file.Write(RegisterFileHeader);
     int record = 1;
     for (int position = 1; position <= state.AnzGes; ++position) {

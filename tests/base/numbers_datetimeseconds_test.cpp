@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <limits>
 #include <string>
 
 namespace norvik::test {
@@ -87,6 +88,30 @@ TEST(FormatDateTimeSeconds, KnowsTheLeapDayAndTheEndOfACentury) {
     EXPECT_EQ(FormatDateTimeSeconds(At(951'782'399)), u"28.02.2000 23:59:59");
     EXPECT_EQ(FormatDateTimeSeconds(At(951'782'400)), u"29.02.2000 00:00:00");
     EXPECT_EQ(FormatDateTimeSeconds(At(4'102'444'799)), u"31.12.2099 23:59:59");
+}
+
+TEST(FormatDateTimeSeconds, ReachesFromTheYear1ToTheYear9999) {
+    const TimeZone zone("UTC0");
+    EXPECT_EQ(FormatDateTimeSeconds(At(-62'135'596'800)), u"01.01.0001 00:00:00");
+    EXPECT_EQ(FormatDateTimeSeconds(At(-9'223'372'800)), u"21.09.1677 00:00:00");
+    EXPECT_EQ(FormatDateTimeSeconds(At(-1)), u"31.12.1969 23:59:59");
+    EXPECT_EQ(FormatDateTimeSeconds(At(9'300'000'000)), u"14.09.2264 21:20:00");
+    EXPECT_EQ(FormatDateTimeSeconds(At(253'402'300'799)), u"31.12.9999 23:59:59");
+    EXPECT_EQ(FormatDateTimeSeconds(At(-62'135'596'801)), u"");
+    EXPECT_EQ(FormatDateTimeSeconds(At(253'402'300'800)), u"");
+}
+
+TEST(FormatDateTimeSeconds, DoesNotRoundUpBefore1970Either) {
+    const TimeZone zone("UTC0");
+    EXPECT_EQ(FormatDateTimeSeconds(At(-1) + std::chrono::milliseconds(1)), u"31.12.1969 23:59:59");
+}
+
+TEST(FileTimeOf, IsUnknownBeyondAllCounting) {
+    EXPECT_EQ(FileTimeOf(1, 500'000), At(1) + std::chrono::milliseconds(500));
+    EXPECT_EQ(FileTimeOf(-2, 999'999), At(-1) - std::chrono::microseconds(1));
+    EXPECT_EQ(FileTimeOf(std::numeric_limits<long long>::max(), 0), std::nullopt);
+    EXPECT_EQ(FileTimeOf(std::numeric_limits<long long>::min(), 0), std::nullopt);
+    EXPECT_NE(FileTimeOf(9'223'372'036'852, 999'999), std::nullopt);
 }
 #endif
 

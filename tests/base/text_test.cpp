@@ -111,5 +111,14 @@ TEST(LineEnd, IsCarriageReturnAndLineFeed) {
     EXPECT_EQ(Tab, char16_t{9});
 }
 
+TEST(IsControl, IsTrueOfWhatIsNotShown) {
+    for (const char16_t c : TextView(u"\u0000\u0001\t\r\n\u001F\u007F\u0080\u0081\u009F", 10)) {
+        EXPECT_TRUE(IsControl(c)) << static_cast<int>(c);
+    }
+    for (const char16_t c : TextView(u" ~\u00A0ÿ€Š")) {
+        EXPECT_FALSE(IsControl(c)) << static_cast<int>(c);
+    }
+}
+
 }  // namespace
 }  // namespace norvik::test

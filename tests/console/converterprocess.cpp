@@ -126,13 +126,4 @@ std::string StringOf(const Bytes& bytes) {
     return {bytes.begin(), bytes.end()};
 }
 
-std::vector<std::string> FilesIn(const FilePath& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 }  // namespace norvik::test

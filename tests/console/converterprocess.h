@@ -49,7 +49,4 @@ void CountAside();
 /// A whole standard output as a string.
 std::string StringOf(const Bytes& bytes);
 
-/// The names of all files in a folder, sorted, hidden ones included.
-std::vector<std::string> FilesIn(const FilePath& folder);
-
 }  // namespace norvik::test

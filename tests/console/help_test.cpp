@@ -1,8 +1,8 @@
 // The help, the manual page and the completion know every option, and no other.
 #include "console/help.h"
 
+#include "base/utf8.h"
 #include "console/options.h"
-#include "console/utf8.h"
 #include "formats/formattable.h"
 #include "tests/console/converterprocess.h"
 #include "tests/support/places.h"

@@ -81,7 +81,7 @@ TEST(Konverter, InterruptedAtAnyMomentLeavesNothingBeside) {
         const pid_t child = StartConverter(from, folder / "a.csv");
         std::this_thread::sleep_for(
             std::chrono::microseconds(std::uniform_int_distribution<>(0, 150000)(random)));
-        constexpr std::array<int, 3> Signals = {SIGTERM, SIGINT, SIGHUP};
+        constexpr std::array<int, 4> Signals = {SIGTERM, SIGINT, SIGHUP, SIGQUIT};
         kill(child, Signals.at(static_cast<std::size_t>(i) % Signals.size()));
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);

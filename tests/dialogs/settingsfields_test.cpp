@@ -33,6 +33,22 @@ SettingsFields Showing(const TestFolder& folder, std::string_view bytes) {
 
 // Opening
 
+TEST(SettingsLoad, CountsARelativePathFromTheFolderOfTheSettings) {
+    const TestFolder folder;
+    const TestFolder elsewhere;
+    const WorkingFolder working(elsewhere.Path());
+    elsewhere.Write("a.csv", Bernd);
+    folder.Write("A.csv", "\"Adler\"\r\n");
+    folder.Write("norvik.ini", "SyncDatabase=a.csv\r\n");
+    Settings settings;
+    ReadSettingsFile(folder.Path(), settings.Table);
+    SettingsFields fields = NVSET_Load(settings);
+    EXPECT_EQ(fields.ListSyncFileItems, Texts{u"1 - Adler"});
+    fields.InpSyncFile = u"./A.csv";
+    ShowSampleRecord(fields);
+    EXPECT_EQ(fields.ListSyncFileItems, Texts{u"1 - Adler"});
+}
+
 TEST(SettingsLoad, ShowsTheStoredValues) {
     Settings settings;
     const std::array<Setting, SyncItems> items = {

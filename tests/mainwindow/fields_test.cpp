@@ -124,7 +124,7 @@ TEST(SourceTimeOf, TheFilesDateAndTimeAreGermanWithoutSeconds) {
     local.tm_sec = 59;
     local.tm_isdst = -1;
     CurrentFile file;
-    file.Modified = std::chrono::system_clock::from_time_t(std::mktime(&local));
+    file.Modified = FileTime(std::chrono::seconds(std::mktime(&local)));
 
     EXPECT_EQ(SourceTimeOf(file), u"05.03.2004 07:09");
 }

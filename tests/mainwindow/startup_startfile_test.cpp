@@ -11,6 +11,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <chrono>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
 namespace norvik::test {
 namespace {
 
@@ -112,6 +118,50 @@ TEST_F(StartFile, InUpperCaseIsFoundAndItsEndingAccepted) {
     EXPECT_EQ(Desktop.Transcript, Concat({BeforeStartFile, Reading, SortInOrder, FirstEntry, Ok}));
     EXPECT_EQ(Prog.State.File.Path, path);
     EXPECT_EQ(CaptionOf(Prog.State.File), u"norvik Telefonregister - Datei: " + TextFromPath(path));
+}
+
+TEST_F(StartFile, WithARelativePathCountsFromTheFolderOfTheSettings) {
+    const TestFolder elsewhere;
+    const WorkingFolder working(elsewhere.Path());
+    elsewhere.Write("reg.t9t", Join({Header, Bernd, End}));
+    const FilePath path = Folder.Write("Daten/Reg.t9t", Join({Header, Anna, End}));
+    Folder.Write("reg.t9t", Join({Header, Carl, End}));
+    Folder.Write("norvik.ini", "LoadFile=daten/reg.t9t\r\n");
+    StartUp(Prog, u"", Desktop);
+    EXPECT_EQ(Names(Prog.State), NameList{u"Anna"});
+    EXPECT_EQ(Prog.State.File.Path, path);
+}
+
+TEST_F(StartFile, OfTheCommandLineCountsFromTheWorkingFolder) {
+    const TestFolder elsewhere;
+    const WorkingFolder working(elsewhere.Path());
+    elsewhere.Write("reg.t9t", Join({Header, Bernd, End}));
+    Folder.Write("reg.t9t", Join({Header, Anna, End}));
+    StartWith("reg.t9t", u"/lreg.t9t");
+    EXPECT_EQ(Names(Prog.State), NameList{u"Bernd"});
+    EXPECT_EQ(Prog.State.File.Path, FilePath("reg.t9t"));
+}
+
+TEST_F(StartFile, OfAThousandStepsOnTheSpotBesideAThousandFilesIsMissedAtOnce) {
+    std::string path;
+    for (int i = 0; i < 1000; ++i) {
+        Folder.Write("datei" + std::to_string(i), "");
+        path += "./";
+    }
+    Folder.Write("norvik.ini", "LoadFile=" + path + "fehlt.t9t\r\n");
+    const auto start = std::chrono::steady_clock::now();
+    StartUp(Prog, u"", Desktop);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+}
+
+TEST_F(StartFile, OfAnyDateIsLoaded) {
+    const FilePath path = Folder.Write("reg.t9t", Join({Header, Anna, End}));
+    for (const long long seconds : {-62'135'596'800LL, -9'300'000'000LL, 9'300'000'000LL}) {
+        const std::array<timespec, 2> times = {{{seconds, 0}, {seconds, 0}}};
+        ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times.data(), 0), 0);
+        StartWith("reg.t9t");
+        EXPECT_EQ(Names(Prog.State), NameList{u"Anna"});
+    }
 }
 
 TEST_F(StartFile, WithADriveInItsPathIsLoadedAsARegisterFile) {

@@ -247,13 +247,39 @@ Findings FoldersInACircle(const fs::path& root) {
     return findings;
 }
 
+/// A file that holds the calls of one system; its test bears the name without the system's.
+std::string WithoutSystem(const std::string& stem) {
+    static const std::regex system("(.*)_(?:posix|windows)");
+    return std::regex_replace(stem, system, "$1");
+}
+
+/// Product files that ask which system they are compiled for, in place of one that stands for it.
+Findings FilesThatAskForTheSystem(const fs::path& root) {
+    static const std::regex question(
+        R"(^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b_*(?:WIN32|WIN64|MSC_VER|MINGW\w*|CYGWIN|)"
+        R"(linux|LINUX|APPLE|unix|UNIX|Q_OS_\w+)_*\b.*)");
+    Findings findings;
+    for (const SourceFile& file : SourceFiles(root)) {
+        const std::string stem = fs::path(file.Path).stem().string();
+        if (!IsProduct(file) || WithoutSystem(stem) != stem) {
+            continue;
+        }
+        for (const std::string& line : file.Lines) {
+            if (std::regex_match(line, question)) {
+                findings.push_back(file.Path + ": " + line);
+            }
+        }
+    }
+    return findings;
+}
+
 /// Core sources without a test file of their name.
 Findings SourcesWithoutATest(const fs::path& root) {
     Findings findings;
     for (const SourceFile& file : SourceFiles(root)) {
         const fs::path path(file.Path);
-        const fs::path test =
-            root / "tests" / path.parent_path() / (path.stem().string() + "_test.cpp");
+        const fs::path test = root / "tests" / path.parent_path() /
+                              (WithoutSystem(path.stem().string()) + "_test.cpp");
         if (IsProduct(file) && file.Folder != ToolkitFloor && path.extension() == ".cpp" &&
             !fs::exists(test)) {
             findings.push_back(file.Path);
@@ -381,6 +407,10 @@ TEST(SourceTree, EveryHeaderSaysWhatItIsFor) {
     EXPECT_THAT(HeadersWithoutAnOpening(Root), IsEmpty());
 }
 
+TEST(SourceTree, NoFileAsksForTheSystem) {
+    EXPECT_THAT(FilesThatAskForTheSystem(Root), IsEmpty());
+}
+
 TEST(SourceTree, NoTwoHeadersDefineOneName) {
     EXPECT_THAT(NamesOfTwoHeaders(Root), IsEmpty());
 }
@@ -422,6 +452,21 @@ TEST_F(PlantedTree, AsItShouldBeHasNoFindings) {
     EXPECT_THAT(IncludesOfOtherRooms(folder.Path()), IsEmpty());
     EXPECT_THAT(HeadersWithoutAnOpening(folder.Path()), IsEmpty());
     EXPECT_THAT(NamesOfTwoHeaders(folder.Path()), IsEmpty());
+    EXPECT_THAT(FilesThatAskForTheSystem(folder.Path()), IsEmpty());
+}
+
+TEST_F(PlantedTree, AFileThatAsksForTheSystemIsFound) {
+    Plant("base/streams_posix.cpp", "#ifdef __linux__\n#endif\n");
+    Plant("tests/base/streams_test.cpp", "#ifndef _WIN32\n#endif\n");
+    Plant("base/text.cpp", "#ifdef EDQUOT\n#endif\n// not for _WIN32 alone\n");
+    EXPECT_THAT(FilesThatAskForTheSystem(folder.Path()), IsEmpty());
+    EXPECT_THAT(SourcesWithoutATest(folder.Path()), IsEmpty());
+    Plant("base/text.cpp", "#ifdef _WIN32\n#elif defined(__APPLE__)\n#endif\n");
+    Plant("qt/window.cpp", "  # if !defined(Q_OS_WIN) && 1\n#endif\n");
+    EXPECT_THAT(FilesThatAskForTheSystem(folder.Path()),
+                ElementsAre("base/text.cpp: #ifdef _WIN32",
+                            "base/text.cpp: #elif defined(__APPLE__)",
+                            "qt/window.cpp:   # if !defined(Q_OS_WIN) && 1"));
 }
 
 TEST_F(PlantedTree, AnIncludeOfAnotherRoomIsFound) {

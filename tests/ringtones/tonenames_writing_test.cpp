@@ -139,9 +139,9 @@ TEST(WriteToneNames, AWriteThatFailsHalfWayKeepsTheOldFileAndLeavesNoPartOfTheNe
 
 TEST(WriteToneNames, AFullDiskRaises61) {
     const TestFolder folder;
-    fs::create_symlink("/dev/full", folder / "rt.lng.neu");
+    fs::create_symlink("/dev/full", folder / "rt.lng");
     EXPECT_EQ(WriteError(folder.Path(), DefaultToneNames()), 61);
-    EXPECT_FALSE(fs::exists(folder / "rt.lng"));
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"rt.lng"});
 }
 
 #endif

@@ -76,4 +76,13 @@ Bytes Join(std::initializer_list<Bytes> pieces) {
     return bytes;
 }
 
+std::vector<std::string> FilesIn(const FilePath& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 }  // namespace norvik::test

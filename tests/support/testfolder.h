@@ -3,7 +3,9 @@
 
 #include "base/files.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace norvik::test {
 
@@ -27,6 +29,25 @@ class TestFolder {
   private:
     FilePath path_;
 };
+
+/// Changes the working folder as long as it exists.
+class WorkingFolder {
+  public:
+    explicit WorkingFolder(const FilePath& folder) : before_(std::filesystem::current_path()) {
+        std::filesystem::current_path(folder);
+    }
+    WorkingFolder(const WorkingFolder&) = delete;
+    WorkingFolder& operator=(const WorkingFolder&) = delete;
+    WorkingFolder(WorkingFolder&&) = delete;
+    WorkingFolder& operator=(WorkingFolder&&) = delete;
+    ~WorkingFolder() { std::filesystem::current_path(before_); }
+
+  private:
+    FilePath before_;
+};
+
+/// The names of all files in a folder, sorted, hidden ones included.
+std::vector<std::string> FilesIn(const FilePath& folder);
 
 /// The bytes of a file, read without the code under test; fails the test when there is none.
 Bytes ReadFile(const FilePath& path);

@@ -17,7 +17,7 @@ inline FileTime LocalTime(int year, int month, int day, int hour, int minute, in
     local.tm_min = minute;
     local.tm_sec = second;
     local.tm_isdst = -1;
-    return std::chrono::system_clock::from_time_t(std::mktime(&local));
+    return FileTime(std::chrono::seconds(std::mktime(&local)));
 }
 
 }  // namespace norvik::test

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #ifndef _WIN32
 #include <sys/stat.h>
 #endif
@@ -50,6 +52,18 @@ class LoadSync : public testing::Test {
 
 TEST_F(LoadSync, NothingIsLoadedAtStart) {
     EXPECT_FALSE(sync.SyncLoaded);
+}
+
+TEST_F(LoadSync, ARelativePathCountsFromTheFolderOfTheSettings) {
+    const TestFolder elsewhere;
+    const WorkingFolder working(elsewhere.Path());
+    elsewhere.Write("a.csv", "\"Falsch\"\r\n");
+    folder.Write("Daten/A.csv", "\"Meier\"\r\n");
+    folder.Write("norvik.ini", "SyncDatabase=daten/a.csv\r\nSyncName=1\r\n");
+    ReadSettingsFile(folder.Path(), settings);
+    LoadSyncDatabase(settings, sync, desktop);
+    EXPECT_EQ(desktop.Transcript, Imported("1"));
+    EXPECT_EQ(Surname(1), u"Meier");
 }
 
 TEST_F(LoadSync, ShowsItsStartAndTheNumberOfRecords) {
@@ -188,7 +202,7 @@ struct Unreadable {
 };
 
 void MakeOfSize(const FilePath& path, std::uintmax_t size) {
-    { const OutputFile created(path); }
+    { std::ofstream created(path); }
     fs::resize_file(path, size);
 }
 
@@ -207,7 +221,7 @@ const std::vector<Unreadable> Kinds = {
      [](const FilePath& path) { ASSERT_EQ(mkfifo(path.c_str(), 0600), 0); }},
     {"a link to itself", [](const FilePath& path) { fs::create_symlink(path.filename(), path); }},
     {"a file without permission", [](const FilePath& path) {
-         { const OutputFile created(path); }
+         { std::ofstream created(path); }
          fs::permissions(path, fs::perms::none);
      }}};
 

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #ifndef _WIN32
 #include <sys/stat.h>
 #endif
@@ -126,17 +128,17 @@ struct Unreadable {
 };
 
 void MakeFileOf65MB(const FilePath& path) {
-    { const OutputFile created(path); }
+    { std::ofstream created(path); }
     fs::resize_file(path, std::uintmax_t{65} * 1024 * 1024);
 }
 
 void MakeFileJustTooLarge(const FilePath& path) {
-    { const OutputFile created(path); }
+    { std::ofstream created(path); }
     fs::resize_file(path, MaximumFileSize + 1);
 }
 
 void MakeForbidden(const FilePath& path) {
-    { const OutputFile created(path); }
+    { std::ofstream created(path); }
     fs::permissions(path, fs::perms::none);
 }
 

@@ -166,7 +166,7 @@ TEST(MnuDateiSaveCSV, TellsOfAFailureAtEveryByte) {
             RegisterState state = Unsaved();
             const Contents before = ContentsOf(state);
             ScriptedDesktop desktop;
-            desktop.AnswerFile(folder / "a.csv").AnswerBox(answer);
+            desktop.AnswerFile(folder.Write("a.csv", "alt")).AnswerBox(answer);
             {
                 const FileSizeLimit limit(room);
                 mnuDateiSaveCSV(state, desktop);
@@ -182,8 +182,8 @@ TEST(MnuDateiSaveCSV, TellsOfAFailureAtEveryByte) {
                                          : NotSaved(u"E/A-Fehler beim Zugriff auf ein Gerät")));
             EXPECT_EQ(state.RegisterSaved, fits);
             EXPECT_TRUE(ContentsOf(state) == before);
-            EXPECT_EQ(ReadFile(folder / "a.csv"),
-                      Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(room)));
+            EXPECT_EQ(ReadFile(folder / "a.csv"), fits ? whole : Raw("'alt'"));
+            EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.csv"});
         }
     }
 }
@@ -205,7 +205,7 @@ TEST(MnuDateiSaveCSV, ALargeRegisterFailsInTheMiddleToo) {
     EXPECT_EQ(desktop.Questions().back(),
               OkBox(u"Undef'd Error: mnuDateiSaveCSV:57E/A-Fehler beim Zugriff auf ein Gerät"));
     EXPECT_FALSE(state.RegisterSaved);
-    EXPECT_EQ(std::filesystem::file_size(folder / "a.csv"), 50'000U);
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{});
 }
 
 TEST(MnuDateiSaveCSV, AFullDiskIsReported) {

@@ -258,7 +258,7 @@ TEST(MnuDateiSaveIP286, FailsAtEveryByteWithoutAResult) {
         RegisterState state = Two();
         const Contents before = ContentsOf(state);
         ScriptedDesktop desktop;
-        desktop.AnswerFile(folder / "a.csv").AnswerText(u"");
+        desktop.AnswerFile(folder.Write("a.csv", "alt")).AnswerText(u"");
         {
             const FileSizeLimit limit(room);
             mnuDateiSaveIP286(state, desktop);
@@ -269,8 +269,8 @@ TEST(MnuDateiSaveIP286, FailsAtEveryByteWithoutAResult) {
                                 NotSaved("E/A-Fehler beim Zugriff auf ein Gerät")));
         EXPECT_FALSE(state.RegisterSaved);
         EXPECT_TRUE(ContentsOf(state) == before);
-        EXPECT_EQ(ReadFile(folder / "a.csv"),
-                  Bytes(Whole().begin(), Whole().begin() + static_cast<std::ptrdiff_t>(room)));
+        EXPECT_EQ(ReadFile(folder / "a.csv"), Raw("'alt'"));
+        EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.csv"});
     }
 }
 

@@ -205,16 +205,17 @@ TEST(ExportMobileFile, FailsAtEveryByteWithoutSayingThatItIsExported) {
     for (std::size_t room = 0; room < Whole.size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
         const TestFolder folder;
+        const FilePath path = folder.Write("a.pbb", "old");
         ScriptedDesktop desktop;
         {
             const FileSizeLimit limit(room);
-            EXPECT_EQ(ErrorOf(Two(), folder / "a.pbb", desktop), 57);
+            EXPECT_EQ(ErrorOf(Two(), path, desktop), 57);
         }
         EXPECT_THAT(
             desktop.Transcript,
             ElementsAre(Start, Exporting, NotSaved("E/A-Fehler beim Zugriff auf ein Gerät")));
-        EXPECT_EQ(ReadFile(folder / "a.pbb"),
-                  Bytes(Whole.begin(), Whole.begin() + static_cast<std::ptrdiff_t>(room)));
+        EXPECT_EQ(ReadFile(folder / "a.pbb"), Raw("'old'"));
+        EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.pbb"});
     }
 }
 

@@ -130,7 +130,7 @@ TEST(MnuDateiSave175, TellsOfAFailureAtEveryByte) {
         const TestFolder folder;
         RegisterState state = Unsaved();
         ScriptedDesktop desktop;
-        desktop.AnswerFile(folder / "a.pbo");
+        desktop.AnswerFile(folder.Write("a.pbo", "alt"));
         {
             const FileSizeLimit limit(room);
             mnuDateiSave175(state, desktop);
@@ -148,8 +148,8 @@ TEST(MnuDateiSave175, TellsOfAFailureAtEveryByte) {
         EXPECT_EQ(desktop.Transcript, expected);
         EXPECT_EQ(state.RegisterSaved, fits);
         EXPECT_EQ(state.AnzNr, 1);
-        EXPECT_EQ(ReadFile(folder / "a.pbo"),
-                  Bytes(Whole().begin(), Whole().begin() + static_cast<std::ptrdiff_t>(room)));
+        EXPECT_EQ(ReadFile(folder / "a.pbo"), fits ? Whole() : Raw("'alt'"));
+        EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.pbo"});
     }
 }
 
@@ -169,7 +169,7 @@ TEST(MnuDateiSave175, ALargeRegisterFailsInTheMiddleTooWithTheRestOfTheInfosUntr
     }
     EXPECT_EQ(desktop.Transcript.back(), NotSaved("E/A-Fehler beim Zugriff auf ein Gerät"));
     EXPECT_FALSE(state.RegisterSaved);
-    EXPECT_EQ(std::filesystem::file_size(folder / "a.pbo"), 50'000U);
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{});
     EXPECT_EQ(state.Register(1).Info, Text(120, u'i'));
     EXPECT_EQ(state.Register(2000).Info, u" " + Text(120, u'i'));
 }

@@ -10,9 +10,7 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
-#include <sys/resource.h>
-
-#include <csignal>
+#include "tests/support/processlimits.h"
 
 namespace norvik::test {
 
@@ -60,16 +58,12 @@ const Bytes& Marked193() {
     return bytes;
 }
 
-Bytes FirstOf(const Bytes& bytes, std::size_t count) {
-    return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count)};
-}
-
 TEST(RegisterFileFaults, ASaveForThe195TellsOfAFailureAtEveryByte) {
     const Bytes& whole = Whole195();
     for (std::size_t room = 0; room < whole.size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
         const TestFolder folder;
-        const FilePath path = folder / "a.t9t";
+        const FilePath path = folder.Write("a.t9t", "alt");
         const bool saved = room % 2 == 0;
         RegisterState state = Unsaved(u"195", saved);
         const Contents before = ContentsOf(state);
@@ -88,7 +82,8 @@ TEST(RegisterFileFaults, ASaveForThe195TellsOfAFailureAtEveryByte) {
         EXPECT_TRUE(ContentsOf(state) == before);
         EXPECT_EQ(state.AnzGes, 2);
         EXPECT_EQ(state.AnzNr, 2);
-        EXPECT_EQ(ReadFile(path), FirstOf(whole, room));
+        EXPECT_EQ(ReadFile(path), Raw("'alt'"));
+        EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.t9t"});
     }
 }
 
@@ -112,7 +107,7 @@ TEST(RegisterFileFaults, ASaveForThe193TellsOfAFailureAtEveryByte) {
     for (std::size_t room = 0; room < whole.size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
         const TestFolder folder;
-        const FilePath path = folder / "a.t9t";
+        const FilePath path = folder.Write("a.t9t", "alt");
         const bool saved = room % 2 == 0;
         RegisterState state = Unsaved(u"193", saved);
         const Contents before = ContentsOf(state);
@@ -131,7 +126,8 @@ TEST(RegisterFileFaults, ASaveForThe193TellsOfAFailureAtEveryByte) {
         EXPECT_TRUE(ContentsOf(state) == before);
         EXPECT_EQ(state.AnzGes, 2);
         EXPECT_EQ(state.AnzNr, 1);
-        EXPECT_EQ(ReadFile(path), FirstOf(whole, room));
+        EXPECT_EQ(ReadFile(path), Raw("'alt'"));
+        EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.t9t"});
     }
 }
 
@@ -140,7 +136,7 @@ TEST(RegisterFileFaults, ASaveOfMarkedEntriesTellsOfAFailureAtEveryByte) {
     for (std::size_t room = 0; room <= whole.size(); ++room) {
         SCOPED_TRACE("room for " + std::to_string(room) + " bytes");
         const TestFolder folder;
-        const FilePath path = folder / "a.t9t";
+        const FilePath path = folder.Write("a.t9t", "alt");
         RegisterState state = Unsaved(u"195", false);
         ScriptedDesktop desktop;
         desktop.AnswerFile(path).AnswerBox(Button::Yes);
@@ -157,7 +153,8 @@ TEST(RegisterFileFaults, ASaveOfMarkedEntriesTellsOfAFailureAtEveryByte) {
                 : "status \"Gespeichert: " + path.string() + "\"");
         EXPECT_EQ(desktop.Transcript, expected);
         EXPECT_EQ(state.RegisterSaved, room == whole.size());
-        EXPECT_EQ(ReadFile(path), FirstOf(whole, room));
+        EXPECT_EQ(ReadFile(path), room == whole.size() ? whole : Raw("'alt'"));
+        EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.t9t"});
     }
 }
 
@@ -179,7 +176,7 @@ TEST(RegisterFileFaults, ALargeRegisterFailsInTheMiddleToo) {
     EXPECT_EQ(desktop.Transcript.back(),
               "status \"Nicht gespeichert: E/A-Fehler beim Zugriff auf ein Gerät\"");
     EXPECT_FALSE(state.RegisterSaved);
-    EXPECT_EQ(std::filesystem::file_size(folder / "a.t9t"), 50'000U);
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{});
 }
 
 /// A name in the folder behind which a disk stands that is always full.

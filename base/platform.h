@@ -1,0 +1,92 @@
+// What files and streams need of the system beyond the standard library. Each system has a file of
+// its own (platform_posix.cpp, platform_windows.cpp); nothing else asks which one it is.
+#pragma once
+
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/windows1252.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+namespace norvik::platform {
+
+/// A file that is open for writing.
+using Handle = std::intptr_t;
+inline constexpr Handle NoHandle = -1;
+
+/// Opens a file to be read in blocks; null, and errno, when it cannot be.
+std::FILE* OpenToRead(const FilePath& path);
+
+/// When the file was last changed; nothing where that cannot be told.
+std::optional<FileTime> LastChange(const FilePath& path);
+
+/// Whether the user may create files in the folder.
+bool MayCreateIn(const FilePath& folder);
+
+/// Whether the file is protected against being written by the user; false for a missing one.
+bool IsProtected(const FilePath& path);
+
+/// A file that was just made, for the user alone, and the permissions that it is to have in the
+/// end.
+struct NewFile {
+    Handle File = NoHandle;
+    unsigned Permissions = 0;
+};
+
+/// Makes a file that nobody has made before, never through a link. `like` is a file whose owner and
+/// permissions it is to have in the end, or empty for those of any new file. Fails with
+/// errc::operation_not_permitted, and there is no file, when the owner cannot be the same.
+NewFile CreateBeside(const FilePath& path, const FilePath& like, std::error_code& error);
+
+/// Gives a file of CreateBeside() its permissions.
+void GivePermissions(const NewFile& file, const FilePath& like, std::error_code& error);
+
+/// Opens an existing file or device for writing from its beginning on, without emptying it.
+Handle OpenExisting(const FilePath& path, std::error_code& error);
+
+/// Writes all bytes behind those that are written already.
+void Write(Handle file, ByteView bytes, std::error_code& error);
+
+/// Goes back to the beginning and makes sure that `size` bytes have room, as far as the file system
+/// can say so beforehand. The bytes that the file holds stay.
+void Reserve(Handle file, std::uintmax_t size, std::error_code& error);
+
+/// Cuts the file, or fills it up with zeros.
+void Resize(Handle file, std::uintmax_t size, std::error_code& error);
+
+/// Waits until the system has put the file on the disk. A device that knows no waiting is content.
+void Synchronise(Handle file, std::error_code& error);
+
+/// Closes the file, whether it fails or not.
+void Close(Handle file, std::error_code& error);
+
+/// Gives a file another name in its folder. A file of that name is replaced at one stroke.
+void Replace(const FilePath& from, const FilePath& to, std::error_code& error);
+
+/// The same for a name that must be free: errc::file_exists when it is not.
+void RenameToFree(const FilePath& from, const FilePath& to, std::error_code& error);
+
+/// Waits until the names in the folder are on the disk. A folder that may not be read is passed
+/// over.
+void SynchroniseFolder(const FilePath& folder, std::error_code& error);
+
+/// Has the file removed when a signal or exit() ends the process. Signals for which the process has
+/// other plans are left alone.
+void RemoveWhenEnded(const FilePath& path);
+
+/// Takes RemoveWhenEnded() back.
+void KeepWhenEnded(const FilePath& path);
+
+/// The path that an argument of the command line names.
+FilePath PathOfArgument(std::string_view argument);
+
+/// To be called before anything else: makes the standard streams binary, lets a reader that goes
+/// away be an error of writing, and sees to it that no file that is opened later takes the place of
+/// a standard stream that was closed.
+void PrepareStandardStreams();
+
+}  // namespace norvik::platform
