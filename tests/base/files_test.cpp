@@ -2,7 +2,7 @@
 // system (pipes, devices, another user) is POSIX's.
 #include "base/files.h"
 
-#include "base/runtimeerror.h"
+#include "tests/support/errors.h"
 #include "tests/support/processlimits.h"
 #include "tests/support/testfolder.h"
 
@@ -19,17 +19,6 @@ namespace norvik::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The number of the run-time error that the action raises; 0 for none.
-template <typename Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 int ReadError(const FilePath& path) {
     return ErrorOf([&] { ReadWholeFile(path); });

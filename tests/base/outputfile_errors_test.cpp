@@ -2,6 +2,7 @@
 // POSIX's.
 #include "base/outputfile.h"
 
+#include "tests/support/errors.h"
 #include "tests/support/processlimits.h"
 #include "tests/support/testfolder.h"
 
@@ -15,17 +16,6 @@ namespace norvik::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The number of the run-time error that the action raises; 0 for none.
-template <typename Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 int WriteError(const FilePath& path) {
     return ErrorOf([&] {
