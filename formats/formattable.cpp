@@ -87,8 +87,9 @@ bool WriteMobile(RegisterState& state, const OutputTarget& target, const TargetO
     return true;
 }
 
-bool WriteStatement(RegisterState& state, const OutputTarget& target, const TargetOptions& /*options*/,
-                    const Settings& settings, Desktop& /*desktop*/) {
+bool WriteStatement(RegisterState& state, const OutputTarget& target,
+                    const TargetOptions& /*options*/, const Settings& settings,
+                    Desktop& /*desktop*/) {
     WriteChargeStatement(state, settings.UnitPrice, target);
     return true;
 }

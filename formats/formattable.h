@@ -65,7 +65,8 @@ struct FormatRow {
                  Desktop&);
     /// Writes the register. Gives false, after a message, when marked entries are wanted and none
     /// is marked; nothing is written then. Raises what writing raises. Null: is not written.
-    bool (*Write)(RegisterState&, const OutputTarget&, const TargetOptions&, const Settings&, Desktop&);
+    bool (*Write)(RegisterState&, const OutputTarget&, const TargetOptions&, const Settings&,
+                  Desktop&);
     bool CanLeaveOutUnmarked = false;  ///< TargetOptions::OnlyMarked has a meaning
     WriteFailure OnWriteFailure = WriteFailure::StatusLine;
     TextView SaveItem = {};  ///< the menu item that saves it, as its reports name it

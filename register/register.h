@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/desktop.h"
-#include "base/numbers.h"
 #include "base/longreport.h"
+#include "base/numbers.h"
 #include "register/entry.h"
 #include "register/placetable.h"
 

@@ -29,7 +29,7 @@ void ShowNotLoaded(Desktop& desktop) {
 /// Fills the emptied tables; gives the number of records, or nothing when there is no file.
 std::optional<std::size_t> FillTables(const SettingsTable& settings, SyncTables& tables) {
     tables = SyncTables();
-    const std::optional<Bytes> file = ReadDatabase(settings.Value(Setting::SyncDatabase));
+    const std::optional<Bytes> file = ReadDatabase(settings);
     if (!file) {
         return std::nullopt;
     }
