@@ -3,6 +3,7 @@
 
 #include "base/utf8.h"
 #include "console/options.h"
+#include "console/printable.h"
 #include "formats/formattable.h"
 #include "tests/console/converterprocess.h"
 #include "tests/support/places.h"
