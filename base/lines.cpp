@@ -52,4 +52,18 @@ ByteView LineReader::NextBytesOrRaise() {
     return NextBytes();
 }
 
+bool IsFilled(ByteView line) {
+    return std::any_of(line.begin(), line.end(),
+                       [](Byte byte) { return byte != Byte{' '} && byte != Byte{'\t'}; });
+}
+
+bool HasFilledLine(LineReader& lines) {
+    while (!lines.AtEnd()) {
+        if (IsFilled(lines.NextBytes())) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace norvik

@@ -29,4 +29,10 @@ class LineReader {
     Byte lineEnd_;
 };
 
+/// Whether a line holds anything but blanks and tabs.
+bool IsFilled(ByteView line);
+
+/// Reads on to the next filled line; gives whether there is one.
+bool HasFilledLine(LineReader& lines);
+
 }  // namespace norvik

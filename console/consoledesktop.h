@@ -3,18 +3,31 @@
 #pragma once
 
 #include "base/desktop.h"
-
-#include <utility>
+#include "console/gatheredmessages.h"
+#include "register/register.h"
 
 namespace norvik {
 
+/// How the desktop speaks and answers.
+struct ConsoleManner {
+    Text Source = {};     ///< stands in front of each line
+    Text Msn = u"0";      ///< the answer to every question for the MSN of a call
+    bool Silent = false;  ///< nothing is printed
+};
+
 class ConsoleDesktop : public Desktop {
   public:
-    /// `msn` is the answer to every question for the MSN of a call.
-    explicit ConsoleDesktop(Text msn = u"0") : msn_(std::move(msn)) {}
+    explicit ConsoleDesktop(ConsoleManner manner = {});
 
-    /// How many boxes have been shown.
-    [[nodiscard]] int Boxes() const { return boxes_; }
+    /// How many boxes have told of something amiss.
+    [[nodiscard]] int Findings() const { return findings_; }
+
+    /// The names and numbers of the register stay in one line each. It must outlive the desktop's
+    /// last question.
+    void Know(const RegisterState& state) { state_ = &state; }
+
+    /// Prints what has been gathered so far; the rest is printed at the end.
+    void PrintMessages() { messages_.Print(); }
 
     /// Agrees. A box with the question icon only asks and is not shown; every other one tells
     /// something.
@@ -26,8 +39,12 @@ class ConsoleDesktop : public Desktop {
     bool AskToReplace(const FilePath& file) override;
 
   private:
-    Text msn_;
-    int boxes_ = 0;
+    void Tell(const Text& text);
+
+    ConsoleManner manner_;
+    GatheredMessages messages_;
+    const RegisterState* state_ = nullptr;
+    int findings_ = 0;
 };
 
 }  // namespace norvik

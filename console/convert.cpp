@@ -3,6 +3,7 @@
 #include "base/outputfile.h"
 #include "base/runtimeerror.h"
 #include "console/consoledesktop.h"
+#include "console/damage.h"
 #include "console/help.h"
 #include "console/loadsource.h"
 #include "console/messages.h"
@@ -14,16 +15,24 @@
 #include "losses/lossreport.h"
 #include "mainwindow/operations.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace norvik {
 
 namespace {
 
-Text InQuotes(const FilePath& path) {
-    return u"\"" + PrintablePath(path) + u"\"";
+/// A file's name as it stands in front of findings.
+Text Shown(const FilePath& path) {
+    return PrintablePath(path);
 }
 
-ExitStatus NotRead(const FilePath& file) {
-    Say(InQuotes(file) + u" nicht gelesen");
+Text InQuotes(const FilePath& path) {
+    return u"\"" + Shown(path) + u"\"";
+}
+
+ExitStatus NotRead(const FilePath& file, TextView why) {
+    Say(InQuotes(file) + u" nicht gelesen: " + Text(why));
     return ExitStatus::FileFailed;
 }
 
@@ -37,25 +46,30 @@ ExitStatus AlreadyThere(const FilePath& target) {
     return NotWritten(target, u"schon vorhanden (--ueberschreiben ersetzt es)");
 }
 
-/// Prints to standard output what is the run's only result.
+/// Prints to standard output what is the run's only result. A reader that has seen enough is no
+/// failure.
 ExitStatus Print(TextView lines) {
-    if (!PrintLines(stdout, lines)) {
-        return NotWritten(FilePath(StandardStream),
-                          RuntimeError(ErrorNumber::DeviceError).Description());
+    const std::error_code error = PrintLines(stdout, lines);
+    if (!error || error == std::errc::broken_pipe) {
+        return ExitStatus::Done;
     }
-    return ExitStatus::Done;
+    const bool full = error == std::errc::no_space_on_device;
+    return NotWritten(
+        FilePath(StandardStream),
+        RuntimeError(full ? ErrorNumber::DiskFull : ErrorNumber::DeviceError).Description());
 }
 
 /// One line for each loss in the target format, or in every format with its name in front.
 Text LossLines(const ConverterOptions& options, const Settings& settings,
                const RegisterState& state) {
     const TargetOptions targetOptions = TargetOptionsOf(options, settings);
+    const Text source = Shown(options.Source) + u": ";
     Text lines;
     for (const FileFormat format : TargetFormats()) {
         if (options.To.value_or(format) != format) {
             continue;
         }
-        const Text prefix = options.To ? Text() : FromAscii(RowOf(format).Word) + u": ";
+        const Text prefix = options.To ? source : source + FromAscii(RowOf(format).Word) + u": ";
         for (const Loss& loss : LossReport(state, format, targetOptions)) {
             lines.append(prefix).append(Printable(LossLine(loss))).append(LineEnd);
         }
@@ -89,15 +103,18 @@ bool WriteWhole(const ConverterOptions& options, const TargetWriter& write) {
 
 /// `report` shows what the window shows of a failure.
 ExitStatus WriteOrSay(const ConverterOptions& options, const TargetWriter& write,
-                      const std::function<void(const RuntimeError&)>& report) {
+                      const std::function<void(const RuntimeError&)>& report,
+                      ConsoleDesktop& desktop) {
     try {
-        return WriteWhole(options, write)
-                   ? ExitStatus::Done
-                   : NotWritten(options.Target, u"kein Eintrag ist markiert");
+        const bool written = WriteWhole(options, write);
+        desktop.PrintMessages();
+        return written ? ExitStatus::Done
+                       : NotWritten(options.Target, u"kein Eintrag ist markiert");
     } catch (const FileExists&) {
         return AlreadyThere(options.Target);
     } catch (const RuntimeError& error) {
         report(error);
+        desktop.PrintMessages();
         return NotWritten(options.Target, error.Description());
     }
 }
@@ -106,9 +123,13 @@ ExitStatus StatusOf(ExitStatus written, bool reported) {
     return written == ExitStatus::Done && reported ? ExitStatus::Reported : written;
 }
 
+ConsoleManner MannerOf(const ConverterOptions& options) {
+    return {.Source = Shown(options.Source), .Msn = options.Msn, .Silent = options.Silent};
+}
+
 /// A call list goes from file to file; there is no register in between.
 ExitStatus ConvertCalls(const ConverterOptions& options) {
-    ConsoleDesktop desktop(options.Msn);
+    ConsoleDesktop desktop(MannerOf(options));
     const auto report = [&desktop](const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiConvCallListCSV", error, desktop);
     };
@@ -116,48 +137,109 @@ ExitStatus ConvertCalls(const ConverterOptions& options) {
     try {
         calls = ReadSource(options.Source);
     } catch (const RuntimeError& error) {
-        report(error);
-        return NotRead(options.Source);
+        return NotRead(options.Source, error.Description());
     }
     const auto write = [&](const OutputTarget& target) {
         EnsureNotItself(options.Source, options.Target);
         WriteCallList(calls.Content, target, desktop);
         return true;
     };
-    const ExitStatus written = WriteOrSay(options, write, report);
-    const bool reported = desktop.Boxes() > 0;
+    const ExitStatus written = WriteOrSay(options, write, report, desktop);
+    const bool reported = desktop.Findings() > 0;
     if (written == ExitStatus::Done) {
         ReportCallList(options.Target, desktop);
     }
     return StatusOf(written, reported);
 }
 
-ExitStatus ConvertRegister(const ConverterOptions& options) {
-    ConsoleDesktop desktop;
-    Settings settings;
-    try {
-        settings = ReadConverterSettings(options);
-    } catch (const RuntimeError& error) {
-        Say(InQuotes(options.SettingsFile) + u" nicht gelesen: " + Text(error.Description()));
-        return ExitStatus::FileFailed;
+/// Says what is amiss with a source that was not read whole.
+void SayDamage(const ConverterOptions& options, const RegisterState& state) {
+    for (const Text& sentence : DamageOf(state)) {
+        Say(InQuotes(options.Source) + u" " + sentence);
     }
-    RegisterState state;
-    if (!LoadSource(options, settings, state, desktop)) {
-        return NotRead(options.Source);
+}
+
+ExitStatus Refused(const ConverterOptions& options, TextView why) {
+    if (options.What == Task::Convert) {
+        NotWritten(options.Target, why);
     }
-    const bool reported = desktop.Boxes() > 0;
+    return ExitStatus::Damaged;
+}
+
+/// Says what is to be said of the load; gives the status where it is the end.
+std::optional<ExitStatus> EndOfLoad(const ConverterOptions& options, LoadResult loaded,
+                                    const RegisterState& state, ConsoleDesktop& desktop) {
+    desktop.PrintMessages();
+    SayDamage(options, state);
+    switch (loaded) {
+    case LoadResult::Whole:
+    case LoadResult::TakenDespiteDamage:
+        return std::nullopt;
+    case LoadResult::Damaged:
+        return Refused(options, u"--trotzdem schreibt, was gelesen ist");
+    case LoadResult::NothingRead:
+        return Refused(options, u"kein Eintrag ist gelesen");
+    case LoadResult::OtherKind:
+        break;
+    }
+    return NotRead(options.Source, u"keine " + Text(RowOf(options.From).Called));
+}
+
+/// Writes the register that was loaded, or what it loses.
+ExitStatus Deliver(const ConverterOptions& options, const Settings& settings, RegisterState& state,
+                   ConsoleDesktop& desktop, bool reported) {
     const Text losses = options.Losses ? LossLines(options, settings, state) : Text();
+    reported = reported || !losses.empty();
     if (options.What == Task::LoadOnly) {
         return StatusOf(Print(losses), reported);
     }
-    PrintLines(stderr, losses);
+    if (!options.Silent) {
+        PrintLines(stderr, losses);
+    }
     const auto write = [&](const OutputTarget& target) {
         return WriteTarget(options, settings, state, target, desktop);
     };
     const auto report = [&](const RuntimeError& error) {
         ReportWriteError(options.To.value(), error, desktop);
     };
-    return StatusOf(WriteOrSay(options, write, report), reported);
+    const ExitStatus written = WriteOrSay(options, write, report, desktop);
+    return StatusOf(written, reported || desktop.Findings() > 0);
+}
+
+/// A register file keeps its model unless another one was named.
+ConverterOptions WithModel(const ConverterOptions& options, const RegisterState& state) {
+    ConverterOptions result = options;
+    if (options.KeepsModel && state.LoadedModel == FromAscii(RowOf(FileFormat::Register193).Word)) {
+        result.To = FileFormat::Register193;
+    }
+    return result;
+}
+
+ExitStatus ConvertRegister(const ConverterOptions& options) {
+    ConsoleDesktop desktop(MannerOf(options));
+    Settings settings;
+    try {
+        settings = ReadConverterSettings(options);
+    } catch (const RuntimeError& error) {
+        return NotRead(options.SettingsFile, error.Description());
+    }
+    SourceFile source;
+    try {
+        source = ReadSource(options.Source);
+    } catch (const RuntimeError& error) {
+        return NotRead(options.Source, error.Description());
+    }
+    RegisterState state;
+    desktop.Know(state);
+    const LoadResult loaded = LoadSource(options, std::move(source), settings, state, desktop);
+    for (const Text& sentence : PassedOver(state.Damage)) {
+        desktop.Ask({.text = sentence});
+    }
+    if (const std::optional<ExitStatus> end = EndOfLoad(options, loaded, state, desktop)) {
+        return *end;
+    }
+    return Deliver(WithModel(options, state), settings, state, desktop,
+                   desktop.Findings() > 0 || loaded == LoadResult::TakenDespiteDamage);
 }
 
 ExitStatus RunTask(const ConverterOptions& options) {
@@ -185,23 +267,34 @@ ExitStatus Convert(const ConverterOptions& options) {
     return options.From == FileFormat::CallList ? ConvertCalls(options) : ConvertRegister(options);
 }
 
-ExitStatus RunConverter(std::span<const std::string_view> arguments) {
-    ConverterOptions options;
+namespace {
+
+/// One run, to its end, whatever befalls it.
+ExitStatus RunToItsEnd(const ConverterOptions& options) {
+    ExitStatus status = ExitStatus::FileFailed;  // of what RunOperation reports
     try {
-        options = ReadOptions(arguments);
+        ConsoleDesktop desktop({.Source = Shown(options.Source)});
+        RunOperation([&] { status = RunTask(options); }, desktop);
+    } catch (const HardStop&) {
+        Say(InQuotes(options.Source) + u" ist beschädigt: Abbruch");
+        return ExitStatus::Damaged;
+    }
+    return status;
+}
+
+}  // namespace
+
+ExitStatus RunConverter(std::span<const std::string_view> arguments) {
+    ExitStatus gravest = ExitStatus::Done;
+    try {
+        for (const ConverterOptions& options : ReadOptions(arguments)) {
+            gravest = std::max(gravest, RunToItsEnd(options));
+        }
     } catch (const UsageError& error) {
         Say(error.Message);
         return ExitStatus::Usage;
     }
-    ExitStatus status = ExitStatus::FileFailed;  // of what RunOperation reports
-    try {
-        ConsoleDesktop desktop;
-        RunOperation([&] { status = RunTask(options); }, desktop);
-    } catch (const HardStop&) {
-        Say(InQuotes(options.Source) + u" ist beschädigt: Abbruch");
-        return ExitStatus::HardStopped;
-    }
-    return status;
+    return gravest;
 }
 
 }  // namespace norvik

@@ -13,7 +13,8 @@ constexpr std::size_t Width = 80;
 constexpr std::size_t Explanations = 24;  ///< the column in which they stand
 
 constexpr TextView Calls = uR"(Aufruf: norvik-konverter [Optionen] QUELLE ZIEL
-        norvik-konverter --pruefen [Optionen] QUELLE
+        norvik-konverter [Optionen] --nach FORMAT QUELLE... ORDNER
+        norvik-konverter --pruefen [Optionen] QUELLE...
         norvik-konverter --verluste [--nach FORMAT] [Optionen] QUELLE
 
 )";
@@ -25,18 +26,22 @@ constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Eint
   --ohne-doubletten     doppelte Zeilen der QUELLE auslassen (QUELLE csv)
   --msn TEXT            MSN aller Anrufe (QUELLE .t9a); sonst 0
   --null-hinzu          Null zur Amtholung vor alle Nummern setzen
-  --null-weg CODE       Null zur Amtholung entfernen, CODE (etwa i, ## oder **)
-                        vor interne Nummern setzen
+  --null-weg CODE       Null zur Amtholung entfernen, CODE (etwa i, '##', '**'
+                        oder '*') vor interne Nummern setzen; die
+                        Anführungszeichen sind für die Shell nötig
   --sortiert            nach Namen sortieren (so auch ohne diese Option)
   --unsortiert          die Reihenfolge der QUELLE behalten
   --ini DATEI           Einstellungen aus DATEI lesen (Preis der Einheit,
                         Vorwahlen, Optionen des Handyexports)
+  --preis PREIS         Preis der Gebühreneinheit, etwa 0,12 (gebuehren)
   --pruefen             nur einlesen, prüfen und melden
   --verluste            vor dem Schreiben melden, was das ZIEL nicht aufnimmt;
                         ohne ZIEL nur melden, ohne --nach für alle Formate
   --ueberschreiben      ein vorhandenes ZIEL ersetzen
-  --hilfe               diese Hilfe zeigen
-  --version             die Version zeigen
+  --trotzdem            auch aus einer beschädigten QUELLE schreiben, was lesbar ist
+  --still               nur Fehler zeigen (Ende mit 2, 3 oder 4)
+  --hilfe, --help, -h   diese Hilfe zeigen
+  --version, -V         die Version zeigen
 
 Handyexport (simsurf), benannt wie die Einstellungen:
   --AddRegionCode       eigene Vorwahl vor Ortsnummern setzen
@@ -50,9 +55,10 @@ Handyexport (simsurf), benannt wie die Einstellungen:
 Eine Option, die für QUELLE oder ZIEL keine Bedeutung hat, ist ein Fehler. Statt
 "--option WERT" geht auch "--option=WERT"; nach "--" folgen nur noch Dateien.
 
-Ende mit 0: erledigt, 1: erledigt, aber beim Einlesen, Prüfen oder Ändern der
-Nummern wurde etwas gemeldet, 2: falscher Aufruf, 3: nicht lesbar oder nicht
-schreibbar, 4: Abbruch wegen einer beschädigten Datei.
+Ende mit 0: erledigt, 1: erledigt, aber es wurde etwas gemeldet, oder --verluste
+fand einen Verlust, 2: falscher Aufruf, 3: nicht lesbar oder nicht schreibbar,
+4: die QUELLE ist beschädigt oder nicht ganz lesbar, und es gibt kein ZIEL. Bei
+mehreren QUELLEN zählt die höchste Zahl.
 )";
 
 /// "a, b oder c".
@@ -133,7 +139,8 @@ Text Help() {
         Folded(OptionColumn(u"--von FORMAT"), u"Format der QUELLE: " + Enumerated(SourceNames())));
     help.append(Folded(OptionColumn(u"--nach FORMAT"),
                        u"Format des ZIELs: " + Enumerated(TargetNames()) +
-                           u"; ein ZIEL .t9t wird ohne --nach 193 eine 195-Datei"));
+                           u"; ein ZIEL .t9t wird ohne --nach eine 195-Datei, aus "
+                           u"einer 193-Datei eine 193-Datei"));
     return help.append(OtherOptions);
 }
 

@@ -1,21 +1,35 @@
 #include "console/loadsource.h"
 
 #include "base/files.h"
+#include "base/runtimeerror.h"
+#include "console/damage.h"
 #include "console/standardstreams.h"
 #include "formats/common/followload.h"
+#include "registertools/checkregister.h"
 #include "registertools/lineaccesszero.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace norvik {
 
 namespace {
 
-bool LoadRegister(const ConverterOptions& options, const Settings& settings, RegisterState& state,
-                  Desktop& desktop) {
+/// Gives whether the load went to its end.
+bool LoadRegister(const ConverterOptions& options, SourceFile& source, const Settings& settings,
+                  RegisterState& state, Desktop& desktop) {
     const FormatRow& row = RowOf(options.From);
-    return row.Load != nullptr &&
-           row.Load(
-               state, [&options] { return ReadSource(options.Source); },
-               {.Csv = {.AvoidDoubles = options.AvoidDoubles}}, settings, desktop);
+    try {
+        return row.Load != nullptr &&
+               row.Load(
+                   state, [&source] { return std::move(source); },
+                   {.Csv = {.AvoidDoubles = options.AvoidDoubles}}, settings, desktop);
+    } catch (const HardStop&) {
+        state.Damage.BrokenEntry = true;
+        state.File.Type = state.LoadedModel;
+        SetCount(state, std::max(1, state.RecordsRead));
+        return false;
+    }
 }
 
 }  // namespace
@@ -26,6 +40,9 @@ Settings ReadConverterSettings(const ConverterOptions& options) {
         ReadSettings(ReadWholeFile(options.SettingsFile), settings.Table);
     }
     ApplySettings(settings);
+    if (options.UnitPrice) {
+        settings.UnitPrice = *options.UnitPrice;
+    }
     return settings;
 }
 
@@ -36,10 +53,22 @@ SourceFile ReadSource(const FilePath& source) {
     return ReadSourceFile(source);
 }
 
-bool LoadSource(const ConverterOptions& options, const Settings& settings, RegisterState& state,
-                Desktop& desktop) {
-    if (!LoadRegister(options, settings, state, desktop)) {
-        return false;
+LoadResult LoadSource(const ConverterOptions& options, SourceFile source, const Settings& settings,
+                      RegisterState& state, Desktop& desktop) {
+    const unsigned before = state.Generation;
+    const bool toItsEnd = LoadRegister(options, source, settings, state, desktop);
+    if (!toItsEnd && state.Generation == before) {
+        return LoadResult::OtherKind;
+    }
+    const bool damaged = !toItsEnd || !DamageOf(state).empty();
+    if (damaged && state.RecordsRead == 0) {
+        return LoadResult::NothingRead;
+    }
+    if (damaged && !options.DespiteDamage) {
+        return LoadResult::Damaged;
+    }
+    if (!toItsEnd) {
+        CheckRegister(state, desktop);
     }
     if (options.Sorted && state.AnzGes > 0) {
         FollowLoad(state, desktop);
@@ -50,7 +79,7 @@ bool LoadSource(const ConverterOptions& options, const Settings& settings, Regis
     if (options.ZeroCode) {
         ConvertLineAccessZero(state, *options.ZeroCode, desktop);
     }
-    return true;
+    return damaged ? LoadResult::TakenDespiteDamage : LoadResult::Whole;
 }
 
 }  // namespace norvik

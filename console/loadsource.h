@@ -10,16 +10,24 @@
 namespace norvik {
 
 /// The settings as the window has them after its start: those of the options' file, if they name
-/// one. Raises what reading it raises.
+/// one, and the options' price. Raises what reading it raises.
 Settings ReadConverterSettings(const ConverterOptions& options);
 
 /// Reads the source, file or standard input; raises what that raises.
 SourceFile ReadSource(const FilePath& source);
 
+enum class LoadResult {
+    Whole,
+    TakenDespiteDamage,
+    Damaged,      ///< some entries were read, and the options do not want them alone
+    NothingRead,  ///< damaged, and no entry was read
+    OtherKind,    ///< no register of this format, which has been reported
+};
+
 /// Loads and checks the source, sorts it as the options say and adds or removes the zeros for the
-/// outside line. A register without entries is not sorted. Gives false for a failure, which has
-/// been reported. Throws HardStop for a broken file.
-bool LoadSource(const ConverterOptions& options, const Settings& settings, RegisterState& state,
-                Desktop& desktop);
+/// outside line. A register without entries is not sorted. What is amiss with a source that was not
+/// read whole stands in the register's Damage.
+LoadResult LoadSource(const ConverterOptions& options, SourceFile source, const Settings& settings,
+                      RegisterState& state, Desktop& desktop);
 
 }  // namespace norvik

@@ -4,19 +4,24 @@
 #include "console/printable.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace norvik {
 
 namespace {
 
-bool PrintUtf8(std::FILE* output, const std::string& utf8) {
+std::error_code PrintUtf8(std::FILE* output, const std::string& utf8) {
+    errno = 0;
     const bool taken = std::fwrite(utf8.data(), 1, utf8.size(), output) == utf8.size();
-    return std::fflush(output) == 0 && taken;
+    if (std::fflush(output) == 0 && taken) {
+        return {};
+    }
+    return {errno == 0 ? EIO : errno, std::generic_category()};
 }
 
 }  // namespace
 
-bool PrintLines(std::FILE* output, TextView text) {
+std::error_code PrintLines(std::FILE* output, TextView text) {
     std::string lines;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(LineEnd), text.size());

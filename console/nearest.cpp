@@ -40,12 +40,19 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
     return distances.back();
 }
 
-std::string_view Nearest(std::string_view word, std::span<const std::string_view> candidates) {
+std::optional<std::string_view> Nearest(std::string_view word,
+                                        std::span<const std::string_view> candidates) {
     const std::string_view bare = WithoutDashes(word);
-    return *std::min_element(
-        candidates.begin(), candidates.end(), [bare](std::string_view a, std::string_view b) {
-            return Distance(bare, WithoutDashes(a)) < Distance(bare, WithoutDashes(b));
-        });
+    const auto distance = [bare](std::string_view candidate) {
+        return Distance(bare, WithoutDashes(candidate));
+    };
+    const auto nearest = std::min_element(
+        candidates.begin(), candidates.end(),
+        [&distance](std::string_view a, std::string_view b) { return distance(a) < distance(b); });
+    // With more than two wrong letters of three it is another word.
+    const bool near =
+        nearest != candidates.end() && !bare.empty() && 3 * distance(*nearest) <= 2 * bare.size();
+    return near ? std::optional(*nearest) : std::nullopt;
 }
 
 }  // namespace norvik

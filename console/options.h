@@ -31,19 +31,24 @@ struct ConverterOptions {
     /// Nothing for the file that a call list gives, and where the losses in every format are
     /// wanted.
     std::optional<FileFormat> To = {};
+    /// A register file becomes one of the same model, whatever `To` is.
+    bool KeepsModel = false;
 
-    bool Check = false;         ///< "--pruefen"
-    bool Losses = false;        ///< "--verluste"
-    bool Overwrite = false;     ///< "--ueberschreiben"
-    bool OnlyMarked = false;    ///< "--nur-markierte"
-    bool Quoted = false;        ///< "--anfuehrungszeichen"
-    bool AvoidDoubles = false;  ///< "--ohne-doubletten"
-    bool Sorted = true;         ///< "--sortiert", "--unsortiert"
-    Text Exclusions = {};       ///< "--ausschliessen", joined by "|"
-    Text Msn = u"0";            ///< "--msn"; the window's boxes begin with the same
+    bool Check = false;          ///< "--pruefen"
+    bool Losses = false;         ///< "--verluste"
+    bool Overwrite = false;      ///< "--ueberschreiben"
+    bool DespiteDamage = false;  ///< "--trotzdem"
+    bool Silent = false;         ///< "--still"
+    bool OnlyMarked = false;     ///< "--nur-markierte"
+    bool Quoted = false;         ///< "--anfuehrungszeichen"
+    bool AvoidDoubles = false;   ///< "--ohne-doubletten"
+    bool Sorted = true;          ///< "--sortiert", "--unsortiert"
+    Text Exclusions = {};        ///< "--ausschliessen", joined by "|"
+    Text Msn = u"0";             ///< "--msn"; the window's boxes begin with the same
     /// As ConvertLineAccessZero takes it: "0" for "--null-hinzu", else the code of "--null-weg".
     std::optional<Text> ZeroCode = {};
-    FilePath SettingsFile = {};  ///< "--ini"; empty when there is none
+    FilePath SettingsFile = {};            ///< "--ini"; empty when there is none
+    std::optional<double> UnitPrice = {};  ///< "--preis"
     /// The options of the mobile export, which are named as their settings.
     std::vector<HandyBox> Boxes = {};
 };
@@ -53,11 +58,11 @@ struct UsageError {
     Text Message;
 };
 
-/// Reads the arguments behind the program's name. Throws UsageError. After "--hilfe" or "--version"
-/// nothing more is looked at.
-ConverterOptions ReadOptions(std::span<const std::string_view> arguments);
+/// Reads the arguments behind the program's name and gives the runs that they ask for, one for each
+/// source. Throws UsageError. After "--hilfe" or "--version" nothing more is looked at.
+std::vector<ConverterOptions> ReadOptions(std::span<const std::string_view> arguments);
 
-/// The names of all options.
+/// The names of all options that begin with two dashes.
 std::vector<std::string_view> OptionNames();
 
 }  // namespace norvik

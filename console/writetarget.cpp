@@ -20,7 +20,8 @@ TargetOptions TargetOptionsOf(const ConverterOptions& options, const Settings& s
     return {.Quoted = options.Quoted,
             .OnlyMarked = options.OnlyMarked,
             .Exclusions = options.Exclusions,
-            .Mobile = MobileOptions(options, settings)};
+            .Mobile = MobileOptions(options, settings),
+            .UnitPrice = settings.UnitPrice};
 }
 
 bool WriteTarget(const ConverterOptions& options, const Settings& settings, RegisterState& state,

@@ -36,6 +36,9 @@ struct TargetOptions {
     bool OnlyMarked = false;  ///< where the format can do that: marked entries alone
     Text Exclusions = {};     ///< as ExportIP286 takes them
     MobileExportOptions Mobile = {};
+    /// The price of a charge unit, for the loss report alone: the writer takes the settings'.
+    /// Without it no amount is looked at.
+    std::optional<double> UnitPrice = {};
 };
 
 /// What the window shows when a file of the format cannot be written.

@@ -37,6 +37,7 @@ enum class LossKind {
     ChargeCounter,  ///< whether the entry has a charge counter
     Charges,        ///< the counter's units
     UnusedBits,     ///< bits of MsnFilter without a meaning
+    Amount,         ///< charges whose amount rounds to nothing
 };
 
 /// One thing that the target does not hold.

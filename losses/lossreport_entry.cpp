@@ -1,6 +1,7 @@
 #include "losses/lossreport_entry.h"
 
 #include "formats/csv/csvformat.h"
+#include "ringtones/tonenames.h"
 
 namespace norvik {
 
@@ -43,14 +44,21 @@ Text Fate(int after, int none) {
     return after == none ? Text(u" fällt weg") : u" wird zu " + Decimal(after);
 }
 
+/// The tone by the name that the window shows without a tone-names file, else by its number.
+Text ToneWords(int tone) {
+    const std::vector<Text> names = DefaultToneNames();
+    const auto item = static_cast<std::size_t>(tone) + 1;
+    return item < names.size() ? Sentence({u"Klingelton \"", names[item], u"\""})
+                               : u"Klingelton " + Decimal(tone);
+}
+
 void CompareTones(int before, int after, EntryLosses& losses) {
     if (before == after) {
         return;
     }
     const bool valid = (before & ~(ToneMask | EnTon)) == 0;
     const bool own = valid && (before & EnTon) != 0;
-    const Text tone =
-        valid ? u"Klingelton " + Decimal(before & ToneMask) : u"Klingeltonwert " + Decimal(before);
+    const Text tone = valid ? ToneWords(before & ToneMask) : u"Klingeltonwert " + Decimal(before);
     losses.Add(LossKind::RingTone, (own ? u"individueller " : u"") + tone + Fate(after, 0));
 }
 

@@ -90,6 +90,15 @@ void NoteSeparator(TextView text, TextView separator, const FieldWords& field,
     }
 }
 
+void NoteAmount(std::int32_t charges, std::optional<double> unitPrice, EntryLosses& losses) {
+    if (charges == 0 || !unitPrice || FormatAmount(charges * *unitPrice) != FormatAmount(0)) {
+        return;
+    }
+    losses.Add(LossKind::Amount,
+               Sentence({u"Gebührenstand ", Decimal(charges), u" gibt den Betrag ", FormatAmount(0),
+                         u", der Preis der Einheit ist ", *unitPrice == 0 ? u"0" : u"zu klein"}));
+}
+
 }  // namespace
 
 void ThroughCsv(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses) {
@@ -145,7 +154,7 @@ void ThroughMobileExport(RegisterEntry& entry, const TargetOptions& targetOption
     DropValues(entry);
 }
 
-void ThroughChargeStatement(RegisterEntry& entry, const TargetOptions& /*options*/,
+void ThroughChargeStatement(RegisterEntry& entry, const TargetOptions& options,
                             EntryLosses& losses) {
     if (!HasChargeCounter(entry)) {
         losses.AddTear(LossKind::EntryLeftOut, u"kein Gebührenzähler, der Eintrag fehlt im Auszug");
@@ -158,6 +167,7 @@ void ThroughChargeStatement(RegisterEntry& entry, const TargetOptions& /*options
     }
     DropInfo(entry, losses);
     const std::int32_t charges = entry.GebEinh;
+    NoteAmount(charges, options.UnitPrice, losses);
     DropValues(entry);
     entry.MsnFilter |= EnGeb;
     entry.GebEinh = charges;

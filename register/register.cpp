@@ -42,6 +42,7 @@ const RegisterEntry& EntryAt(const RegisterState& state, int position) {
 
 void ResetRegister(RegisterState& state) {
     ++state.Generation;
+    state.Damage = {};
     for (int place = 1; place <= RegisterPlaces; ++place) {
         ClearEntry(state, place);
         state.Register(place).Listed = false;

@@ -5,6 +5,7 @@
 #include "base/desktop.h"
 #include "base/longreport.h"
 #include "base/numbers.h"
+#include "base/runtimeerror.h"
 #include "register/entry.h"
 #include "register/placetable.h"
 
@@ -27,6 +28,19 @@ struct CurrentFile {
     std::optional<FileTime> Modified;
 };
 
+/// What a load did not take of its file. The window shows none of it; who goes on without looking
+/// at the register has to know.
+struct LoadDamage {
+    bool EndsEarly = false;               ///< there is no end mark behind the last entry
+    bool LastEntryIsCut = false;          ///< the last entry read is not all there
+    bool BrokenEntry = false;             ///< the entry behind those read is not one
+    long long CorruptLines = 0;           ///< lines that were reported as such
+    bool IsFull = false;                  ///< entries behind the last place of the register
+    long long LinesPassedOver = 0;        ///< filled lines that are no entry
+    std::size_t BytesBehindEnd = 0;       ///< behind the end mark, when they hold anything
+    std::optional<RuntimeError> Failure;  ///< ended the load
+};
+
 struct RegisterState {
     RegisterState();
 
@@ -44,6 +58,7 @@ struct RegisterState {
     LongReport LoadReport;  ///< findings of a load, lines ended by CR LF
     Text ReadTrace;         ///< the last 15 bytes read from a register file, as hexadecimal digits
     int RecordsRead = 0;    ///< whole entries that the last load read before it ended
+    LoadDamage Damage;      ///< of the last load
     /// The register may hold zeros for the outside line.
     bool WarnLineAccessZero = false;
     /// Changes whenever the register is emptied: what was taken from it before is stale then.
@@ -54,7 +69,8 @@ struct RegisterState {
 RegisterEntry& EntryAt(RegisterState& state, int position);
 const RegisterEntry& EntryAt(const RegisterState& state, int position);
 
-/// Empties all 2000 places and puts entry i at position i. Count and position stay.
+/// Empties all 2000 places and puts entry i at position i; no damage is known of. Count and
+/// position stay.
 void ResetRegister(RegisterState& state);
 
 /// Makes the entry at table index `index` an empty one; its listed mark stays.

@@ -8,6 +8,7 @@ ByteView ByteReader::ReadBytes(std::size_t count) {
     const std::size_t available = std::min(count, file_.size() - position_);
     const ByteView bytes = file_.subspan(position_, available);
     position_ += available;
+    short_ = short_ || available < count;
     return bytes;
 }
 

@@ -23,10 +23,15 @@ class ByteReader {
 
     /// Everything read so far.
     [[nodiscard]] ByteView Read() const { return file_.first(position_); }
+    /// Everything that has not been read yet.
+    [[nodiscard]] ByteView Rest() const { return file_.subspan(position_); }
+    /// Whether more was to be read than the file holds.
+    [[nodiscard]] bool IsShort() const { return short_; }
 
   private:
     ByteView file_;
     std::size_t position_ = 0;
+    bool short_ = false;
 };
 
 }  // namespace norvik

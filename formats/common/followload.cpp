@@ -46,6 +46,7 @@ bool LoadOrReport(RegisterState& state, const std::function<void()>& load,
     }
     report(*failure);
     if (state.Generation != before) {
+        state.Damage.Failure = failure;
         ShowAbortedLoad(state, desktop);
     }
     return false;

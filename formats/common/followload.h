@@ -19,7 +19,7 @@ void ShowFirstEntry(RegisterState& state, Desktop& desktop);
 /// Runs `load`, which raises an error where the file cannot be read, and gives whether it went to
 /// its end. `report` tells of an error. Where the register was emptied by then, the entries that
 /// were read whole (at least one) are the register now: the window shows them with their file, and
-/// nothing of it counts as saved.
+/// nothing of it counts as saved. The error then stands in the register's Damage.
 bool LoadOrReport(RegisterState& state, const std::function<void()>& load,
                   const std::function<void(const RuntimeError&)>& report, Desktop& desktop);
 

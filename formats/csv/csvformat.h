@@ -67,7 +67,8 @@ void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
              const Clock& clock = std::chrono::steady_clock::now);
 
 /// Takes the lines of a CSV file into the register's places from 1 on and notes doubled lines and
-/// names in LoadReport; gives the number of entries and keeps RecordsRead. Raises error 6 as
+/// names in LoadReport; gives the number of entries and keeps RecordsRead; Damage tells of filled
+/// lines that are no entry and whether there are more than there are places. Raises error 6 as
 /// LoadCSV does.
 int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
             Desktop& desktop, const Clock& clock = std::chrono::steady_clock::now);

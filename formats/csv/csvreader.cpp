@@ -131,6 +131,7 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
             line->Take(source, quoted);
         }
         if (line->Fields.Count < FewestFields) {
+            state.Damage.LinesPassedOver += IsFilled(source) ? 1 : 0;
             continue;  // takes no position
         }
         if (doubled) {
@@ -144,6 +145,7 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
         state.Register(place).RecIndex = static_cast<std::int16_t>(place - 1);
         count = place;
     }
+    state.Damage.IsFull = HasFilledLine(lines);
     progress.Done();
     return count;
 }

@@ -62,7 +62,7 @@ void ExportIP286(const RegisterState& state, const OutputTarget& target, TextVie
     Text report = Decimal(exported);
     report.append(u" Einträge exportiert").append(LineEnd).append(Decimal(ignored));
     report.append(u" Einträge wurden ignoriert").append(LineEnd).append(ignoredNames);
-    desktop.Ask({.text = report, .title = u"Exportergebnis", .icon = Icon::Information});
+    desktop.Ask({.text = report, .title = Text(ip286::ResultTitle), .icon = Icon::Information});
 }
 
 }  // namespace norvik

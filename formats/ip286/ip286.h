@@ -13,6 +13,8 @@ namespace ip286 {
 inline constexpr std::string_view Ending = ".csv";
 /// The filter of the save dialog.
 inline constexpr TextView DialogFilter = u"CSV-Datei(IP286)|*.csv|Alle Dateien|*.*";
+/// The title of the box that tells what was exported.
+inline constexpr TextView ResultTitle = u"Exportergebnis";
 }  // namespace ip286
 
 /// The telephone keeps at most so many entries.

@@ -36,7 +36,9 @@ bool LoadPhonebookFile(RegisterState& state, const FilePath& path, Desktop& desk
 bool LoadPhonebookFile(RegisterState& state, const SourceFile& file, Desktop& desktop);
 
 /// Reads the lines behind the identification line into the register's places from 1 on; gives the
-/// number of whole entries and keeps RecordsRead. Raises error 62 at an end inside an entry.
+/// number of whole entries and keeps RecordsRead; Damage tells how many lines were reported and
+/// whether there are entries for which there is no place. Raises error 62 at an end inside an
+/// entry.
 int ReadPhonebookEntries(RegisterState& state, class LineReader& lines, Desktop& desktop,
                          const Clock& clock = std::chrono::steady_clock::now);
 

@@ -14,7 +14,7 @@ constexpr std::size_t InfoWidth = InfoLines * InfoLineWidth;
 /// Reads the eight lines of an entry. Gives false, after a message, at a line that ends it early:
 /// one with a wrong key for the name or number, or, once the file is known to be corrupt, any info
 /// line. `line` is the room of its lines.
-bool ReadEntry(LineReader& lines, Text& line, RegisterEntry& entry, bool& corrupt,
+bool ReadEntry(LineReader& lines, Text& line, RegisterEntry& entry, long long& corruptLines,
                RepeatedBox& reports) {
     constexpr int NameLine = -1;
     constexpr int TelLine = 0;
@@ -30,15 +30,15 @@ bool ReadEntry(LineReader& lines, Text& line, RegisterEntry& entry, bool& corrup
             entry.Tel = Slice(value, 0, FieldWidth);
             continue;
         }
-        if (j <= TelLine || key != InfoKey) {
-            corrupt = true;
-        } else if (const std::size_t width = entry.Info.size() + InfoLineWidth;
-                   width <= InfoWidth) {
+        const bool wrongKey = j <= TelLine || key != InfoKey;
+        const std::size_t width = entry.Info.size() + InfoLineWidth;
+        if (!wrongKey && width <= InfoWidth) {
             // In a corrupt file an entry is begun again and again; its text stays an info text.
             entry.Info.append(Slice(value, 0, InfoLineWidth));
             entry.Info.resize(width, u' ');
         }
-        if (corrupt) {
+        if (wrongKey || corruptLines > 0) {
+            ++corruptLines;
             reports.Ask({.text = u"175-Datei korrupt, Lesen abgebrochen",
                          .title = u"Fehlermeldung",
                          .icon = Icon::Critical});
@@ -56,14 +56,13 @@ int ReadPhonebookEntries(RegisterState& state, LineReader& lines, Desktop& deskt
     int& count = state.RecordsRead;
     count = 0;
     Text line;
-    bool corrupt = false;  // set once and never cleared
     RepeatedBox reports(desktop);
     while (count < RegisterPlaces && !lines.AtEnd()) {
         const int place = count + 1;
         state.RegisterOrder(place) = static_cast<std::int16_t>(place);
         RegisterEntry& entry = state.Register(place);
         progress.Remaining(lines.Remaining());
-        if (!ReadEntry(lines, line, entry, corrupt, reports)) {
+        if (!ReadEntry(lines, line, entry, state.Damage.CorruptLines, reports)) {
             continue;
         }
         entry.Info.resize(RightTrim(entry.Info).size());
@@ -71,6 +70,7 @@ int ReadPhonebookEntries(RegisterState& state, LineReader& lines, Desktop& deskt
         entry.MsnFilter = MsnOfTelephone;
         count = place;
     }
+    state.Damage.IsFull = HasFilledLine(lines);
     progress.Done();
     return count;
 }

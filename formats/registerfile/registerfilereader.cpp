@@ -95,6 +95,13 @@ void Trace(Text& trace, ByteView read) {
     trace.erase(0, trace.size() - std::min(trace.size(), DigitsKept));
 }
 
+/// How many bytes there are, unless all of them are 0.
+std::size_t FilledBytes(ByteView bytes) {
+    const bool filled =
+        std::any_of(bytes.begin(), bytes.end(), [](Byte byte) { return byte != Byte{0}; });
+    return filled ? bytes.size() : 0;
+}
+
 /// Brings ReadTrace up to date when reading ends, however it ends.
 class TraceAtEnd {
   public:
@@ -124,13 +131,16 @@ int ReadRegisterRecords(RegisterState& state, ByteReader& file) {
     while (!file.AtEnd()) {
         const Byte tag = file.ReadByte().value_or(registerfile::EndOfList);
         if (tag == registerfile::EndOfList) {
-            break;
+            state.Damage.BytesBehindEnd = FilledBytes(file.Rest());
+            return count;
         }
         const int place = count + 1;
         state.RegisterOrder(place) = static_cast<std::int16_t>(place);
         ReadRecord(file, tag, state.Register(place), state.LoadedModel);
         ++count;
     }
+    state.Damage.EndsEarly = true;
+    state.Damage.LastEntryIsCut = count > 0 && file.IsShort();
     return count;
 }
 

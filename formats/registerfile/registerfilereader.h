@@ -12,9 +12,10 @@ namespace norvik {
 std::int32_t ReadInteger(ByteReader& file, std::int32_t limit);
 
 /// Reads the records behind the header into the register's places from 1 on and decides between
-/// "195" and "193" in LoadedModel. Gives the number of records read and keeps RecordsRead. Raises
-/// error 9 for a 2001st record and error 6 for a value too large for its field; throws HardStop for
-/// a wrong string tag.
+/// "195" and "193" in LoadedModel. Gives the number of records read and keeps RecordsRead; Damage
+/// tells whether the end mark is missing, or stands in the midst of the file. Raises error 9 for a
+/// 2001st record and error 6 for a value too large for its field; throws HardStop for a wrong
+/// string tag.
 int ReadRegisterRecords(RegisterState& state, ByteReader& file);
 
 /// Reads a whole file: looks at its header, of which a deviating one is only reported, and reads
