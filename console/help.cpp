@@ -38,7 +38,7 @@ constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Eint
   --verluste            vor dem Schreiben melden, was das ZIEL nicht aufnimmt;
                         ohne ZIEL nur melden, ohne --nach für alle Formate
   --ueberschreiben      ein vorhandenes ZIEL ersetzen
-  --trotzdem            auch aus einer beschädigten QUELLE schreiben, was lesbar ist
+  --trotzdem            schreiben, was von einer beschädigten QUELLE lesbar ist
   --still               nur Fehler zeigen (Ende mit 2, 3 oder 4)
   --hilfe, --help, -h   diese Hilfe zeigen
   --version, -V         die Version zeigen

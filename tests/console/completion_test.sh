@@ -30,6 +30,7 @@ expect() {
 
 # Options.
 expect '--ueberschreiben|--unsortiert' --u
+expect '--help|--hilfe' --h
 expect '--AddRegionCode' --A
 expect '--null-hinzu|--null-weg' --null
 expect '--verluste|--version|--von' a.t9t --v
@@ -50,6 +51,15 @@ expect 'norvik.ini|ordner.x' --ini =
 expect 'norvik.ini|ordner.x' --ini ''
 expect '' --msn ''
 expect '' --ausschliessen al
+
+# The codes are quoted, unless the user has begun to quote.
+expect "'##'|'**'|'*'|i" --null-weg ''
+expect "'##'" --null-weg '#'
+expect "'**'|'*'" --null-weg = '*'
+expect '**|*' --null-weg "'*"
+expect '##' --null-weg '"#'
+expect "'##'" --null-weg '\\#'
+expect '' --preis ''
 
 # The source, then the target.
 expect 'ALT.PBO|alt.t9t|anrufe.t9a|mit blank.t9t|neu.csv|ordner.x' ''

@@ -9,6 +9,7 @@ namespace {
 std::pair<std::string, Button> Asked(ConsoleDesktop& desktop, const MessageBox& box) {
     testing::internal::CaptureStderr();
     const Button answer = desktop.Ask(box);
+    desktop.PrintMessages();
     return {testing::internal::GetCapturedStderr(), answer};
 }
 
@@ -18,7 +19,7 @@ TEST(ConsoleDesktop, PrintsWhatABoxTells) {
     EXPECT_EQ(Asked(desktop, {.text = u"Abweichender Header", .icon = Icon::Exclamation}),
               Pair("Abweichender Header\n", Button::Ok));
     EXPECT_EQ(Asked(desktop, {.text = u"eins\r\nzwei\r\n"}), Pair("eins\nzwei\n", Button::Ok));
-    EXPECT_EQ(desktop.Boxes(), 2);
+    EXPECT_EQ(desktop.Findings(), 2);
 }
 
 TEST(ConsoleDesktop, PrintsAWarningAndGoesOn) {
@@ -28,6 +29,7 @@ TEST(ConsoleDesktop, PrintsAWarningAndGoesOn) {
                                        .buttons = {Button::Cancel, Button::Ok},
                                        .defaultButton = Button::Cancel});
     EXPECT_EQ(asked.first, "Vorsicht\n");
+    EXPECT_EQ(desktop.Findings(), 0);  // it asks whether to go on
     EXPECT_EQ(asked.second, Button::Ok);
 }
 
@@ -39,7 +41,7 @@ TEST(ConsoleDesktop, AgreesToAQuestionInSilence) {
                                        .defaultButton = Button::Cancel});
     EXPECT_EQ(asked.first, "");
     EXPECT_EQ(asked.second, Button::Yes);
-    EXPECT_EQ(desktop.Boxes(), 0);
+    EXPECT_EQ(desktop.Findings(), 0);
 }
 
 TEST(ConsoleDesktop, TakesTheDefaultWhereThereIsNoWayToAgree) {
@@ -54,7 +56,7 @@ TEST(ConsoleDesktop, TakesTheDefaultWhereThereIsNoWayToAgree) {
 
 TEST(ConsoleDesktop, AnswersWithTheMsn) {
     EXPECT_EQ(ConsoleDesktop().AskForText({.prompt = u"MSN zu", .title = u""}), u"0");
-    EXPECT_EQ(ConsoleDesktop(u"7").AskForText({.prompt = u"MSN zu", .title = u""}), u"7");
+    EXPECT_EQ(ConsoleDesktop({.Msn = u"7"}).AskForText({.prompt = u"MSN zu", .title = u""}), u"7");
 }
 
 TEST(ConsoleDesktop, ChoosesNoFileAndShowsNothing) {
@@ -72,6 +74,55 @@ TEST(ConsoleDesktop, ChoosesNoFileAndShowsNothing) {
     desktop.FocusField(0);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(ConsoleDesktop, PrintsEachMessageOnceWithHowOftenItCame) {
+    ConsoleDesktop desktop({.Source = u"a.pbo"});
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 3; ++i) {
+        desktop.Ask({.text = u"eins\r\nzwei"});
+        desktop.Ask({.text = u"drei"});
+    }
+    desktop.Ask({.text = u"vier\r\n\r\n"});
+    desktop.PrintMessages();
+    desktop.Ask({.text = u"drei"});
+    desktop.PrintMessages();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "a.pbo: eins\na.pbo: zwei (3-mal)\na.pbo: drei (3-mal)\na.pbo: vier\na.pbo: drei\n");
+    EXPECT_EQ(desktop.Findings(), 8);
+}
+
+TEST(ConsoleDesktop, KeepsNoMoreMessagesThanItCanHold) {
+    std::optional<ConsoleDesktop> desktop(std::in_place);
+    testing::internal::CaptureStderr();
+    std::string expected;
+    for (int i = 0; i < 10'001; ++i) {
+        desktop->Ask({.text = u"Fehler " + Decimal(i)});
+        expected += i < 10'000 ? "Fehler " + std::to_string(i) + "\n" : "";
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), expected);
+    testing::internal::CaptureStderr();
+    desktop->Ask({.text = Text(3'999'990, u'x')});
+    desktop->Ask({.text = u"y"});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Fehler 10000\n");
+    testing::internal::CaptureStderr();
+    desktop->Ask({.text = Text(20, u'z')});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), std::string(3'999'990, 'x') + "\ny\n");
+    testing::internal::CaptureStderr();
+    desktop.reset();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), std::string(20, 'z') + "\n");
+}
+
+TEST(ConsoleDesktop, SaysNothingWhenItIsSilent) {
+    ConsoleDesktop desktop({.Silent = true});
+    EXPECT_EQ(Asked(desktop, {.text = u"x", .icon = Icon::Critical}).first, "");
+    EXPECT_EQ(desktop.Findings(), 1);
+}
+
+TEST(ConsoleDesktop, TakesNoResultForAFinding) {
+    ConsoleDesktop desktop;
+    EXPECT_EQ(Asked(desktop, {.text = u"3", .title = u"Exportergebnis"}).first, "3\n");
+    EXPECT_EQ(desktop.Findings(), 0);
 }
 
 }  // namespace

@@ -29,6 +29,16 @@ class ConverterOption : public testing::Test {
         return WindowWrites(source, FileFormat::Register195, to, answers);
     }
 
+    /// The lines, each with the source's name in front.
+    [[nodiscard]] std::string WithSource(const std::string& lines, const FilePath& of = {}) const {
+        const std::string prefix = (of.empty() ? source : of).string() + ": ";
+        std::string result;
+        for (std::size_t at = 0; at < lines.size(); at = lines.find('\n', at) + 1) {
+            result += prefix + lines.substr(at, lines.find('\n', at) + 1 - at);
+        }
+        return result;
+    }
+
     const TestFolder folder;
     const FilePath source = folder.Write("alt.t9t", Example195());
 };
@@ -57,8 +67,9 @@ TEST_F(ConverterOption, NurMarkierteWithoutAMarkedEntryWritesNothing) {
     const Outcome outcome = RunConverter(
         {source.string(), "--nach=193", (folder / "neu.t9t").string(), "--nur-markierte"});
     EXPECT_EQ(outcome.Status, 3);
-    EXPECT_EQ(outcome.Errors, "Keine Datensätze zum Exportieren!\n"
-                              "norvik-konverter: \"" +
+    EXPECT_EQ(outcome.Errors, source.string() +
+                                  ": Keine Datensätze zum Exportieren!\n"
+                                  "norvik-konverter: \"" +
                                   (folder / "neu.t9t").string() +
                                   "\" nicht geschrieben: kein Eintrag ist markiert\n");
     EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("alt.t9t"));
@@ -75,7 +86,8 @@ TEST_F(ConverterOption, TheIp286ReportsWhatItHasExported) {
     const Outcome outcome =
         RunConverter({source.string(), "-", "--nach", "ip286", "--ausschliessen", "0"});
     EXPECT_EQ(outcome.Status, 0);
-    EXPECT_EQ(outcome.Errors, "1 Einträge exportiert\n2 Einträge wurden ignoriert\nAnna\nBö\n");
+    EXPECT_EQ(outcome.Errors, WithSource("1 Einträge exportiert\n2 Einträge wurden ignoriert\n"
+                                         "Anna\nBö\n"));
 }
 
 TEST_F(ConverterOption, NullHinzuPutsZerosInFront) {
@@ -96,11 +108,11 @@ TEST_F(ConverterOption, ANumberThatIsCutIsReported) {
     folder.Write("alt.t9t", FileOf({Raw("0200 0201 06 04 'Anna' 06 15 '030111111111111111119'"
                                         "06 00 0200 020F 0200 0200")}));
     const Outcome outcome = RunConverter({"--null-hinzu", source.string(), "-", "--nach=175"});
-    EXPECT_EQ(outcome.Errors, "Telefonnummer ist nach Konvertierung zu lang:\n"
-                              "Name: Anna\n"
-                              "Tel.: 030111111111111111119\n"
-                              "Neu : 003011111111111111111\n"
-                              "Gekürzte Nummer gespeichert\n");
+    EXPECT_EQ(outcome.Errors, WithSource("Telefonnummer ist nach Konvertierung zu lang:\n"
+                                         "Name: Anna\n"
+                                         "Tel.: 030111111111111111119\n"
+                                         "Neu : 003011111111111111111\n"
+                                         "Gekürzte Nummer gespeichert\n"));
     EXPECT_EQ(outcome.Status, 1);
 }
 
@@ -119,9 +131,10 @@ TEST_F(ConverterOption, OhneDoublettenLeavesOutLinesThatOccurTwice) {
     const Outcome outcome =
         RunConverter({"--ohne-doubletten", doubles.string(), (folder / "neu.pbo").string()});
     EXPECT_EQ(outcome.Status, 1);
-    EXPECT_EQ(outcome.Errors, "Doublette entfernt: Anna\nDoppelter Name: Anna\n"
-                              "Es wurden 0 Fehler korrigiert\n\n"
-                              "Doublette entfernt: Anna\nDoppelter Name: Anna\n");
+    EXPECT_EQ(outcome.Errors, WithSource("Doublette entfernt: Anna\nDoppelter Name: Anna\n"
+                                         "Es wurden 0 Fehler korrigiert\n"
+                                         "Doublette entfernt: Anna\nDoppelter Name: Anna\n",
+                                         doubles));
     EXPECT_EQ(
         ReadFile(folder / "neu.pbo"),
         WindowWrites(doubles, FileFormat::Csv, FileFormat::Phonebook175, {.AvoidDoubles = true}));
@@ -149,10 +162,11 @@ TEST_F(ConverterOption, IniThatCannotBeReadEndsIt) {
 
 TEST_F(ConverterOption, TheMobileExportShowsItsWarningAndAsksNothing) {
     const Outcome outcome = RunConverter({source.string(), "-", "--nach", "simsurf"});
-    EXPECT_EQ(outcome.Errors, "Diese Funktion exportiert das aktuelle Telefonbuch\n"
-                              "in ein u.a. von SIM-Surf lesbares Format\n"
-                              "ACHTUNG: Diese Funktion liefert nur sinnvolle Ergebnisse, wenn das\n"
-                              "Telefonregister keine führenden Nullen enthält!!!\n");
+    EXPECT_EQ(outcome.Errors,
+              WithSource("Diese Funktion exportiert das aktuelle Telefonbuch\n"
+                         "in ein u.a. von SIM-Surf lesbares Format\n"
+                         "ACHTUNG: Diese Funktion liefert nur sinnvolle Ergebnisse, wenn das\n"
+                         "Telefonregister keine führenden Nullen enthält!!!\n"));
     EXPECT_EQ(outcome.Status, 0);
     EXPECT_EQ(outcome.Output, Raw("'Zita;12' 0D0A 'B' F6 ';0301' 0D0A 'Anna;01711' 0D0A"));
 }

@@ -46,9 +46,11 @@ constexpr Target Targets[] = {
     {".geb", "gebuehren", FileFormat::ChargeStatement},
 };
 
-/// The endings alone do not name these.
-bool NeedsWord(FileFormat format) {
-    return format == FileFormat::Register193 || format == FileFormat::Ip286;
+/// The endings alone do not name these; a register file keeps its model.
+bool NeedsWord(const Source& source, FileFormat format) {
+    const bool of193 = std::string_view(source.Word) == "193";
+    return format == FileFormat::Ip286 ||
+           format == (of193 ? FileFormat::Register195 : FileFormat::Register193);
 }
 
 class Pair : public testing::TestWithParam<std::tuple<Source, Target>> {
@@ -75,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(All, Pair,
 TEST_P(Pair, ByItsEndingsIsByteForByteWhatTheWindowWrites) {
     const FilePath file = folder / (std::string("neu") + target.Ending);
     std::vector<std::string> arguments = {path.string(), file.string()};
-    if (NeedsWord(target.Format)) {
+    if (NeedsWord(source, target.Format)) {
         arguments.insert(arguments.begin(), {"--nach", target.Word});
     }
     const Outcome outcome = RunConverter(arguments);
@@ -124,8 +126,8 @@ TEST(ConvertCallList, IsByteForByteWhatTheWindowWrites) {
 
     EXPECT_EQ(outcome.Status, 0);
     EXPECT_EQ(ReadFile(folder / "neu.csv"), expected);
-    EXPECT_EQ(outcome.Errors,
-              "Anruferliste wurde in Datei\n" + (folder / "neu.csv").string() + " gespeichert.\n");
+    EXPECT_EQ(outcome.Errors, calls.string() + ": Anruferliste wurde in Datei\n" + calls.string() +
+                                  ": " + (folder / "neu.csv").string() + " gespeichert.\n");
     EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("anrufe.t9a", "neu.csv"));
 }
 
@@ -158,7 +160,9 @@ TEST(ConvertCallList, ReportsTheHeaderOfARegisterAndGoesOn) {
     const Bytes call = Raw("02 01 06 0A '0512241830' 06 04 '0301' 01");
     const FilePath calls = folder.Write("anrufe.t9a", Join({FileHeader(), Raw("2020"), call}));
     const Outcome outcome = RunConverter({calls.string(), (folder / "neu.csv").string()});
-    EXPECT_EQ(outcome.Errors, "Header=RegisterHeader!\nAnruferliste wurde in Datei\n" +
+    const std::string prefix = calls.string() + ": ";
+    EXPECT_EQ(outcome.Errors, prefix + "Header=RegisterHeader!\n" + prefix +
+                                  "Anruferliste wurde in Datei\n" + prefix +
                                   (folder / "neu.csv").string() + " gespeichert.\n");
     EXPECT_EQ(outcome.Status, 1);
     EXPECT_EQ(ReadFile(folder / "neu.csv"), Raw("'00;24.12.2005 18:30;0;0301' 0D0A"));
@@ -184,21 +188,21 @@ TEST(ConvertCallList, OfACallNumberThatIsTooLargeIsNotReadable) {
         "anrufe.t9a", Join({ExampleCalls(), Raw("09 01 01 01 01 01 01 01 FF 06 00 06 00 01")}));
     const Outcome outcome = RunConverter({calls.string(), (folder / "neu.csv").string()});
     EXPECT_EQ(outcome.Status, 3);
-    EXPECT_EQ(outcome.Errors, "Undef'd Error: mnuDateiConvCallListCSV:6Überlauf\n"
-                              "norvik-konverter: \"" +
+    EXPECT_EQ(outcome.Errors, calls.string() +
+                                  ": Undef'd Error: mnuDateiConvCallListCSV:6Überlauf\n"
+                                  "norvik-konverter: \"" +
                                   (folder / "neu.csv").string() +
                                   "\" nicht geschrieben: Überlauf\n");
     EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("anrufe.t9a"));
 }
 
-TEST(ConvertCallList, ThatIsMissingIsReportedAsByTheMenuItem) {
+TEST(ConvertCallList, ThatIsMissingIsNamedWithTheReason) {
     const TestFolder folder;
     const Outcome outcome =
         RunConverter({(folder / "a.t9a").string(), (folder / "b.csv").string()});
     EXPECT_EQ(outcome.Status, 3);
-    EXPECT_EQ(outcome.Errors, "Undef'd Error: mnuDateiConvCallListCSV:53Datei nicht gefunden\n"
-                              "norvik-konverter: \"" +
-                                  (folder / "a.t9a").string() + "\" nicht gelesen\n");
+    EXPECT_EQ(outcome.Errors, "norvik-konverter: \"" + (folder / "a.t9a").string() +
+                                  "\" nicht gelesen: Datei nicht gefunden\n");
     EXPECT_THAT(FilesIn(folder.Path()), IsEmpty());
 }
 

@@ -28,6 +28,8 @@ class ConverterProgram : public testing::Test {
 inline Bytes FileWithFinding() {
     return FileOf({Raw("0200 0201 06 04 'Anna' 06 01 '1' 06 00 0255 020F 0200 0200")});
 }
-inline const std::string Finding = "Es wurden 1 Fehler korrigiert\n\n#0[Anna] Klang zu hoch: 85\n";
+inline std::string FindingOf(const std::string& source) {
+    return source + ": Es wurden 1 Fehler korrigiert\n" + source + ": #0[Anna] Klang zu hoch: 85\n";
+}
 
 }  // namespace norvik::test

@@ -86,8 +86,8 @@ TEST(Help, NamesEveryFormat) {
             ".pbo,\r\n.csv, .pbb oder .geb. \"-\" ist die Standardein- oder -ausgabe.\r\n\r\n"
             "  --von FORMAT          Format der QUELLE: 195, 193, 175 oder csv\r\n"
             "  --nach FORMAT         Format des ZIELs: 195, 193, 175, csv, ip286, simsurf\r\n"
-            "                        oder gebuehren; ein ZIEL .t9t wird ohne --nach 193 eine\r\n"
-            "                        195-Datei\r\n"
+            "                        oder gebuehren; ein ZIEL .t9t wird ohne --nach eine\r\n"
+            "                        195-Datei, aus einer 193-Datei eine 193-Datei\r\n"
             "  --nur-markierte "));
 }
 

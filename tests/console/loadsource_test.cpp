@@ -16,8 +16,8 @@ using testing::IsEmpty;
 
 class LoadSourceTest : public testing::Test {
   protected:
-    bool Load(const ConverterOptions& options) {
-        return LoadSource(options, Settings(), state, desktop);
+    LoadResult Load(const ConverterOptions& options) {
+        return LoadSource(options, ReadSource(options.Source), Settings(), state, desktop);
     }
 
     const TestFolder folder;
@@ -26,7 +26,7 @@ class LoadSourceTest : public testing::Test {
 };
 
 TEST_F(LoadSourceTest, SortsAsTheWindowDoes) {
-    EXPECT_TRUE(Load({.Source = folder.Write("a.t9t", Example195())}));
+    EXPECT_EQ(Load({.Source = folder.Write("a.t9t", Example195())}), LoadResult::Whole);
     EXPECT_THAT(Names(state), ElementsAre(u"Anna", u"Bö", u"Zita"));
     EXPECT_TRUE(state.WarnLineAccessZero);
     EXPECT_EQ(state.AnzMarkiert, 1);
@@ -36,18 +36,20 @@ TEST_F(LoadSourceTest, SortsAsTheWindowDoes) {
 }
 
 TEST_F(LoadSourceTest, KeepsTheOrderOnRequest) {
-    EXPECT_TRUE(Load({.Source = folder.Write("a.pbo", Example175()),
-                      .From = FileFormat::Phonebook175,
-                      .Sorted = false}));
+    EXPECT_EQ(Load({.Source = folder.Write("a.pbo", Example175()),
+                    .From = FileFormat::Phonebook175,
+                    .Sorted = false}),
+              LoadResult::Whole);
     EXPECT_THAT(Names(state), ElementsAre(u"Zita", u"Bö"));
     EXPECT_TRUE(state.WarnLineAccessZero);
     EXPECT_EQ(state.AnzMarkiert, 1);
 }
 
 TEST_F(LoadSourceTest, ChangesTheZerosLast) {
-    EXPECT_TRUE(Load({.Source = folder.Write("a.csv", ExampleCsv()),
-                      .From = FileFormat::Csv,
-                      .ZeroCode = u"i"}));
+    EXPECT_EQ(Load({.Source = folder.Write("a.csv", ExampleCsv()),
+                    .From = FileFormat::Csv,
+                    .ZeroCode = u"i"}),
+              LoadResult::Whole);
     EXPECT_EQ(EntryAt(state, 1).Tel, u"1711");
     EXPECT_EQ(EntryAt(state, 3).Tel, u"i**12");
     EXPECT_FALSE(state.WarnLineAccessZero);
@@ -55,30 +57,36 @@ TEST_F(LoadSourceTest, ChangesTheZerosLast) {
 }
 
 TEST_F(LoadSourceTest, AsksNothing) {
-    EXPECT_TRUE(Load({.Source = folder.Write("a.csv", ExampleCsv()),
-                      .From = FileFormat::Csv,
-                      .ZeroCode = u"0"}));
+    EXPECT_EQ(Load({.Source = folder.Write("a.csv", ExampleCsv()),
+                    .From = FileFormat::Csv,
+                    .ZeroCode = u"0"}),
+              LoadResult::Whole);
     EXPECT_THAT(desktop.Questions(), testing::Each(testing::AnyOf("file", "entry", "list")));
 }
 
 TEST_F(LoadSourceTest, SortsNoRegisterWithoutEntries) {
-    EXPECT_TRUE(Load({.Source = folder.Write("a.t9t", EmptyRegisterFile())}));
+    EXPECT_EQ(Load({.Source = folder.Write("a.t9t", EmptyRegisterFile())}), LoadResult::Whole);
     EXPECT_EQ(state.AnzGes, 0);
     EXPECT_TRUE(state.WarnLineAccessZero);
     EXPECT_THAT(desktop.Statuses(), IsEmpty());
 }
 
-TEST_F(LoadSourceTest, GivesFalseForAFailure) {
-    EXPECT_FALSE(Load({.Source = folder / "a.t9t"}));
-    EXPECT_FALSE(Load({.Source = folder / "a.pbo", .From = FileFormat::Phonebook175}));
-    EXPECT_FALSE(Load({.Source = folder / "a.csv", .From = FileFormat::Csv}));
-    EXPECT_EQ(desktop.Questions().size(), 3U);
-    EXPECT_THROW(Load({.Source = folder.Write("a.t9t", BrokenRegisterFile())}), HardStop);
+TEST_F(LoadSourceTest, TakesWhatWasReadOnRequestAlone) {
+    const Bytes whole = Example195();
+    const FilePath cut = folder.Write("a.t9t", Bytes(whole.begin(), whole.end() - 1));
+    EXPECT_EQ(Load({.Source = cut}), LoadResult::Damaged);
+    EXPECT_EQ(Load({.Source = cut, .DespiteDamage = true}), LoadResult::TakenDespiteDamage);
+    EXPECT_THAT(Names(state), ElementsAre(u"Anna", u"Bö", u"Zita"));
+    EXPECT_EQ(Load({.Source = folder.Write("b.t9t", BrokenRegisterFile()), .DespiteDamage = true}),
+              LoadResult::NothingRead);
+    EXPECT_EQ(Load({.Source = folder.Write("a.t9t", whole)}), LoadResult::Whole);
 }
 
-TEST_F(LoadSourceTest, LoadsNoRegisterFromACallList) {
-    EXPECT_FALSE(
-        Load({.Source = folder.Write("a.t9a", ExampleCalls()), .From = FileFormat::CallList}));
+TEST_F(LoadSourceTest, LoadsNoRegisterOfAnotherKind) {
+    EXPECT_EQ(Load({.Source = folder.Write("a.t9a", ExampleCalls()), .From = FileFormat::CallList}),
+              LoadResult::OtherKind);
+    EXPECT_EQ(Load({.Source = folder.Write("a.pbo", "x\r\n"), .From = FileFormat::Phonebook175}),
+              LoadResult::OtherKind);
 }
 
 TEST(ReadConverterSettings, AreThoseOfAWindowWithoutAFile) {

@@ -48,8 +48,11 @@ TEST(Nearest, IsFirstOfAllACandidateThatBeginsWithTheWord) {
     EXPECT_EQ(Nearest("sort", Options), "--sortiert");
 }
 
-TEST(Nearest, DoesNotMindDashesAlone) {
-    EXPECT_EQ(Nearest("---", Options), "--von");
+TEST(Nearest, IsNothingWhereNoneResemblesTheWord) {
+    for (const std::string_view word : {"---", "-?", "--to", "x", "--help-me-please", ""}) {
+        EXPECT_EQ(Nearest(word, Options), std::nullopt) << word;
+    }
+    EXPECT_EQ(Nearest("--von", {}), std::nullopt);
 }
 
 }  // namespace

@@ -14,7 +14,9 @@ using testing::IsEmpty;
 using Words = std::vector<std::string_view>;
 
 ConverterOptions Read(const Words& words) {
-    return ReadOptions(words);
+    const std::vector<ConverterOptions> runs = ReadOptions(words);
+    EXPECT_EQ(runs.size(), 1U);
+    return runs.front();
 }
 
 /// The line that the words give, or "" when they make sense.
@@ -143,7 +145,10 @@ TEST(Options, WithoutATarget) {
                     "--anfuehrungszeichen", "--AddRegionCode"})
                   .To,
               std::nullopt);
-    EXPECT_EQ(ErrorOf({"--pruefen", "a.csv", "b.csv"}), "zu viele Dateien: b.csv");
+    const std::vector<ConverterOptions> runs = ReadOptions(Words{"--pruefen", "a.csv", "b.pbo"});
+    EXPECT_EQ(runs.size(), 2U);
+    EXPECT_EQ(runs.back().Source, "b.pbo");
+    EXPECT_EQ(runs.back().From, FileFormat::Phonebook175);
     EXPECT_EQ(ErrorOf({"--pruefen", "--nach=193", "a.csv"}),
               "--nach gilt nur mit einem ZIEL oder mit --verluste");
     EXPECT_EQ(ErrorOf({"--verluste", "a.csv", "--ueberschreiben"}),
@@ -155,6 +160,9 @@ TEST(Options, WithoutATarget) {
 TEST(Options, ShowHelpAndVersionBeforeAllThatFollows) {
     EXPECT_EQ(Read({"--hilfe", "--falsch"}).What, Task::ShowHelp);
     EXPECT_EQ(Read({"a", "b", "c", "--version", "--nach"}).What, Task::ShowVersion);
+    EXPECT_EQ(Read({"-h"}).What, Task::ShowHelp);
+    EXPECT_EQ(Read({"--help"}).What, Task::ShowHelp);
+    EXPECT_EQ(Read({"-V"}).What, Task::ShowVersion);
     EXPECT_NE(ErrorOf({"--falsch", "--hilfe"}), "");
 }
 
@@ -164,17 +172,19 @@ TEST(Options, NameTheNearestOneOfAWrongOne) {
         {"--anführungszeichen", "--anfuehrungszeichen"},
         {"--überschreiben", "--ueberschreiben"},
         {"--anf", "--anfuehrungszeichen"},
-        {"--help", "--hilfe"},
         {"--addregioncode", "--AddRegionCode"},
         {"--Change00to", "--Change00to+"},
         {"-v", "--von"},
         {"--ausschließen=1", "--ausschliessen"},
-        {"--to", "--von"},
     };
     for (const auto& option : wrong) {
         const std::string name(option.first.substr(0, option.first.find('=')));
         EXPECT_EQ(ErrorOf({"a.t9t", "b.csv", option.first}),
                   "unbekannte Option " + name + "; am nächsten kommt " + option.second);
+    }
+    for (const std::string name : {"-?", "--to", "-x"}) {
+        EXPECT_EQ(ErrorOf({"a.t9t", "b.csv", name}),
+                  "unbekannte Option " + name + "; --hilfe nennt alle");
     }
 }
 
@@ -182,10 +192,12 @@ TEST(Options, NameTheNearestOneOfAWrongFormat) {
     EXPECT_EQ(ErrorOf({"--von", "cvs", "a", "b"}),
               "--von: unbekanntes Format cvs; am nächsten kommt csv");
     EXPECT_EQ(ErrorOf({"--von", "ip286", "a", "b"}),
-              "--von: unbekanntes Format ip286; am nächsten kommt 195");
+              "--von: unbekanntes Format ip286; bekannt sind 195, 193, 175, csv");
     EXPECT_EQ(ErrorOf({"--nach", "gebühren", "a", "b"}),
               "--nach: unbekanntes Format gebühren; am nächsten kommt gebuehren");
-    EXPECT_EQ(ErrorOf({"--nach=", "a", "b"}), "--nach: unbekanntes Format ; am nächsten kommt 195");
+    EXPECT_EQ(ErrorOf({"--nach=", "a", "b"}),
+              "--nach: unbekanntes Format ; bekannt sind 195, 193, 175, csv, ip286, simsurf, "
+              "gebuehren");
     EXPECT_EQ(ErrorOf({"--nach=CSV", "a", "b"}),
               "--nach: unbekanntes Format CSV; am nächsten kommt csv");
 }

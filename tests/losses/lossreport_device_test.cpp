@@ -164,9 +164,10 @@ TEST(LossReport193, ExportMark) {
 
 TEST(LossReport193, RingToneAnnouncementAndMsn) {
     ExpectLosses(OneWith(&RegisterEntry::Ton, 12), To193, {},
-                 {{LossKind::RingTone, "#2 Bert: Klingelton 12 fällt weg"}});
-    ExpectLosses(OneWith(&RegisterEntry::Ton, 128), To193, {},
-                 {{LossKind::RingTone, "#2 Bert: individueller Klingelton 0 fällt weg"}});
+                 {{LossKind::RingTone, "#2 Bert: Klingelton \"Klingel 3\" fällt weg"}});
+    ExpectLosses(
+        OneWith(&RegisterEntry::Ton, 128), To193, {},
+        {{LossKind::RingTone, "#2 Bert: individueller Klingelton \"3Klang 1\" fällt weg"}});
     ExpectLosses(OneWith(&RegisterEntry::AB, 3), To193, {},
                  {{LossKind::Announcement, "#2 Bert: Ansage 3 fällt weg"}});
     ExpectLosses(OneWith(&RegisterEntry::MsnFilter, 2), To193, {},
@@ -234,7 +235,7 @@ TEST(LossReport175, BlanksAtTheEndsOfTheInfoText) {
 TEST(LossReport175, EverythingElse) {
     ExpectLosses(
         One(Full()), To175, {},
-        {{LossKind::RingTone, "#2 Müller, Jörg: individueller Klingelton 12 fällt weg"},
+        {{LossKind::RingTone, "#2 Müller, Jörg: individueller Klingelton \"Klingel 3\" fällt weg"},
          {LossKind::Announcement, "#2 Müller, Jörg: Ansage 3 fällt weg"},
          {LossKind::Msn, "#2 Müller, Jörg: MSN 3 fällt weg"},
          {LossKind::CallFilter, "#2 Müller, Jörg: Anruffilter VIP fällt weg"},

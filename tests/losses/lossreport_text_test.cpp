@@ -171,7 +171,7 @@ TEST(LossReportCsv, ValuesOutsideTheirRange) {
 const std::vector<std::string> LostValues = {
     "#1 Müller, Jörg: Infotext fällt weg: ()Büro",
     "#1 Müller, Jörg: Exportmarkierung fällt weg",
-    "#1 Müller, Jörg: individueller Klingelton 12 fällt weg",
+    "#1 Müller, Jörg: individueller Klingelton \"Klingel 3\" fällt weg",
     "#1 Müller, Jörg: Ansage 3 fällt weg",
     "#1 Müller, Jörg: MSN 3 fällt weg",
     "#1 Müller, Jörg: Anruffilter VIP fällt weg",
