@@ -127,6 +127,22 @@ ConsoleManner MannerOf(const ConverterOptions& options) {
     return {.Source = Shown(options.Source), .Msn = options.Msn, .Silent = options.Silent};
 }
 
+/// Says what is amiss with a source that was not read whole.
+void SayDamage(const ConverterOptions& options, const std::vector<Text>& sentences) {
+    for (const Text& sentence : sentences) {
+        Say(InQuotes(options.Source) + u" " + sentence);
+    }
+}
+
+constexpr TextView WithoutOption = u"--trotzdem schreibt, was gelesen ist";
+
+ExitStatus Refused(const ConverterOptions& options, TextView why) {
+    if (options.What == Task::Convert) {
+        NotWritten(options.Target, why);
+    }
+    return ExitStatus::Damaged;
+}
+
 /// A call list goes from file to file; there is no register in between.
 ExitStatus ConvertCalls(const ConverterOptions& options) {
     ConsoleDesktop desktop(MannerOf(options));
@@ -139,44 +155,41 @@ ExitStatus ConvertCalls(const ConverterOptions& options) {
     } catch (const RuntimeError& error) {
         return NotRead(options.Source, error.Description());
     }
+    const CallListExtent extent = ExtentOf(calls.Content);
+    const std::vector<Text> damage = DamageOf(extent);
+    SayDamage(options, damage);
+    if (!damage.empty() && extent.WholeCalls == 0) {
+        return Refused(options, u"kein Anruf ist gelesen");
+    }
+    if (!damage.empty() && !options.DespiteDamage) {
+        return Refused(options, WithoutOption);
+    }
+    const ByteView readable =
+        damage.empty() ? ByteView(calls.Content) : ByteView(calls.Content).first(extent.WholeBytes);
     const auto write = [&](const OutputTarget& target) {
         EnsureNotItself(options.Source, options.Target);
-        WriteCallList(calls.Content, target, desktop);
+        WriteCallList(readable, target, desktop);
         return true;
     };
     const ExitStatus written = WriteOrSay(options, write, report, desktop);
-    const bool reported = desktop.Findings() > 0;
+    const bool reported = desktop.Findings() > 0 || !damage.empty();
     if (written == ExitStatus::Done) {
         ReportCallList(options.Target, desktop);
     }
     return StatusOf(written, reported);
 }
 
-/// Says what is amiss with a source that was not read whole.
-void SayDamage(const ConverterOptions& options, const RegisterState& state) {
-    for (const Text& sentence : DamageOf(state)) {
-        Say(InQuotes(options.Source) + u" " + sentence);
-    }
-}
-
-ExitStatus Refused(const ConverterOptions& options, TextView why) {
-    if (options.What == Task::Convert) {
-        NotWritten(options.Target, why);
-    }
-    return ExitStatus::Damaged;
-}
-
 /// Says what is to be said of the load; gives the status where it is the end.
 std::optional<ExitStatus> EndOfLoad(const ConverterOptions& options, LoadResult loaded,
                                     const RegisterState& state, ConsoleDesktop& desktop) {
     desktop.PrintMessages();
-    SayDamage(options, state);
+    SayDamage(options, DamageOf(state));
     switch (loaded) {
     case LoadResult::Whole:
     case LoadResult::TakenDespiteDamage:
         return std::nullopt;
     case LoadResult::Damaged:
-        return Refused(options, u"--trotzdem schreibt, was gelesen ist");
+        return Refused(options, WithoutOption);
     case LoadResult::NothingRead:
         return Refused(options, u"kein Eintrag ist gelesen");
     case LoadResult::OtherKind:

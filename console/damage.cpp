@@ -68,6 +68,16 @@ std::vector<Text> DamageOf(const RegisterState& state) {
     return sentences;
 }
 
+std::vector<Text> DamageOf(const CallListExtent& calls) {
+    if (!calls.EndsInCall && !calls.BrokenCall) {
+        return {};
+    }
+    return {Text(IsDamaged) +
+            Text(calls.EndsInCall ? u"endet mitten in Anruf " : u"unlesbar ist Anruf ") +
+            Decimal(calls.WholeCalls + 1) + u"; " +
+            Counted(calls.WholeCalls, u"Anruf ist gelesen", u"Anrufe sind gelesen")};
+}
+
 std::vector<Text> PassedOver(const LoadDamage& damage) {
     std::vector<Text> sentences;
     if (damage.LinesPassedOver > 0) {

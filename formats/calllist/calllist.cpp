@@ -75,17 +75,36 @@ Text DateText(TextView stamp) {
     return text;
 }
 
-/// Converts the next call; false when a length of 0 ends the list.
-bool ConvertCall(ByteReader& input, OutputFile& output, RepeatedInput& questions) {
+struct Call {
+    std::int64_t Number = 0;
+    ByteView Date;
+    ByteView Caller;
+};
+
+/// The next call up to its last element; nothing when a length of 0 ends the list.
+std::optional<Call> ReadCall(ByteReader& input) {
     const std::optional<ByteView> number = ReadElement(input);
     if (!number) {
+        return std::nullopt;
+    }
+    Call call;
+    call.Number = NumberOf(*number) - 1;
+    call.Date = ReadString(input);
+    call.Caller = ReadString(input);
+    return call;
+}
+
+/// Converts the next call; false when a length of 0 ends the list.
+bool ConvertCall(ByteReader& input, OutputFile& output, RepeatedInput& questions) {
+    const std::optional<Call> call = ReadCall(input);
+    if (!call) {
         return false;
     }
     const auto write = [&output](TextView text) { output.Write(BytesFromText(text)); };
-    write(TwoDigits(NumberOf(*number) - 1) + calllist::Separator);
-    const Text date = DateText(TextFromBytes(ReadString(input)));
+    write(TwoDigits(call->Number) + calllist::Separator);
+    const Text date = DateText(TextFromBytes(call->Date));
     write(date + calllist::Separator);
-    const Text caller = DeviceToAnsi(ReadString(input));
+    const Text caller = DeviceToAnsi(call->Caller);
     const Text msn = questions
                          .Ask({.prompt = u"MSN zu " + date + u" " + caller,
                                .title = u"Anruferliste-Ergänzung MSN",
@@ -127,6 +146,32 @@ bool ConvertCallList(const FilePath& file, Desktop& desktop) {
     WriteCallList(bytes, outputPath, desktop);
     ReportCallList(outputPath, desktop);
     return true;
+}
+
+CallListExtent ExtentOf(ByteView calls) {
+    CallListExtent extent;
+    ByteReader input(calls);
+    input.ReadBytes(calllist::HeaderLength);
+    extent.WholeBytes = input.Read().size();
+    try {
+        for (bool goesOn = true; goesOn && !input.AtEnd();) {
+            if (!ReadCall(input)) {
+                break;
+            }
+            if (input.IsShort()) {
+                extent.EndsInCall = true;
+                break;
+            }
+            goesOn = ReadElement(input).has_value();
+            ++extent.WholeCalls;
+            extent.WholeBytes = input.Read().size();
+        }
+    } catch (const HardStop&) {
+        extent.BrokenCall = true;
+    } catch (const RuntimeError&) {
+        extent.BrokenCall = true;
+    }
+    return extent;
 }
 
 void WriteCallList(ByteView calls, const OutputTarget& target, Desktop& desktop) {

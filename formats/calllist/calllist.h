@@ -30,6 +30,15 @@ void EnsureNotItself(const FilePath& file, const FilePath& output);
 /// or number with a wrong tag; the output is then as it was.
 bool ConvertCallList(const FilePath& file, Desktop& desktop);
 
+/// How far a list that has been read is one.
+struct CallListExtent {
+    int WholeCalls = 0;
+    std::size_t WholeBytes = 0;  ///< the list up to the end of the last whole call
+    bool EndsInCall = false;
+    bool BrokenCall = false;  ///< a wrong tag, or a call number that is too large
+};
+CallListExtent ExtentOf(ByteView calls);
+
 /// The conversion alone: the calls of a list that has been read go into a file of any name. Raises
 /// what writing raises, error 6 and HardStop as ConvertCallList does.
 void WriteCallList(ByteView calls, const OutputTarget& target, Desktop& desktop);

@@ -53,10 +53,10 @@ expect '' --msn ''
 expect '' --ausschliessen al
 
 # The codes are quoted, unless the user has begun to quote.
-expect "'##'|'**'|'*'|i" --null-weg ''
+expect "'##'|'*'|'**'|i" --null-weg ''
 expect "'##'" --null-weg '#'
-expect "'**'|'*'" --null-weg = '*'
-expect '**|*' --null-weg "'*"
+expect "'*'|'**'" --null-weg = '*'
+expect '*|**' --null-weg "'*"
 expect '##' --null-weg '"#'
 expect "'##'" --null-weg '\\#'
 expect '' --preis ''

@@ -168,32 +168,46 @@ TEST(ConvertCallList, ReportsTheHeaderOfARegisterAndGoesOn) {
     EXPECT_EQ(ReadFile(folder / "neu.csv"), Raw("'00;24.12.2005 18:30;0;0301' 0D0A"));
 }
 
-TEST(ConvertCallList, OfABrokenCallStopsHardAndLeavesNothing) {
-    const TestFolder folder;
-    const FilePath calls =
-        folder.Write("anrufe.t9a", Join({ExampleCalls(), Raw("02 03 07 01 '0' 06 01 '1' 01")}));
-    for (const std::string& target : {(folder / "neu.csv").string(), std::string("-")}) {
-        const Outcome outcome = RunConverter({calls.string(), target});
-        EXPECT_EQ(outcome.Status, 4);
-        EXPECT_EQ(outcome.Errors,
-                  "norvik-konverter: \"" + calls.string() + "\" ist beschädigt: Abbruch\n");
-        EXPECT_THAT(outcome.Output, IsEmpty());
-        EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("anrufe.t9a"));
+TEST(ConvertCallList, ThatIsDamagedGivesItsWholeCallsOnRequestAlone) {
+    const std::vector<std::pair<Bytes, std::string>> lists = {
+        {Join({ExampleCalls(), Raw("02 03 07 01 '0' 06 01 '1' 01")}), "unlesbar ist Anruf 3"},
+        {Join({ExampleCalls(), Raw("09 01 01 01 01 01 01 01 FF 06 00 06 00 01")}),
+         "unlesbar ist Anruf 3"},
+        {Join({ExampleCalls(), Raw("02 03 06 0A '0512'")}), "endet mitten in Anruf 3"},
+    };
+    for (const auto& list : lists) {
+        const TestFolder folder;
+        const FilePath calls = folder.Write("anrufe.t9a", list.first);
+        const std::string damage = "norvik-konverter: \"" + calls.string() +
+                                   "\" ist beschädigt: " + list.second +
+                                   "; 2 Anrufe sind gelesen\n";
+        for (const std::string& target : {(folder / "neu.csv").string(), std::string("-")}) {
+            const Outcome outcome = RunConverter({calls.string(), target});
+            EXPECT_EQ(outcome.Status, 4);
+            EXPECT_EQ(outcome.Errors, damage + "norvik-konverter: \"" + target +
+                                          "\" nicht geschrieben: --trotzdem schreibt, was gelesen "
+                                          "ist\n");
+            EXPECT_THAT(outcome.Output, IsEmpty());
+            EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("anrufe.t9a"));
+        }
+        const Outcome taken = RunConverter({"--trotzdem", "--still", calls.string(), "-"});
+        EXPECT_EQ(taken.Status, 1);
+        EXPECT_EQ(taken.Errors, damage);
+        EXPECT_EQ(taken.Output,
+                  RunConverter({folder.Write("a.t9a", ExampleCalls()).string(), "-"}).Output);
     }
 }
 
-TEST(ConvertCallList, OfACallNumberThatIsTooLargeIsNotReadable) {
+TEST(ConvertCallList, OfWhichNoCallIsWholeGivesNothing) {
     const TestFolder folder;
-    const FilePath calls = folder.Write(
-        "anrufe.t9a", Join({ExampleCalls(), Raw("09 01 01 01 01 01 01 01 FF 06 00 06 00 01")}));
-    const Outcome outcome = RunConverter({calls.string(), (folder / "neu.csv").string()});
-    EXPECT_EQ(outcome.Status, 3);
-    EXPECT_EQ(outcome.Errors, calls.string() +
-                                  ": Undef'd Error: mnuDateiConvCallListCSV:6Überlauf\n"
-                                  "norvik-konverter: \"" +
-                                  (folder / "neu.csv").string() +
-                                  "\" nicht geschrieben: Überlauf\n");
-    EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("anrufe.t9a"));
+    const FilePath calls =
+        folder.Write("a.t9a", Raw("06 12 'Anrufliste 195/193' 02 03 07 01 '0' 06 01 '1' 01"));
+    const Outcome outcome = RunConverter({"--trotzdem", calls.string(), "-"});
+    EXPECT_EQ(outcome.Status, 4);
+    EXPECT_EQ(outcome.Errors, "norvik-konverter: \"" + calls.string() +
+                                  "\" ist beschädigt: unlesbar ist Anruf 1; 0 Anrufe sind gelesen\n"
+                                  "norvik-konverter: \"-\" nicht geschrieben: kein Anruf ist "
+                                  "gelesen\n");
 }
 
 TEST(ConvertCallList, ThatIsMissingIsNamedWithTheReason) {

@@ -71,6 +71,23 @@ TEST(NoteDeviceBytes, NamesEachPairOnce) {
                             "ü"));
 }
 
+TEST(CompareValues, NamesTonesAsTheWindowDoes) {
+    const std::vector<std::pair<int, std::string>> tones = {
+        {EnTon, "individueller Klingelton \"3Klang 1\""},
+        {19, "Klingelton \"Klingel 10\""},
+        {20, "Klingelton \"Eigen 1\""},
+        {79, "Klingelton \"Eigen 60\""},
+        {80, "Klingelton 80"},
+    };
+    for (const auto& tone : tones) {
+        RegisterEntry before = Entry(u"Eva");
+        before.Ton = static_cast<std::int16_t>(tone.first);
+        EXPECT_THAT(
+            Noted([&](EntryLosses& losses) { CompareValues(before, Entry(u"Eva"), losses); }),
+            ElementsAre("#7 Eva: " + tone.second + " fällt weg"));
+    }
+}
+
 TEST(CompareValues, SaysOfEachValueWhatItBecomes) {
     RegisterEntry before = Entry(u"Eva", u"1", u"()");
     before.Ton = 85;

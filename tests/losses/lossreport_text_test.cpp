@@ -275,6 +275,23 @@ TEST(LossReportChargeStatement, NameAndChargesLoseNothing) {
     EXPECT_THAT(Lines(RegisterOf({entry}), ToStatement), IsEmpty());
 }
 
+TEST(LossReportChargeStatement, ChargesWhoseAmountIsNothing) {
+    RegisterEntry entry = Entry(u"Müller");
+    entry.MsnFilter = EnGeb | MsnOfTelephone;
+    entry.GebEinh = 4;
+    const auto lines = [&entry](std::optional<double> price) {
+        return Lines(RegisterOf({entry}), ToStatement, {.UnitPrice = price});
+    };
+    const std::string start =
+        "#1 Müller: Gebührenstand 4 gibt den Betrag 0,00, der Preis der Einheit ist ";
+    EXPECT_THAT(lines(0), ElementsAre(start + "0"));
+    EXPECT_THAT(lines(0.001), ElementsAre(start + "zu klein"));
+    EXPECT_THAT(lines(0.00125), IsEmpty());  // is rounded to 0,01
+    EXPECT_THAT(lines(std::nullopt), IsEmpty());
+    entry.GebEinh = 0;
+    EXPECT_THAT(lines(0), IsEmpty());
+}
+
 TEST(LossReportChargeStatement, EverythingElse) {
     RegisterEntry entry = Full();
     entry.Info = u"()Büro";
