@@ -5,7 +5,7 @@ import json
 import pathlib
 import sys
 
-CORE = ["base", "register", "ringtones", "registertools", "formats", "sync", "losses", "dialogs",
+CORE = ["base", "register", "ringtones", "registertools", "formats", "sync", "losses", "versions", "dialogs",
         "mainwindow"]
 
 

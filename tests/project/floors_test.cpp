@@ -26,7 +26,7 @@ using Findings = std::vector<std::string>;
 /// From the bottom up: a folder includes itself and the floors below, not its neighbour.
 const std::vector<std::set<std::string>> Floors = {{"base"},           {"register", "ringtones"},
                                                    {"registertools"},  {"formats"},
-                                                   {"sync", "losses"}, {"dialogs"},
+                                                   {"sync", "losses", "versions"}, {"dialogs"},
                                                    {"mainwindow"},     {"qt", "console"}};
 const std::string ToolkitFloor = "qt";
 

@@ -1,0 +1,240 @@
+#include "versions/versionstore.h"
+
+#include "base/runtimeerror.h"
+#include "versions/bytes.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <limits>
+#include <system_error>
+
+namespace norvik {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// "NORVIK" and what it is, then the number of the form.
+constexpr std::array<Byte, 8> Magic = {'N', 'O', 'R', 'V', 'I', 'K', 'S', 'T'};
+constexpr std::int64_t Form = 1;
+constexpr int FlagSize = 1;
+constexpr int TimeSize = 8;
+constexpr int HashSize = 8;
+
+/// Of the content alone: two versions of equal content are one.
+std::uint64_t ContentHash(const Version& version) {
+    return HashOf(version.Content) ^ (version.IsRegister ? 1U : 0U);
+}
+
+std::string Padded(std::string digits, std::size_t width) {
+    digits.insert(0, digits.size() < width ? width - digits.size() : 0, '0');
+    return digits;
+}
+
+std::string Hexadecimal(std::uint64_t value) {
+    std::array<char, 17> digits{};
+    const int length = std::snprintf(digits.data(), digits.size(), "%016llx",
+                                     static_cast<unsigned long long>(value));
+    return {digits.data(), static_cast<std::size_t>(length)};
+}
+
+/// Names sort by time: twelve digits of it come first.
+FilePath NameOf(const Version& version) {
+    constexpr std::size_t TimeDigits = 12;
+    return Padded(std::to_string(std::max<std::int64_t>(0, version.When)), TimeDigits) + "-" +
+           Hexadecimal(ContentHash(version)) + std::string(VersionEnding);
+}
+
+/// The kept files of the folder in the order of their names, the oldest first.
+std::vector<FilePath> KeptFiles(const FilePath& folder) {
+    std::vector<FilePath> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code ignored;
+        const std::string name = entry->path().filename().string();
+        if (name.ends_with(VersionEnding) && !name.empty() && name.front() >= '0' &&
+            name.front() <= '9' && entry->is_regular_file(ignored)) {
+            files.push_back(entry->path());
+        }
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+void Remove(const FilePath& file) {
+    std::error_code ignored;  // gone already, or in use: it goes another time
+    fs::remove(file, ignored);
+}
+
+std::uintmax_t SizeOfFile(const FilePath& file) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(file, error);
+    return error ? 0 : size;
+}
+
+/// Removes the other versions of the same content.
+void RemoveEqual(const FilePath& folder, const Version& version, const FilePath& kept) {
+    const std::string ending = "-" + Hexadecimal(ContentHash(version)) + std::string(VersionEnding);
+    for (const FilePath& file : KeptFiles(folder)) {
+        if (file == kept || !file.filename().string().ends_with(ending)) {
+            continue;
+        }
+        const std::optional<Version> other = ReadVersion(file);
+        if (other && other->IsRegister == version.IsRegister && other->Content == version.Content) {
+            Remove(file);
+        }
+    }
+}
+
+/// Removes the oldest until the rest is within the limits; the newest always stays.
+void RemoveOldest(const FilePath& folder) {
+    const std::vector<FilePath> files = KeptFiles(folder);
+    std::uintmax_t bytes = 0;
+    for (const FilePath& file : files) {
+        bytes += SizeOfFile(file);
+    }
+    std::size_t count = files.size();
+    for (const FilePath& file : files) {
+        if (count <= 1 || (count <= MostVersions && bytes <= MostVersionBytes)) {
+            return;
+        }
+        bytes -= std::min(bytes, SizeOfFile(file));
+        --count;
+        Remove(file);
+    }
+}
+
+ByteView BytesOf(const std::u8string& utf8) {
+    return {reinterpret_cast<const Byte*>(utf8.data()), utf8.size()};
+}
+
+}  // namespace
+
+TextView DescriptionOf(VersionReason reason) {
+    switch (reason) {
+    case VersionReason::Replaced:
+        return u"ersetzt";
+    case VersionReason::NotSavedAtLoad:
+        return u"beim Laden nicht gesichert";
+    case VersionReason::NotSavedAtQuit:
+        return u"beim Beenden nicht gesichert";
+    case VersionReason::Aborted:
+        break;
+    }
+    return u"Programmabbruch";
+}
+
+bool PrepareVersionFolder(const FilePath& folder) {
+    std::error_code error;
+    if (fs::create_directories(folder, error)) {
+        fs::permissions(folder, fs::perms::owner_all, error);
+    }
+    return fs::is_directory(folder, error);
+}
+
+Bytes EncodeVersion(const Version& version) {
+    Bytes result(Magic.begin(), Magic.end());
+    ByteAppender bytes(result);
+    bytes.Number(Form, FlagSize);
+    bytes.Number(static_cast<std::int64_t>(version.Why), FlagSize);
+    bytes.Number(version.When, TimeSize);
+    bytes.Number(version.IsRegister ? 1 : 0, FlagSize);
+    bytes.Block(BytesOf(version.Original.u8string()));
+    bytes.Block(version.Content);
+    bytes.Number(static_cast<std::int64_t>(HashOf(result)), HashSize);
+    return result;
+}
+
+std::optional<Version> DecodeVersion(ByteView encoded) {
+    using Int64 = std::numeric_limits<std::int64_t>;
+    if (encoded.size() < Magic.size() + HashSize ||
+        !std::equal(Magic.begin(), Magic.end(), encoded.begin())) {
+        return std::nullopt;
+    }
+    const ByteView hashed = encoded.first(encoded.size() - HashSize);
+    ByteTaker hash(encoded.last(HashSize));
+    if (hash.Number(HashSize, Int64::min(), Int64::max()) !=
+        static_cast<std::int64_t>(HashOf(hashed))) {
+        return std::nullopt;
+    }
+    ByteTaker bytes(hashed.subspan(Magic.size()));
+    bytes.Number(FlagSize, Form, Form);
+    Version version;
+    version.Why = static_cast<VersionReason>(
+        bytes.Number(FlagSize, static_cast<std::int64_t>(VersionReason::Replaced),
+                     static_cast<std::int64_t>(VersionReason::Aborted)));
+    version.When = bytes.Number(TimeSize, 0, Int64::max());
+    version.IsRegister = bytes.Number(FlagSize, 0, 1) == 1;
+    const ByteView original = bytes.Block();
+    version.Original = std::u8string(original.begin(), original.end());
+    const ByteView content = bytes.Block();
+    version.Content.assign(content.begin(), content.end());
+    return bytes.IsDone() ? std::optional(std::move(version)) : std::nullopt;
+}
+
+bool WriteKeptFile(const FilePath& file, ByteView bytes) {
+    FilePath beside = file;
+    beside += ".neu";
+    std::error_code error;
+    {
+        std::ofstream stream(beside, std::ios::binary | std::ios::trunc);
+        fs::permissions(beside, fs::perms::owner_read | fs::perms::owner_write, error);
+        stream.write(reinterpret_cast<const char*>(bytes.data()),
+                     static_cast<std::streamsize>(bytes.size()));
+        stream.close();
+        if (!stream) {
+            Remove(beside);
+            return false;
+        }
+    }
+    fs::rename(beside, file, error);
+    if (error) {
+        Remove(beside);
+        return false;
+    }
+    return true;
+}
+
+bool KeepVersion(const FilePath& folder, const Version& version) {
+    try {
+        const FilePath file = folder / NameOf(version);
+        if (!PrepareVersionFolder(folder) || !WriteKeptFile(file, EncodeVersion(version))) {
+            return false;
+        }
+        RemoveEqual(folder, version, file);
+        RemoveOldest(folder);
+        return true;
+    } catch (const std::exception&) {  // no memory, or a name that no path can hold
+        return false;
+    }
+}
+
+std::vector<Version> ListVersions(const FilePath& folder) {
+    std::vector<Version> versions;
+    for (const FilePath& file : KeptFiles(folder)) {
+        if (std::optional<Version> version = ReadVersion(file)) {
+            version->Content = {};
+            versions.push_back(std::move(*version));
+        }
+    }
+    std::stable_sort(versions.begin(), versions.end(),
+                     [](const Version& a, const Version& b) { return a.When > b.When; });
+    return versions;
+}
+
+std::optional<Version> ReadVersion(const FilePath& file) {
+    try {
+        std::optional<Version> version = DecodeVersion(ReadWholeFile(file));
+        if (version) {
+            version->File = file;
+        }
+        return version;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace norvik
