@@ -114,16 +114,6 @@ std::vector<RegisterEntry> EntriesInOrder(const RegisterState& state) {
     return entries;
 }
 
-bool IsAsSaved(const History& history, const RegisterState& state) {
-    if (history.Saved.size() != static_cast<std::size_t>(std::max(0, state.AnzGes))) {
-        return false;
-    }
-    int position = 0;
-    return std::all_of(history.Saved.begin(), history.Saved.end(), [&](const RegisterEntry& entry) {
-        return IsSameEntry(entry, EntryAt(state, ++position));
-    });
-}
-
 /// Swaps the step's values with the register's; the recorded register follows.
 void Swap(History& history, HistoryStep& step, RegisterState& state) {
     for (auto& [place, entry] : step.Entries) {
@@ -208,6 +198,16 @@ void RecordTypedAsUndone(History& history, TypedEntry typed, TextView what) {
 
 void NoteSaved(History& history, const RegisterState& state) {
     history.Saved = EntriesInOrder(state);
+}
+
+bool IsAsSaved(const History& history, const RegisterState& state) {
+    if (history.Saved.size() != static_cast<std::size_t>(std::max(0, state.AnzGes))) {
+        return false;
+    }
+    int position = 0;
+    return std::all_of(history.Saved.begin(), history.Saved.end(), [&](const RegisterEntry& entry) {
+        return IsSameEntry(entry, EntryAt(state, ++position));
+    });
 }
 
 const HistoryStep* StepToUndo(const History& history) {

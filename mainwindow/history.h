@@ -73,6 +73,9 @@ void RecordTypedAsUndone(History& history, TypedEntry typed, TextView what);
 /// The register as it is now is the one last loaded or saved whole.
 void NoteSaved(History& history, const RegisterState& state);
 
+/// Whether a register's entries are those that were loaded or saved whole last, in their order.
+bool IsAsSaved(const History& history, const RegisterState& state);
+
 /// The step that undoing or redoing would take; nullptr when there is none.
 const HistoryStep* StepToUndo(const History& history);
 const HistoryStep* StepToRedo(const History& history);

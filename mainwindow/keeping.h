@@ -1,0 +1,38 @@
+// What is about to vanish is kept: the register when a load or the program's end drops it, a file
+// when a save replaces it. Nothing here asks, shows a box or makes an operation fail.
+#pragma once
+
+#include "mainwindow/program.h"
+#include "versions/versionstore.h"
+
+namespace norvik {
+
+/// Where the versions lie: beside the program where that is where its settings lie, else in the
+/// user's state folder, which is `stateFolder`.
+FilePath VersionFolder(const FilePath& programFolder, const FilePath& executableFolder,
+                       const FilePath& stateFolder);
+
+/// Makes the versions of the processes that died, and the name of this process's file. Without a
+/// folder in program.Keep nothing is kept, here and below. Gives how many there were.
+int StartKeeping(Program& program);
+
+/// Keeps the register as it was before the running operation, unless it is as it was loaded or
+/// saved whole last.
+void KeepUnsaved(Program& program, VersionReason why);
+
+/// Brings this process's file up to date: it holds the register while no save does.
+void KeepSession(Program& program);
+
+/// The program ends: keeps what no save holds, and this process's file goes.
+void EndKeeping(Program& program, VersionReason why);
+
+/// Keeps the bytes of a file that a save is about to replace. Gives what the status is to add
+/// behind the path: nothing, " (inzwischen geändert; der andere Stand ist aufgehoben)", or that it
+/// could not be kept.
+Text KeepReplaced(Program& program, const FilePath& path);
+
+/// Remembers what the file that was just loaded or saved holds, so that a later change by somebody
+/// else is noticed.
+void RememberFile(Program& program, const FilePath& path);
+
+}  // namespace norvik

@@ -1,0 +1,144 @@
+#include "mainwindow/undo.h"
+
+#include "mainwindow/operations.h"
+#include "mainwindow/registerlistwindow.h"
+
+#include <new>
+
+namespace norvik {
+
+namespace {
+
+constexpr TextView Typing = u"Eingabe";
+constexpr TextView TypingLeft = u"Eingabe verworfen";
+
+/// What the fields hold of the shown entry.
+TypedEntry TypedNow(const Program& program) {
+    return {program.Fields.Index, BufferOf(program.Fields)};
+}
+
+/// The position that shows a table index; the present one where none does.
+int PositionOfPlace(const RegisterState& state, int place) {
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        if (state.RegisterOrder(position) == place) {
+            return position;
+        }
+    }
+    return state.AnzNr;
+}
+
+/// Shows the entry with what was typed for it, as if it were being typed.
+void ShowTyped(Program& program, const TypedEntry& typed, Desktop& desktop) {
+    SelectRecord(program.State, PositionOfPlace(program.State, typed.Place), desktop);
+    PutBuffer(typed.Buffer, program.Fields);
+    program.Fields.btnSaveChange = EditState::Pending;
+}
+
+void ShowRegister(Program& program, bool loaded, Desktop& desktop) {
+    SelectRecord(program.State, program.State.AnzNr, desktop);
+    RefreshStatus(program.State, desktop);
+    if (loaded) {
+        desktop.ShowCurrentFile();
+        RenewRegisterList(program, desktop);
+    }
+}
+
+/// Takes the next step in one direction and shows what it brought back.
+void Step(Program& program, const HistoryStep* step,
+          std::optional<TypedEntry> (*take)(History&, RegisterState&), TextView word,
+          Desktop& desktop) {
+    if (step == nullptr) {
+        return;
+    }
+    const Text status = Text(word).append(step->What);
+    const bool loaded = step->Loaded;
+    if (const std::optional<TypedEntry> typed = take(program.Past, program.State)) {
+        ShowTyped(program, *typed, desktop);
+    } else {
+        ShowRegister(program, loaded, desktop);
+    }
+    desktop.SetStatus(status);
+}
+
+Text Caption(TextView word, const TextView what) {
+    Text caption(word);
+    if (!what.empty()) {
+        caption.append(u": ");
+        // A "&" would be taken for a mark of the menu.
+        for (const char16_t character : what) {
+            caption.append(character == u'&' ? 2 : 1, character);
+        }
+    }
+    return caption;
+}
+
+/// Where memory runs out, undoing ends here: better no step than a wrong one.
+void Record(Program& program, TextView what) {
+    try {
+        RecordStep(program.Past, program.State, what);
+    } catch (const std::bad_alloc&) {
+        StartHistory(program.Past, program.State);
+    }
+}
+
+}  // namespace
+
+bool IsNotStored(const Program& program) {
+    return !(BufferOf(program.Fields) == program.Shown);
+}
+
+void RunStep(Program& program, TextView what, const std::function<void()>& operation,
+             Desktop& desktop) {
+    std::optional<TypedEntry> typed;
+    if (IsNotStored(program)) {
+        typed = TypedNow(program);
+    }
+    const unsigned shows = program.Shows;
+    const unsigned kept = program.Kept;
+    const unsigned wholeFiles = program.State.WholeFiles;
+    RunOperation(operation, desktop);
+    if (typed && program.Shows != shows && program.Kept == kept) {
+        RecordTyped(program.Past, std::move(*typed), TypingLeft);
+    }
+    Record(program, what);
+    if (program.State.WholeFiles != wholeFiles) {
+        NoteSaved(program.Past, program.State);
+    }
+}
+
+bool CanUndo(const Program& program) {
+    return IsNotStored(program) || StepToUndo(program.Past) != nullptr;
+}
+
+bool CanRedo(const Program& program) {
+    return StepToRedo(program.Past) != nullptr;
+}
+
+Text UndoCaption(const Program& program) {
+    const HistoryStep* step = StepToUndo(program.Past);
+    return Caption(u"&Rückgängig", IsNotStored(program) ? Typing
+                                   : step == nullptr    ? TextView()
+                                                        : TextView(step->What));
+}
+
+Text RedoCaption(const Program& program) {
+    const HistoryStep* step = StepToRedo(program.Past);
+    return Caption(u"&Wiederholen", step == nullptr ? TextView() : TextView(step->What));
+}
+
+void mnuBearbeitenUndo(Program& program, Desktop& desktop) {
+    if (IsNotStored(program)) {
+        RecordTypedAsUndone(program.Past, TypedNow(program), Typing);
+        ++program.Kept;
+        desktop.ShowEntry();
+        desktop.SetStatus(Text(u"Rückgängig: ").append(Typing));
+        return;
+    }
+    Step(program, StepToUndo(program.Past), Undo, u"Rückgängig: ", desktop);
+}
+
+void mnuBearbeitenRedo(Program& program, Desktop& desktop) {
+    Step(program, StepToRedo(program.Past), Redo, u"Wiederholt: ", desktop);
+}
+
+}  // namespace norvik
