@@ -37,6 +37,13 @@ void EnsureAnEntry(RegisterState& state) {
     }
 }
 
+/// Writes the fields into the shown entry: what they hold is typed no longer.
+void Store(Program& program) {
+    StoreEntry(program.Fields, program.State);
+    program.Shown = BufferOf(program.Fields);
+    ++program.Kept;
+}
+
 bool ConfirmsDiscarding(Desktop& desktop) {
     return desktop.Ask({.text = u"Änderungen am Datensatz verwerfen?",
                         .title = u"Sicherheitsabfrage",
@@ -48,6 +55,8 @@ bool ConfirmsDiscarding(Desktop& desktop) {
 
 void ShowEntry(Program& program) {
     ShowEntry(program.State, program.Set.UnitPrice, program.Fields);
+    program.Shown = BufferOf(program.Fields);
+    ++program.Shows;
 }
 
 void RebuildRows(Program& program) {
@@ -57,7 +66,7 @@ void RebuildRows(Program& program) {
 void btnSaveChange_Click(Program& program, Desktop& desktop) {
     RegisterState& state = program.State;
     EnsureAnEntry(state);
-    StoreEntry(program.Fields, state);
+    Store(program);
     int place = state.AnzNr;
     SortRegister(state, place, desktop);
     state.AnzNr = place;
@@ -90,7 +99,7 @@ void chkExport_Click(Program& program, Desktop& desktop) {
     RegisterState& state = program.State;
     const bool on = program.Fields.chkExport;
     EnsureAnEntry(state);
-    StoreEntry(program.Fields, state);
+    Store(program);
     SetExportMark(state, state.RegisterOrder(state.AnzNr), on);
     desktop.ShowEntry();
     state.RegisterSaved = false;
@@ -125,7 +134,7 @@ void TelRegListe_Click(Program& program, TextView row, Desktop& desktop) {
     const int position = PositionOfRow(row);
     if (program.Fields.btnSaveChange == EditState::Pending && !ConfirmsDiscarding(desktop)) {
         // Stored without sorting, so that the row's number stays right.
-        StoreEntry(program.Fields, program.State);
+        Store(program);
         program.State.RegisterSaved = false;
         RefreshStatus(program.State, desktop);
     }
@@ -162,6 +171,7 @@ void mnuBearbeitenKillMSN(Program& program, Desktop& desktop) {
     if (RemoveMsns(program.State, desktop)) {
         // What is stored is shown at once; the other fields keep what the user typed.
         program.Fields.DDMSN = 0;
+        program.Shown.DDMSN = 0;
         const RegisterEntry& entry = EntryAt(program.State, program.State.AnzNr);
         program.Fields.Anzeigefeld[MsnFilterField] = Hex2(entry.MsnFilter);
     }
@@ -170,6 +180,7 @@ void mnuBearbeitenKillMSN(Program& program, Desktop& desktop) {
 void mnuGebDelete(Program& program, Desktop& desktop) {
     if (ClearCharges(program.State, desktop)) {
         program.Fields.AnzGeb = FormatAmount(0);
+        program.Shown.AnzGeb = program.Fields.AnzGeb;
         program.Fields.Anzeigefeld[ChargeUnitsField] = Decimal(0);
     }
 }
@@ -198,9 +209,10 @@ void StoreSettings(Program& program, const SettingsFields& fields, Desktop& desk
     Settings changed = program.Set;
     btnMakeChanges_Click(fields, changed, program.Folder, desktop);
     program.Set = std::move(changed);
+    const int units = EntryAt(program.State, program.State.AnzNr).GebEinh;
+    program.Shown.AnzGeb = FormatAmount(units * program.Set.UnitPrice);
     if (!program.Fields.ChargeErased) {
-        const int units = EntryAt(program.State, program.State.AnzNr).GebEinh;
-        program.Fields.AnzGeb = FormatAmount(units * program.Set.UnitPrice);
+        program.Fields.AnzGeb = program.Shown.AnzGeb;
     }
 }
 

@@ -114,6 +114,17 @@ std::vector<RegisterEntry> EntriesInOrder(const RegisterState& state) {
     return entries;
 }
 
+bool AreEntriesOf(const std::shared_ptr<const std::vector<RegisterEntry>>& entries,
+                  const RegisterState& state) {
+    if (entries == nullptr || static_cast<int>(entries->size()) != state.AnzGes) {
+        return false;
+    }
+    int position = 0;
+    return std::all_of(entries->begin(), entries->end(), [&](const RegisterEntry& entry) {
+        return IsSameEntry(entry, EntryAt(state, ++position));
+    });
+}
+
 /// Swaps the step's values with the register's; the recorded register follows.
 void Swap(History& history, HistoryStep& step, RegisterState& state) {
     for (auto& [place, entry] : step.Entries) {
@@ -145,12 +156,12 @@ TypedEntry TakeTyped(History& history, std::size_t index) {
     return typed;
 }
 
-void InsertTyped(History& history, TypedEntry typed, TextView what) {
+void InsertTyped(History& history, std::size_t index, TypedEntry typed, TextView what) {
     HistoryStep step;
     step.What = Text(what);
     step.Typed = std::move(typed);
     step.Bytes = BytesOf(step);
-    history.Steps.insert(history.Steps.begin() + static_cast<std::ptrdiff_t>(history.Done),
+    history.Steps.insert(history.Steps.begin() + static_cast<std::ptrdiff_t>(index),
                          std::move(step));
 }
 
@@ -160,7 +171,7 @@ void StartHistory(History& history, const RegisterState& state) {
     history.Steps.clear();
     history.Done = 0;
     history.Last = state;
-    NoteSaved(history, state);
+    NoteFile(history, state, true);
 }
 
 bool RecordStep(History& history, const RegisterState& state, TextView what) {
@@ -186,28 +197,29 @@ bool RecordStep(History& history, const RegisterState& state, TextView what) {
     return true;
 }
 
-void RecordTyped(History& history, TypedEntry typed, TextView what) {
-    InsertTyped(history, std::move(typed), what);
+void RecordTyped(History& history, std::size_t done, TypedEntry typed, TextView what) {
+    InsertTyped(history, done, std::move(typed), what);
     ++history.Done;
     DropOldest(history);
 }
 
 void RecordTypedAsUndone(History& history, TypedEntry typed, TextView what) {
-    InsertTyped(history, std::move(typed), what);
+    InsertTyped(history, history.Done, std::move(typed), what);
 }
 
-void NoteSaved(History& history, const RegisterState& state) {
-    history.Saved = EntriesInOrder(state);
+void NoteFile(History& history, const RegisterState& state, bool held) {
+    history.Saved = std::make_shared<const std::vector<RegisterEntry>>(EntriesInOrder(state));
+    if (held) {
+        history.Held = history.Saved;
+    }
 }
 
 bool IsAsSaved(const History& history, const RegisterState& state) {
-    if (history.Saved.size() != static_cast<std::size_t>(std::max(0, state.AnzGes))) {
-        return false;
-    }
-    int position = 0;
-    return std::all_of(history.Saved.begin(), history.Saved.end(), [&](const RegisterEntry& entry) {
-        return IsSameEntry(entry, EntryAt(state, ++position));
-    });
+    return AreEntriesOf(history.Saved, state);
+}
+
+bool IsHeld(const History& history, const RegisterState& state) {
+    return AreEntriesOf(history.Held, state);
 }
 
 const HistoryStep* StepToUndo(const History& history) {

@@ -6,6 +6,7 @@
 #include "register/register.h"
 
 #include <deque>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -52,8 +53,10 @@ struct History {
     std::deque<HistoryStep> Steps;
     std::size_t Done = 0;  ///< the first so many steps are done, the others undone
     RegisterState Last;    ///< the register as it was recorded last
-    /// The entries in their order as they were last loaded or saved whole.
-    std::vector<RegisterEntry> Saved;
+    /// The entries in their order as they were loaded or saved last.
+    std::shared_ptr<const std::vector<RegisterEntry>> Saved;
+    /// The same of the last file that lost nothing of them: a 193 file holds no info texts.
+    std::shared_ptr<const std::vector<RegisterEntry>> Held;
 };
 
 /// Forgets all steps: the register as it is now is where undoing ends, and counts as saved.
@@ -64,17 +67,20 @@ void StartHistory(History& history, const RegisterState& state);
 /// the listed marks alone is no step. Gives whether there was one.
 bool RecordStep(History& history, const RegisterState& state, TextView what);
 
-/// Notes what was typed and left, in front of what is recorded next. Undone steps stay.
-void RecordTyped(History& history, TypedEntry typed, TextView what);
+/// Notes what was typed and left, behind the first `done` steps. Undone steps stay.
+void RecordTyped(History& history, std::size_t done, TypedEntry typed, TextView what);
 
 /// Notes what is typed right now as undone, so that redoing brings it back.
 void RecordTypedAsUndone(History& history, TypedEntry typed, TextView what);
 
-/// The register as it is now is the one last loaded or saved whole.
-void NoteSaved(History& history, const RegisterState& state);
+/// The register as it is now is the one last loaded or saved, with `held` one that the file holds
+/// without a loss.
+void NoteFile(History& history, const RegisterState& state, bool held);
 
-/// Whether a register's entries are those that were loaded or saved whole last, in their order.
+/// Whether a register's entries are those that were loaded or saved last, in their order.
 bool IsAsSaved(const History& history, const RegisterState& state);
+/// Whether they are those that a file holds without a loss.
+bool IsHeld(const History& history, const RegisterState& state);
 
 /// The step that undoing or redoing would take; nullptr when there is none.
 const HistoryStep* StepToUndo(const History& history);

@@ -1,6 +1,7 @@
 #include "mainwindow/keeping.h"
 
 #include "base/runtimeerror.h"
+#include "losses/lossreport.h"
 #include "versions/bytes.h"
 #include "versions/keptregister.h"
 
@@ -43,6 +44,19 @@ bool Quietly(const Action& action) {
     }
 }
 
+std::optional<FileFormat> FormatOfType(TextView type) {
+    if (type == u"195") {
+        return FileFormat::Register195;
+    }
+    if (type == u"193") {
+        return FileFormat::Register193;
+    }
+    if (type == u"175") {
+        return FileFormat::Phonebook175;
+    }
+    return type == u"CSV" ? std::optional(FileFormat::Csv) : std::nullopt;
+}
+
 void RemoveSessionFile(Keeping& keep) {
     std::error_code ignored;  // another start finds it, and keeps it: nothing is lost
     fs::remove(keep.SessionFile, ignored);
@@ -57,9 +71,18 @@ FilePath VersionFolder(const FilePath& programFolder, const FilePath& executable
            FolderName;
 }
 
+bool LosesNothing(const RegisterState& state) {
+    const auto format = FormatOfType(state.SavedAs);
+    try {
+        return format && LossReport(state, *format).empty();
+    } catch (const RuntimeError&) {  // a character that no file holds
+        return false;
+    }
+}
+
 void KeepUnsaved(Program& program, VersionReason why) {
     const RegisterState& before = program.Past.Last;
-    if (program.Keep.Folder.empty() || IsAsSaved(program.Past, before)) {
+    if (program.Keep.Folder.empty() || IsHeld(program.Past, before)) {
         return;
     }
     Quietly([&] { return KeepVersion(program.Keep.Folder, VersionOf(before, why)); });
@@ -70,7 +93,7 @@ void KeepSession(Program& program) {
     if (keep.SessionFile.empty()) {
         return;
     }
-    if (!IsAsSaved(program.Past, program.State)) {
+    if (!IsHeld(program.Past, program.State)) {
         keep.SessionFileStands = true;
         Quietly([&] {
             return PrepareVersionFolder(keep.Folder) &&

@@ -16,8 +16,11 @@ FilePath VersionFolder(const FilePath& programFolder, const FilePath& executable
 /// folder in program.Keep nothing is kept, here and below. Gives how many there were.
 int StartKeeping(Program& program);
 
-/// Keeps the register as it was before the running operation, unless it is as it was loaded or
-/// saved whole last.
+/// Whether a file of the type that holds all entries now holds them without a loss.
+bool LosesNothing(const RegisterState& state);
+
+/// Keeps the register as it was before the running operation, unless a file holds it without a
+/// loss.
 void KeepUnsaved(Program& program, VersionReason why);
 
 /// Brings this process's file up to date: it holds the register while no save does.

@@ -11,6 +11,7 @@
 #include "formats/registerfile/registerfilemenu.h"
 #include "mainwindow/handlers.h"
 #include "mainwindow/registerlistwindow.h"
+#include "mainwindow/undo.h"
 #include "registertools/lineaccesszero.h"
 
 #include <exception>
@@ -64,12 +65,12 @@ void Run(Program& program, Desktop& desktop, Windows& windows) {
 
 // clang-format off
 constexpr MenuRow Rows[] = {
-    {"mnuDatei", u"&Datei", "mnuDateiLoadNV",    u"norvik 195/193 &laden...",            "Ctrl+O", 1, false, Run<mnuDateiLoadNV>},
-    {"mnuDatei", u"&Datei", "mnuDateiLoad175",   u"norvik 175 la&den...",                "",       1, false, Run<mnuDateiLoad175>},
-    {"mnuDatei", u"&Datei", "mnuDateiLoadCSV",   u"&CSV laden...",                       "",       1, false, Run<mnuDateiLoadCSV>},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadNV",    u"norvik 195/193 &laden...",            "Ctrl+O", 1, false, Run<mnuDateiLoadNV>, nullptr, u"norvik 195/193 laden"},
+    {"mnuDatei", u"&Datei", "mnuDateiLoad175",   u"norvik 175 la&den...",                "",       1, false, Run<mnuDateiLoad175>, nullptr, u"norvik 175 laden"},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadCSV",   u"&CSV laden...",                       "",       1, false, Run<mnuDateiLoadCSV>, nullptr, u"CSV laden"},
     {"mnuDatei", u"&Datei", "mnuDateiSaveNV",    u"norvik 195 &speichern",               "",       2, true,  Run<mnuDateiSaveNV>},
     {"mnuDatei", u"&Datei", "MNUDateiSave193",   u"norvik 19&3 speichern",               "",       2, true,  Run<MNUDateiSave193>},
-    {"mnuDatei", u"&Datei", "mnuDateiSave175",   u"norvik 1&75 speichern",               "",       2, true,  Run<mnuDateiSave175>},
+    {"mnuDatei", u"&Datei", "mnuDateiSave175",   u"norvik 1&75 speichern",               "",       2, true,  Run<mnuDateiSave175>, nullptr, u"norvik 175 speichern"},
     {"mnuDatei", u"&Datei", "mnuDateiSaveCSV",   u"&Als CSV speichern",                  "",       2, true,  Run<mnuDateiSaveCSV>},
     {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren...",      "",       3, false, Run<mnuDateiSaveIP286>},
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp",  u"&Handyexport...", "", 3, false, Run<mnuDateiHandyexp>},
@@ -77,17 +78,20 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "mnuDateiLoadSync",  u"SyncDatei laden",                    "",       4, false, Run<mnuDateiLoadSync>},
     {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       5, false, Run<mnuDateiBeenden>},
 
-    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, Run<mnuBearbeitenNullHinzu>},
-    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, Run<mnuBearbeitenNullEntf>},
-    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenKillMSN",   u"Abgehende &MSN löschen...",         "", 2, false, Run<mnuBearbeitenKillMSN>},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, Run<mnuBearbeitenNullHinzu>, nullptr, u"Null hinzufügen (# Einträge)"},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, Run<mnuBearbeitenNullEntf>, nullptr, u"Null entfernen (# Einträge)"},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenKillMSN",   u"Abgehende &MSN löschen...",         "", 2, false, Run<mnuBearbeitenKillMSN>, nullptr, u"MSN löschen (# Einträge)"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuNameRingtones",       u"&Klingeltonnamen erneuern...",      "", 3, false, Run<mnuNameRingtones>},
+
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenUndo", u"&Rückgängig",  "Ctrl+Z", 4, false, Run<mnuBearbeitenUndo>, nullptr, {}, UndoCaption, CanUndo},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenRedo", u"&Wiederholen", "Ctrl+Shift+Z; Ctrl+Y", 4, false, Run<mnuBearbeitenRedo>, nullptr, {}, RedoCaption, CanRedo},
 
     {"mnuList", u"&Liste", "mnuListView", u"&Registerliste...", "", 1, false, Run<mnuListView>},
 
     {"mnuGeb", u"&Gebühren", "mnuGebAuszug", u"Gebühren&auszug...",  "", 1, false, Run<mnuGebAuszug>},
-    {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen...", "", 1, false, Run<mnuGebDelete>},
+    {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen...", "", 1, false, Run<mnuGebDelete>, nullptr, u"Zähler löschen (# Einträge)"},
 
-    {"mnuSync", u"&Synchronisation", "mnuSyncAdd", u"&Adresse suchen...", "", 1, false, Run<mnuSyncAdd>},
+    {"mnuSync", u"&Synchronisation", "mnuSyncAdd", u"&Adresse suchen...", "", 1, false, Run<mnuSyncAdd>, nullptr, u"Adresse übernommen"},
 
     {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"Beim CSV-Einlesen Doubletten vermeiden", "", 1, false, Run<mnuExtraDoubles>, &MainWindowFields::mnuExtraDoubles},
     {"mnuExtra", u"E&xtras", "mnuSettingsBasic", u"&Einstellungen...", "", 2, false, Run<mnuSettingsBasic>},

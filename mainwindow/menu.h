@@ -21,6 +21,12 @@ struct MenuRow {
     /// Runs the operation of the item's name.
     void (*Run)(Program&, Desktop&, Windows&);
     bool MainWindowFields::*Check = nullptr;  ///< the item's check mark, if it has one
+    /// What undoing calls a change that the operation makes; "#" stands for the number of entries.
+    TextView Step = {};
+    /// The item's caption and whether it is enabled, where they change; Caption is the longest part
+    /// that stays.
+    Text (*CaptionNow)(const Program&) = nullptr;
+    bool (*EnabledNow)(const Program&) = nullptr;
 };
 
 /// All menu items, in their order, the items of a menu together.

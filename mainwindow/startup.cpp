@@ -113,6 +113,7 @@ void StartUp(Program& program, TextView commandLine, Desktop& desktop, const Fil
     }
     desktop.SetStatus(u"OK");
     program.State.WarnLineAccessZero = true;
+    StartHistory(program.Past, program.State);
 }
 
 }  // namespace norvik

@@ -1,7 +1,7 @@
 #include "mainwindow/undo.h"
 
+#include "mainwindow/keeping.h"
 #include "mainwindow/operations.h"
-#include "mainwindow/registerlistwindow.h"
 
 #include <new>
 
@@ -39,7 +39,6 @@ void ShowRegister(Program& program, bool loaded, Desktop& desktop) {
     RefreshStatus(program.State, desktop);
     if (loaded) {
         desktop.ShowCurrentFile();
-        RenewRegisterList(program, desktop);
     }
 }
 
@@ -72,13 +71,21 @@ Text Caption(TextView word, const TextView what) {
     return caption;
 }
 
-/// Where memory runs out, undoing ends here: better no step than a wrong one.
-void Record(Program& program, TextView what) {
+/// Gives whether there was a step. Where memory runs out, undoing ends here: better no step than a
+/// wrong one.
+bool Record(Program& program, TextView what) {
     try {
-        RecordStep(program.Past, program.State, what);
+        return RecordStep(program.Past, program.State, what);
     } catch (const std::bad_alloc&) {
         StartHistory(program.Past, program.State);
+        return true;
     }
+}
+
+/// The register was loaded whole, or all of it saved.
+void FollowFile(Program& program, bool loaded) {
+    NoteFile(program.Past, program.State, loaded || LosesNothing(program.State));
+    RememberFile(program, loaded ? program.State.File.Path : program.Keep.Target);
 }
 
 }  // namespace
@@ -90,19 +97,27 @@ bool IsNotStored(const Program& program) {
 void RunStep(Program& program, TextView what, const std::function<void()>& operation,
              Desktop& desktop) {
     std::optional<TypedEntry> typed;
-    if (IsNotStored(program)) {
+    if (program.Shows > 0 && IsNotStored(program)) {
         typed = TypedNow(program);
     }
     const unsigned shows = program.Shows;
     const unsigned kept = program.Kept;
     const unsigned wholeFiles = program.State.WholeFiles;
+    const std::size_t done = program.Past.Done;
     RunOperation(operation, desktop);
     if (typed && program.Shows != shows && program.Kept == kept) {
-        RecordTyped(program.Past, std::move(*typed), TypingLeft);
+        RecordTyped(program.Past, done, std::move(*typed), TypingLeft);
     }
-    Record(program, what);
+    const bool loaded = program.Past.Last.Generation != program.State.Generation;
+    if (loaded) {
+        KeepUnsaved(program, VersionReason::NotSavedAtLoad);
+    }
+    const bool changed = Record(program, what) || program.Past.Done != done;
     if (program.State.WholeFiles != wholeFiles) {
-        NoteSaved(program.Past, program.State);
+        FollowFile(program, loaded);
+    }
+    if (changed || program.State.WholeFiles != wholeFiles) {
+        KeepSession(program);
     }
 }
 

@@ -9,6 +9,13 @@
 
 namespace norvik {
 
+// What undoing calls the changes that are made without a menu item.
+inline constexpr TextView StoredStep = u"Eintrag übernommen";
+inline constexpr TextView NewStep = u"Neuer Eintrag";
+inline constexpr TextView EraseStep = u"Eintrag löschen";
+inline constexpr TextView MarkedStep = u"Eintrag markieren";
+inline constexpr TextView UnmarkedStep = u"Markierung entfernen";
+
 /// Whether the fields hold something typed or chosen that ShowEntry did not put there and nobody
 /// stored.
 bool IsNotStored(const Program& program);

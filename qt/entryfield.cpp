@@ -10,6 +10,21 @@
 
 namespace norvik {
 
+namespace {
+
+bool IsUndoKey(const QKeyEvent& event) {
+    return event.matches(QKeySequence::Undo);
+}
+
+/// Ctrl+Y as well as Ctrl+Shift+Z, whatever the desktop's habit.
+bool IsRedoKey(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    return (event.key() == Qt::Key_Y && modifiers == Qt::ControlModifier) ||
+           (event.key() == Qt::Key_Z && modifiers == (Qt::ControlModifier | Qt::ShiftModifier));
+}
+
+}  // namespace
+
 FieldValidator::FieldValidator(const FieldRule& rule, QLineEdit* field)
     : QValidator(field), rule_(rule), field_(field) {}
 
@@ -60,6 +75,7 @@ EntryField::EntryField(const FieldRule& rule, QWidget* parent)
     connect(validator_, &FieldValidator::changing, this, [this](const QString& before) {
         if (!undoing_) {
             undo_.push_back(before);
+            redo_.clear();
         }
     });
 }
@@ -70,6 +86,7 @@ void EntryField::Show(TextView text) {
         return;
     }
     undo_.clear();
+    redo_.clear();
     validator_->Show(shown);
     // The field may have the focus of a window that is not active while a box is shown.
     setCursorPosition(window()->focusWidget() == this ? EndOfText() : 0);
@@ -77,6 +94,7 @@ void EntryField::Show(TextView text) {
 
 void EntryField::ForgetUndo() {
     undo_.clear();
+    redo_.clear();
     const int cursor = cursorPosition();
     const int start = selectionStart();
     const int length = selectionLength();
@@ -89,13 +107,37 @@ void EntryField::ForgetUndo() {
     }
 }
 
+bool EntryField::HasUndo() const {
+    return !undo_.empty() || (!rule_.Padded && isUndoAvailable());
+}
+
+bool EntryField::HasRedo() const {
+    return !redo_.empty() || (!rule_.Padded && isRedoAvailable());
+}
+
+bool EntryField::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        // The line edit takes these keys always; without a step of its own they are the menu's.
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if ((IsUndoKey(key) && !HasUndo()) || (IsRedoKey(key) && !HasRedo())) {
+            event->ignore();
+            return false;
+        }
+        if (IsRedoKey(key)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void EntryField::keyPressEvent(QKeyEvent* event) {
     if (HandleFieldKey(*event) || (rule_.Padded && HandlePaddedKey(*event))) {
         event->accept();
         return;
     }
-    if (event->matches(QKeySequence::Undo)) {
-        Undo();
+    if (IsUndoKey(*event) || IsRedoKey(*event)) {
+        IsUndoKey(*event) ? Undo() : Redo();
         event->accept();
         return;
     }
@@ -172,6 +214,7 @@ int EntryField::EndOfText() const {
 
 void EntryField::Undo() {
     undoing_ = true;
+    const QString now = text();
     if (!rule_.Padded && isUndoAvailable()) {
         undo();  // several keys at a time
         const auto reached = std::find(undo_.rbegin(), undo_.rend(), text());
@@ -181,7 +224,23 @@ void EntryField::Undo() {
     } else if (!undo_.empty()) {
         const QString previous = undo_.back();
         undo_.pop_back();
+        redo_.push_back(now);
         validator_->Show(previous);
+        setCursorPosition(EndOfText());
+    }
+    undoing_ = false;
+}
+
+void EntryField::Redo() {
+    undoing_ = true;
+    if (!rule_.Padded && isRedoAvailable()) {
+        undo_.push_back(text());
+        redo();
+    } else if (!redo_.empty()) {
+        const QString next = redo_.back();
+        redo_.pop_back();
+        undo_.push_back(text());
+        validator_->Show(next);
         setCursorPosition(EndOfText());
     }
     undoing_ = false;

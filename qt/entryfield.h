@@ -52,6 +52,9 @@ class EntryField : public QLineEdit {
     void Show(TextView text);
     /// Another entry is shown: what was typed before is not undone into it.
     void ForgetUndo();
+    /// Whether the field has a step of its own to take back, or to do again.
+    [[nodiscard]] bool HasUndo() const;
+    [[nodiscard]] bool HasRedo() const;
 
   signals:
     void keyPressed(norvik::FieldKey key, bool shift);
@@ -60,6 +63,7 @@ class EntryField : public QLineEdit {
     void beeped();
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -69,12 +73,14 @@ class EntryField : public QLineEdit {
     bool HandleFieldKey(const QKeyEvent& event);
     bool HandlePaddedKey(QKeyEvent& event);
     void Undo();
+    void Redo();
 
     FieldRule rule_;
     FieldValidator* validator_;
     /// The texts before each change. The line edit forgets its own steps where a text is padded or
     /// cut.
     std::vector<QString> undo_;
+    std::vector<QString> redo_;
     bool undoing_ = false;
 };
 

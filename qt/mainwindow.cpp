@@ -1,9 +1,10 @@
 #include "qt/mainwindow.h"
 
 #include "mainwindow/handlers.h"
-#include "mainwindow/operations.h"
+#include "mainwindow/keeping.h"
 #include "mainwindow/registerlistwindow.h"
 #include "mainwindow/startup.h"
+#include "mainwindow/undo.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
 #include "qt/mobileexportdialog.h"
@@ -66,7 +67,7 @@ void MainWindow::MakeMenus() {
         }
         QAction* action = menu->addAction(ToQString(row.Caption));
         action->setObjectName(QLatin1String(row.Name.data(), static_cast<int>(row.Name.size())));
-        action->setShortcut(QKeySequence(QString::fromUtf8(row.Shortcut.data())));
+        action->setShortcuts(QKeySequence::listFromString(QString::fromUtf8(row.Shortcut.data())));
         if (row.SavesRegister) {
             saveActions_.push_back(action);
         }
@@ -74,8 +75,12 @@ void MainWindow::MakeMenus() {
             action->setCheckable(true);
             checkActions_.emplace_back(action, row.Check);
         }
+        if (row.CaptionNow != nullptr) {
+            changingActions_.emplace_back(action, &row);
+            action->setAutoRepeat(false);  // a key held down stops where a field's own steps end
+        }
         connect(action, &QAction::triggered, this,
-                [this, run = row.Run] { Run([&] { run(program_, desktop_, desktop_); }); });
+                [this, &row] { Run([&] { row.Run(program_, desktop_, desktop_); }, row.Step); });
     }
 }
 
@@ -95,8 +100,9 @@ void MainWindow::ConnectEntry() {
             continue;
         }
         connect(field, &EntryField::keyPressed, this, [this, number](FieldKey key, bool shift) {
-            Run([&] { Anzeigefeld_KeyDown(program_, number, key, shift, desktop_); });
+            Run([&] { Anzeigefeld_KeyDown(program_, number, key, shift, desktop_); }, StoredStep);
         });
+        connect(field, &QLineEdit::textChanged, this, &MainWindow::FollowTyping);
         connect(field, &EntryField::stepped, this, [this](int records) {
             widgets_.Satzwahl->setValue(widgets_.Satzwahl->value() + records);
         });
@@ -123,19 +129,21 @@ void MainWindow::ConnectChoices() {
     });
     connect(widgets_.chkExport, &QCheckBox::toggled, this, [this] {
         if (!drawing_) {
-            Run([&] { chkExport_Click(program_, desktop_); });
+            Run([&] { chkExport_Click(program_, desktop_); },
+                widgets_.chkExport->isChecked() ? MarkedStep : UnmarkedStep);
         }
     });
 }
 
 void MainWindow::ConnectButtons() {
-    const auto onClick = [this](QPushButton* button, void (*handler)(Program&, Desktop&)) {
+    const auto onClick = [this](QPushButton* button, void (*handler)(Program&, Desktop&),
+                                TextView what = {}) {
         connect(button, &QPushButton::clicked, this,
-                [this, handler] { Run([&] { handler(program_, desktop_); }); });
+                [this, handler, what] { Run([&] { handler(program_, desktop_); }, what); });
     };
-    onClick(widgets_.btnSaveChange, btnSaveChange_Click);
-    onClick(widgets_.btnNew, btnNew_Click);
-    onClick(widgets_.btnErase, btnErase_Click);
+    onClick(widgets_.btnSaveChange, btnSaveChange_Click, StoredStep);
+    onClick(widgets_.btnNew, btnNew_Click, NewStep);
+    onClick(widgets_.btnErase, btnErase_Click, EraseStep);
     onClick(widgets_.btnSearch, btnSearch_Click);
     onClick(widgets_.btnSearchMore, btnSearchMore_Click);
     connect(widgets_.Bild1, &PhonePicture::clicked, this,
@@ -154,7 +162,7 @@ void MainWindow::ConnectSelection() {
             [this](int value) { widgets_.AnzNr->setNum(value); });
     connect(widgets_.TelRegListe, &EntryListView::rowChosen, this, [this](int row) {
         const Text text = model_->Row(row);
-        Run([&] { TelRegListe_Click(program_, text, desktop_); });
+        Run([&] { TelRegListe_Click(program_, text, desktop_); }, StoredStep);
     });
     connect(widgets_.chkListFilter, &QCheckBox::toggled, this, [this] {
         if (!drawing_) {
@@ -163,13 +171,14 @@ void MainWindow::ConnectSelection() {
     });
 }
 
-void MainWindow::Run(const std::function<void()>& operation) {
+void MainWindow::Run(const std::function<void()>& operation, TextView what) {
     ReadFields();
     statusPainted_.invalidate();
     ++running_;
     try {
-        RunOperation(operation, desktop_);
+        RunStep(program_, what, operation, desktop_);
     } catch (const HardStop&) {
+        EndKeeping(program_, VersionReason::Aborted);
         hardStop_();
     }
     --running_;

@@ -59,8 +59,12 @@ class MainWindow : public QMainWindow {
     void ConnectButtons();
     void ConnectSelection();
 
-    /// Runs an operation between reading the fields from the widgets and drawing them again.
-    void Run(const std::function<void()>& operation);
+    /// Runs an operation between reading the fields from the widgets and drawing them again. What
+    /// it changes in the register can be undone as `what`.
+    void Run(const std::function<void()>& operation, TextView what = u"Änderung");
+    void DrawUndo();
+    /// Tells whether something typed is not stored yet, while it is being typed.
+    void FollowTyping();
     void ReadFields();
     void Draw();
     void DrawChoices();
@@ -76,6 +80,8 @@ class MainWindow : public QMainWindow {
     RegisterListWindow* list_ = nullptr;
     std::vector<QAction*> saveActions_;
     std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
+    /// The items whose captions change.
+    std::vector<std::pair<QAction*, const MenuRow*>> changingActions_;
     /// The program changes widgets; what they signal is no doing of the user.
     bool drawing_ = false;
     int running_ = 0;

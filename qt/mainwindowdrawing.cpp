@@ -1,6 +1,7 @@
 // How the main window draws the program's fields.
 #include "mainwindow/handlers.h"
 #include "mainwindow/listrows.h"
+#include "mainwindow/undo.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
 #include "qt/mainwindow.h"
@@ -70,12 +71,28 @@ void MainWindow::Draw() {
     for (const auto& [action, check] : checkActions_) {
         action->setChecked(fields.*check);
     }
+    DrawUndo();
     findChild<QMenu*>(QStringLiteral("mnuSync"))->setEnabled(program_.Sync.SyncLoaded);
     SelectListRow();
     if (list_ != nullptr) {
         list_->Draw(program_.List);
     }
     drawing_ = before;
+}
+
+void MainWindow::DrawUndo() {
+    for (const auto& [action, row] : changingActions_) {
+        action->setText(ToQString(row->CaptionNow(program_)));
+        action->setEnabled(row->EnabledNow(program_));
+    }
+    widgets_.NotStored->setVisible(IsNotStored(program_));
+}
+
+void MainWindow::FollowTyping() {
+    if (!drawing_ && running_ == 0) {
+        ReadFields();
+        DrawUndo();
+    }
 }
 
 void MainWindow::DrawChoices() {

@@ -157,6 +157,12 @@ QWidget* MakeEntryPanel(MainWindowWidgets& widgets, QWidget* parent) {
     layout->addLayout(left, 1, 0, Qt::AlignTop);
     layout->addLayout(right, 1, 1);
     layout->addLayout(MakeButtonLine(widgets, panel), 2, 0, 1, 2);
+    widgets.NotStored = MakeQuietLabel(QStringLiteral("nicht übernommen"), panel);
+    widgets.NotStored->setObjectName(QStringLiteral("NotStored"));
+    QSizePolicy kept = widgets.NotStored->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);  // nothing moves when it comes and goes
+    widgets.NotStored->setSizePolicy(kept);
+    layout->addWidget(widgets.NotStored, 3, 0, 1, 2, Qt::AlignTop | Qt::AlignLeft);
     layout->setRowStretch(3, 1);
     layout->addLayout(MakeDiagnostics(widgets, panel), 4, 0, 1, 2);
     return panel;

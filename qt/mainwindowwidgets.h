@@ -47,6 +47,7 @@ struct MainWindowWidgets {
     QLabel* AnzQuellZeit = nullptr;
     PhonePicture* Bild1 = nullptr;
     QPushButton* btnSaveChange = nullptr;
+    QLabel* NotStored = nullptr;  ///< tells that something typed is not stored
     QPushButton* btnNew = nullptr;
     QPushButton* btnErase = nullptr;
     QPushButton* btnEraseCharge = nullptr;

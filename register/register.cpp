@@ -40,6 +40,12 @@ const RegisterEntry& EntryAt(const RegisterState& state, int position) {
     return state.Register(state.RegisterOrder(position));
 }
 
+void NoteSaved(RegisterState& state, TextView type) {
+    state.RegisterSaved = true;
+    state.SavedAs = Text(type);
+    ++state.WholeFiles;
+}
+
 void ResetRegister(RegisterState& state) {
     ++state.Generation;
     state.Damage = {};

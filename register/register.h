@@ -63,11 +63,17 @@ struct RegisterState {
     bool WarnLineAccessZero = false;
     /// Changes whenever the register is emptied: what was taken from it before is stale then.
     unsigned Generation = 0;
+    /// Changes whenever the register was loaded whole, or all of its entries saved.
+    unsigned WholeFiles = 0;
+    Text SavedAs;  ///< the type of the file that holds them then: "195", "193", "175" or "CSV"
 };
 
 /// The entry at a position; raises error 9 for a position outside 1 to 2000.
 RegisterEntry& EntryAt(RegisterState& state, int position);
 const RegisterEntry& EntryAt(const RegisterState& state, int position);
+
+/// A file of the given type now holds all entries of the register: sets RegisterSaved.
+void NoteSaved(RegisterState& state, TextView type);
 
 /// Empties all 2000 places and puts entry i at position i; no damage is known of. Count and
 /// position stay.

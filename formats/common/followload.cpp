@@ -35,6 +35,10 @@ bool LoadOrReport(RegisterState& state, const std::function<void()>& load,
     std::optional<RuntimeError> failure;
     try {
         load();
+        if (state.Generation != before) {
+            state.SavedAs = state.File.Type;
+            ++state.WholeFiles;
+        }
         return true;
     } catch (const RuntimeError& error) {
         failure = error;

@@ -93,7 +93,7 @@ void WriteCSV(RegisterState& state, const OutputTarget& target, bool quoted) {
         });
     }
     output.Close();
-    state.RegisterSaved = true;
+    NoteSaved(state, u"CSV");
 }
 
 }  // namespace norvik

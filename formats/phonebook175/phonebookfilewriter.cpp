@@ -57,7 +57,7 @@ void WritePhonebookFile(RegisterState& state, const OutputTarget& target, Deskto
         });
     }
     file.Close();
-    state.RegisterSaved = true;
+    NoteSaved(state, u"175");
     desktop.SetPointer(Pointer::Normal);
 }
 

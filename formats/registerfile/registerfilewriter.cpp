@@ -83,7 +83,7 @@ void WriteRegisterFile195(RegisterState& state, const OutputTarget& target, Desk
     }
     WriteByte(file, registerfile::EndOfList);
     file.Close();
-    state.RegisterSaved = true;
+    NoteSaved(state, u"195");
     desktop.SetPointer(Pointer::Normal);
 }
 
@@ -109,6 +109,9 @@ bool WriteRegisterFile193(RegisterState& state, const OutputTarget& target, bool
     WriteByte(file, registerfile::EndOfList);
     file.Close();
     state.RegisterSaved = true;
+    if (!onlyMarked) {
+        NoteSaved(state, u"193");
+    }
     desktop.SetPointer(Pointer::Normal);
     return true;
 }

@@ -169,7 +169,7 @@ TEST_F(HistoryTest, TheSavedFlagTellsWhetherTheRegisterIsTheOneSaved) {
     EntryAt(state, 1).Name = u"Berta";
     RecordStep(history, state, u"eins");
     state.RegisterSaved = true;
-    NoteSaved(history, state);
+    NoteFile(history, state, true);
     EntryAt(state, 1).Name = u"Carla";
     state.RegisterSaved = false;
     RecordStep(history, state, u"zwei");
@@ -201,7 +201,7 @@ TEST_F(HistoryTest, ACountThatDiffersIsNotSaved) {
     Given(RegisterOfNames({u"Anna"}));
     EntryAt(state, AppendEntry(state)).Name = u"Bert";
     RecordStep(history, state, u"eins");
-    NoteSaved(history, state);
+    NoteFile(history, state, true);
     EntryAt(state, AppendEntry(state)).Name = u"Carl";
     RecordStep(history, state, u"zwei");
     Undo(history, state);
@@ -219,7 +219,7 @@ TypedEntry Typed(int place, TextView name) {
 
 TEST_F(HistoryTest, WhatWasTypedAndLeftIsGivenBackOnce) {
     Given(RegisterOfNames({u"Anna", u"Bert"}));
-    RecordTyped(history, Typed(1, u"Annal"), u"Eingabe verworfen");
+    RecordTyped(history, history.Done, Typed(1, u"Annal"), u"Eingabe verworfen");
     DeleteEntryAt(state, 1, desktop);
     RecordStep(history, state, u"Eintrag löschen");
     EXPECT_FALSE(Undo(history, state).has_value());

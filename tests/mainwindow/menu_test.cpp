@@ -41,6 +41,8 @@ constexpr NamedItem AllItems[] = {
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf", u"Null zur Amtholung &entfernen..."},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenKillMSN", u"Abgehende &MSN löschen..."},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuNameRingtones", u"&Klingeltonnamen erneuern..."},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenUndo", u"&Rückgängig"},
+    {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenRedo", u"&Wiederholen"},
     {"mnuList", u"&Liste", "mnuListView", u"&Registerliste..."},
     {"mnuGeb", u"&Gebühren", "mnuGebAuszug", u"Gebühren&auszug..."},
     {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen..."},
