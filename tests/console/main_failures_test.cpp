@@ -71,7 +71,11 @@ TEST_F(ConverterProgram, ATargetThatCannotBeWrittenIsReportedAsByTheWindow) {
         {"175", ""},
         {"csv", "a.t9t: Undef'd Error: mnuDateiSaveCSV:76Pfad nicht gefunden\n"},
         {"ip286", "a.t9t: Undef'd Error: mnuDateiSaveIP286:76Pfad nicht gefunden\n"},
-        {"simsurf", "a.t9t: Laufzeitfehler '76':\na.t9t: Pfad nicht gefunden\n"},
+        {"simsurf", "a.t9t: Diese Funktion exportiert das aktuelle Telefonbuch\n"
+                    "a.t9t: in ein u.a. von SIM-Surf lesbares Format\n"
+                    "a.t9t: ACHTUNG: Diese Funktion liefert nur sinnvolle Ergebnisse, wenn das\n"
+                    "a.t9t: Telefonregister keine führenden Nullen enthält!!!\n"
+                    "a.t9t: Laufzeitfehler '76':\na.t9t: Pfad nicht gefunden\n"},
         {"gebuehren", "a.t9t: Laufzeitfehler '76':\na.t9t: Pfad nicht gefunden\n"},
     };
     for (const auto& message : messages) {
