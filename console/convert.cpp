@@ -111,6 +111,7 @@ ExitStatus WriteOrSay(const ConverterOptions& options, const TargetWriter& write
         return written ? ExitStatus::Done
                        : NotWritten(options.Target, u"kein Eintrag ist markiert");
     } catch (const FileExists&) {
+        desktop.PrintMessages();
         return AlreadyThere(options.Target);
     } catch (const RuntimeError& error) {
         report(error);
