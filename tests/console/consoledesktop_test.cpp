@@ -92,27 +92,6 @@ TEST(ConsoleDesktop, PrintsEachMessageOnceWithHowOftenItCame) {
     EXPECT_EQ(desktop.Findings(), 8);
 }
 
-TEST(ConsoleDesktop, KeepsNoMoreMessagesThanItCanHold) {
-    std::optional<ConsoleDesktop> desktop(std::in_place);
-    testing::internal::CaptureStderr();
-    std::string expected;
-    for (int i = 0; i < 10'001; ++i) {
-        desktop->Ask({.text = u"Fehler " + Decimal(i)});
-        expected += i < 10'000 ? "Fehler " + std::to_string(i) + "\n" : "";
-    }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), expected);
-    testing::internal::CaptureStderr();
-    desktop->Ask({.text = Text(3'999'990, u'x')});
-    desktop->Ask({.text = u"y"});
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Fehler 10000\n");
-    testing::internal::CaptureStderr();
-    desktop->Ask({.text = Text(20, u'z')});
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), std::string(3'999'990, 'x') + "\ny\n");
-    testing::internal::CaptureStderr();
-    desktop.reset();
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), std::string(20, 'z') + "\n");
-}
-
 TEST(ConsoleDesktop, SaysNothingWhenItIsSilent) {
     ConsoleDesktop desktop({.Silent = true});
     EXPECT_EQ(Asked(desktop, {.text = u"x", .icon = Icon::Critical}).first, "");
