@@ -97,6 +97,21 @@ TEST(Guide, LinksOnlyToItsOwnSections) {
     }
 }
 
+/// A narrow screen scrolls such a table alone, and not the page.
+TEST(Guide, PutsTablesOfManyColumnsIntoAPartThatScrolls) {
+    const std::string guide = Document("nvreadme.htm");
+    EXPECT_TRUE(Contains(guide, "\n.scroll { overflow-x: auto;"));
+    const std::string part = "<div class=\"scroll\" tabindex=\"0\">\n";
+    const std::regex wide("<table>\n<tr>(<th>[^<]*</th>){4,}</tr>");
+    std::ptrdiff_t tables = 0;
+    for (std::sregex_iterator match(guide.begin(), guide.end(), wide), end; match != end; ++match) {
+        const std::string before = guide.substr(0, static_cast<std::size_t>(match->position()));
+        EXPECT_TRUE(before.ends_with(part)) << match->str();
+        ++tables;
+    }
+    EXPECT_EQ(tables, 3);
+}
+
 TEST(Guide, ListOfChangesNamesEveryVersionOfTheAboutBoxInItsOrder) {
     ScriptedDesktop desktop;
     desktop.AnswerBox(Button::Yes);
