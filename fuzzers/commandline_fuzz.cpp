@@ -1,5 +1,6 @@
 // Any bytes as a command line.
 // Sources: mainwindow/commandline.cpp
+#include "base/numbers.h"
 #include "mainwindow/commandline.h"
 #include "tests/support/idledesktop.h"
 

@@ -1,6 +1,7 @@
 // Any bytes as a settings file: read, applied, its price shown; what is written of it reads the
 // same.
 // Sources: register/settings.cpp
+#include "base/numbers.h"
 #include "register/settings.h"
 
 #include <cstdlib>
