@@ -108,7 +108,7 @@ TEST_F(ConvertFromMenu, ACallNumberTooLargeIsReported) {
     mnuDateiConvCallListCSV(desktop);
     EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + input.string(), Undefined(u"6Überlauf"),
                                                 NotSaved(u"6Überlauf")));
-    EXPECT_EQ(ReadFile(folder / "anrufe.csv"), Bytes());
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"anrufe.t9a"});
 }
 
 TEST_F(ConvertFromMenu, AWrongTagEndsTheProgramWithoutAMessage) {
@@ -116,7 +116,7 @@ TEST_F(ConvertFromMenu, AWrongTagEndsTheProgramWithoutAMessage) {
     desktop.AnswerFile(input);
     EXPECT_THROW(mnuDateiConvCallListCSV(desktop), HardStop);
     EXPECT_THAT(desktop.Transcript, ElementsAre(Dialog + input.string()));
-    EXPECT_EQ(ReadFile(folder / "anrufe.csv"), Raw("'00;'"));
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"anrufe.t9a"});
 }
 
 #ifndef _WIN32
@@ -159,7 +159,7 @@ const std::vector<Unreadable> Kinds = {
     {"a pipe without a writer",
      [](const FilePath& path) { ASSERT_EQ(mkfifo(path.c_str(), 0600), 0); }, PathAccess},
     {"a link to itself", [](const FilePath& path) { fs::create_symlink(path.filename(), path); },
-     u"57E/A-Fehler beim Zugriff auf ein Gerät"},
+     u"64Dateiname falsch"},
     {"a file without permission", MakeForbidden, u"70Zugriff verweigert"}};
 
 TEST(ConvertAnyFile, ThatCannotBeReadIsReportedAndNothingIsWritten) {

@@ -83,14 +83,14 @@ class WatchingDesktop : public ScriptedDesktop {
     FilePath file_;
 };
 
-TEST(ExportMobileFile, IsOpenedAfterTheFirstStatusAndClosedBeforeTheLast) {
+TEST(ExportMobileFile, StandsInItsPlaceBeforeTheLastStatus) {
     const TestFolder folder;
     WatchingDesktop desktop(folder / "a.pbb");
     desktop.AnswerBox(Button::Ok).AnswerBox(Button::No).AnswerBox(Button::No);
     MobileExportOptions options = Plain();
     options.UseReductionFlags = false;
     ExportMobile(Two(), options, Settings(), folder / "a.pbb", desktop);
-    EXPECT_THAT(desktop.Sizes, ElementsAre(-1, -1, 0, 0, 0))
+    EXPECT_THAT(desktop.Sizes, ElementsAre(-1, -1, -1, -1, 0))
         << "box, status, two questions, status";
 
     WatchingDesktop second(folder / "a.pbb");
@@ -162,7 +162,7 @@ TEST(ExportMobileFile, AMissingFolderRaises76) {
     EXPECT_FALSE(fs::exists(folder / "fehlt"));
 }
 
-TEST(ExportMobileFile, ANameThatTheFileCannotHoldRaises5BehindTheLinesBefore) {
+TEST(ExportMobileFile, ANameThatTheFileCannotHoldRaises5AndLeavesNoLineBefore) {
     const TestFolder folder;
     RegisterState state = Two();
     state.Register(2).Name = u"Жук";
@@ -171,7 +171,7 @@ TEST(ExportMobileFile, ANameThatTheFileCannotHoldRaises5BehindTheLinesBefore) {
     EXPECT_THAT(desktop.Transcript,
                 ElementsAre(Start, Exporting,
                             NotSaved("Ungültiger Prozeduraufruf oder ungültiges Argument")));
-    EXPECT_EQ(ReadFile(folder / "a.pbb"), Raw("'Anna;1' 0D 0A"));
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{});
 }
 
 #ifndef _WIN32

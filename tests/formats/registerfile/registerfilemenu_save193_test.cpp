@@ -166,9 +166,7 @@ TEST(MnuDateiSave193, AFailureIsPassedOverAndTheNextStepsRun) {
                             "list",
                             "status \"Nicht gespeichert: Ungültiger Prozeduraufruf oder "
                             "ungültiges Argument (#2 Bernd: 65536 Einheiten)\""));
-    EXPECT_EQ(ReadFile(path),
-              OpenFileOf({Raw("0200 0201 06 04 'Anna' 06 01 '1' 0200 020F 0200 0200"),
-                          Raw("0201 0202 06 05 'Bernd' 06 01 '2' 0200 020F")}));
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{});
     EXPECT_FALSE(state.RegisterSaved);
     EXPECT_EQ(state.AnzNr, 1);
     EXPECT_TRUE(ContentsOf(state) == before);

@@ -111,9 +111,7 @@ TEST(MnuDateiSaveNV, ATooLongTextIsPassedOverAndStaysInTheStatusLine) {
                             "status \"Nicht gespeichert: Ungültiger Prozeduraufruf oder "
                             "ungültiges Argument (#2 xxxxxxxxxxxxxxxxxxxxx: Name mit 256 "
                             "Zeichen)\""));
-    EXPECT_EQ(ReadFile(path),
-              OpenFileOf({Raw("0200 0201 06 04 'Anna' 06 01 '1' 06 00 0200 020F 0200 0200"),
-                          Raw("0201 0202 06")}));
+    EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{});
     EXPECT_FALSE(state.RegisterSaved);
     EXPECT_TRUE(ContentsOf(state) == before);
 }
@@ -130,8 +128,7 @@ TEST(MnuDateiSaveNV, ACounterOf65536IsPassedOverAndLeavesTheRegisterUnsaved) {
         EXPECT_EQ(desktop.Transcript.back(),
                   "status \"Nicht gespeichert: Ungültiger Prozeduraufruf oder ungültiges "
                   "Argument (#1 Anna: 65536 Einheiten)\"");
-        EXPECT_EQ(ReadFile(folder / "a.t9t"),
-                  OpenFileOf({Raw("0200 0201 06 04 'Anna' 06 01 '1' 06 00 0200 020F")}));
+        EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{});
         EXPECT_FALSE(state.RegisterSaved);
     }
 }
