@@ -255,8 +255,11 @@ TEST_F(WindowInfoLine, AnotherEntryCannotBeUndoneIntoThePrevious) {
     Click("btnSaveChange");
     Click("btnNew");
     Enter(8);
+    EXPECT_EQ(TextOf("AnzNr"), "2");
     Press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(TextOfField(8), Line(""));
+    EXPECT_EQ(TextOf("Status"), "Rückgängig: Neuer Eintrag");
+    EXPECT_EQ(TextOf("AnzNr"), "1");
+    EXPECT_EQ(TextOfField(8), Line("abc"));
 }
 
 TEST_F(WindowTyping, ATextLoadedFromAFileMayHoldControlCharactersAndKeepsThem) {
