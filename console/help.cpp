@@ -23,7 +23,7 @@ constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Eint
   --anfuehrungszeichen  alle Werte in Anführungszeichen (csv)
   --ausschliessen TEXT  ohne die Einträge, deren Nummer TEXT enthält (ip286);
                         mehrfach möglich
-  --ohne-doubletten     doppelte Zeilen der QUELLE auslassen (QUELLE csv)
+  --ohne-doubletten     Zeilen auslassen, die der vorigen gleichen (QUELLE csv)
   --msn TEXT            MSN aller Anrufe (QUELLE .t9a); sonst 0
   --null-hinzu          Null zur Amtholung vor alle Nummern setzen
   --null-weg CODE       Null zur Amtholung entfernen, CODE (etwa i, '##', '**'
