@@ -67,6 +67,10 @@ class Desktop {
     /// does.
     virtual bool AskToReplace(const FilePath& file) = 0;
 
+    /// A save is about to replace the file, if there is one. Gives what the status is to say behind
+    /// the path of the file that was saved.
+    virtual Text BeforeReplacing(const FilePath& /*file*/) { return {}; }
+
     // Show. A desktop without a screen shows nothing.
 
     /// Shows `text` in the status line and repaints it at once.

@@ -81,6 +81,18 @@ void RemoveWhenEnded(const FilePath& path);
 /// Takes RemoveWhenEnded() back.
 void KeepWhenEnded(const FilePath& path);
 
+/// Opens a file for the user alone, makes it where it is missing, and locks it until Close() or the
+/// end of the process, however that ends. Fails with errc::resource_unavailable_try_again while
+/// somebody else holds it.
+Handle OpenLocked(const FilePath& path, std::error_code& error);
+
+/// From now on a signal that asks the program to end (SIGTERM, SIGINT, SIGHUP) does not end it: for
+/// each, a byte with its number can be read from the handle. NoHandle where there are none.
+Handle ListenForEndSignals();
+
+/// Ends the process by the signal, as if nobody had listened.
+[[noreturn]] void EndBySignal(int signal);
+
 /// The path that an argument of the command line names.
 FilePath PathOfArgument(std::string_view argument);
 
@@ -88,5 +100,31 @@ FilePath PathOfArgument(std::string_view argument);
 /// away be an error of writing, and sees to it that no file that is opened later takes the place of
 /// a standard stream that was closed.
 void PrepareStandardStreams();
+
+/// A lock of OpenLocked() that is held as long as the object lives.
+class FileLock {
+  public:
+    /// Test IsHeld() for success.
+    explicit FileLock(const FilePath& path) : file_(OpenLocked(path, error_)) {}
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+    FileLock(FileLock&&) = delete;
+    FileLock& operator=(FileLock&&) = delete;
+    ~FileLock() {
+        if (IsHeld()) {
+            Close(file_, error_);
+        }
+    }
+
+    [[nodiscard]] bool IsHeld() const { return file_ != NoHandle; }
+    /// Whether somebody else holds it; false, too, where the file cannot be locked at all.
+    [[nodiscard]] bool IsHeldElsewhere() const {
+        return error_ == std::errc::resource_unavailable_try_again;
+    }
+
+  private:
+    std::error_code error_;
+    Handle file_;
+};
 
 }  // namespace norvik::platform

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #ifdef __linux__
@@ -97,6 +98,15 @@ extern "C" void RemoveUnfinishedAndEnd(int signal) {
     RemoveUnfinished();
     static_cast<void>(std::signal(signal, SIG_DFL));
     static_cast<void>(std::raise(signal));
+}
+
+volatile std::sig_atomic_t endSignals = -1;  ///< where TellOfSignal() writes to
+
+extern "C" void TellOfSignal(int signal) {
+    const int before = errno;
+    const auto number = static_cast<unsigned char>(signal);
+    static_cast<void>(write(static_cast<int>(endSignals), &number, 1) == 1);
+    errno = before;
 }
 
 /// Puts `handler` in the place of `old`, where that is what the signal does.
@@ -261,6 +271,45 @@ void KeepWhenEnded(const FilePath& path) {
     if (!IsAnyUnfinished()) {
         ChangeHandlers(RemoveUnfinishedAndEnd, SIG_DFL);
     }
+}
+
+Handle OpenLocked(const FilePath& path, std::error_code& error) {
+    const Handle file = Open(path, O_RDWR | O_CREAT | O_NOFOLLOW, ForTheUserAlone, error);
+    if (file == NoHandle) {
+        return NoHandle;
+    }
+    SetError(Uninterrupted([&] { return flock(Descriptor(file), LOCK_EX | LOCK_NB); }) == 0, error);
+    if (error) {
+        std::error_code ignored;
+        Close(file, ignored);
+        return NoHandle;
+    }
+    return file;
+}
+
+Handle ListenForEndSignals() {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0) {
+        return NoHandle;
+    }
+    for (const int end : ends) {
+        static_cast<void>(fcntl(end, F_SETFD, FD_CLOEXEC));  // NOLINT(*-vararg)
+        static_cast<void>(fcntl(end, F_SETFL, O_NONBLOCK));  // NOLINT(*-vararg)
+    }
+    endSignals = ends[1];
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction now {};
+        // One that is ignored, as under nohup, stays so.
+        if (sigaction(number, nullptr, &now) == 0 && now.sa_handler == SIG_DFL) {
+            static_cast<void>(std::signal(number, TellOfSignal));
+        }
+    }
+    return ends[0];
+}
+
+void EndBySignal(int signal) {
+    RemoveUnfinishedAndEnd(signal);
+    std::_Exit(EXIT_FAILURE);  // the signal is blocked
 }
 
 FilePath PathOfArgument(std::string_view argument) {

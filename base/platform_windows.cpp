@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <string>
 
 #ifndef WIN32_LEAN_AND_MEAN
@@ -164,6 +165,25 @@ void SynchroniseFolder(const FilePath& /*folder*/, std::error_code& error) {
 // No signal ends a program here without its say.
 void RemoveWhenEnded(const FilePath& /*path*/) {}
 void KeepWhenEnded(const FilePath& /*path*/) {}
+
+Handle OpenLocked(const FilePath& path, std::error_code& error) {
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    SetError(file != INVALID_HANDLE_VALUE, error);
+    if (error.value() == ERROR_SHARING_VIOLATION) {
+        error = std::make_error_code(std::errc::resource_unavailable_try_again);
+    }
+    return error ? NoHandle : reinterpret_cast<Handle>(file);
+}
+
+// No signal asks a program with a window to end here.
+Handle ListenForEndSignals() {
+    return NoHandle;
+}
+
+void EndBySignal(int /*signal*/) {
+    ExitProcess(EXIT_FAILURE);
+}
 
 FilePath PathOfArgument(std::string_view argument) {
     const int size = static_cast<int>(argument.size());

@@ -24,6 +24,9 @@ class Windows {
     virtual void CloseRegisterList() = 0;
     /// Shows the settings dialog and returns when it is closed.
     virtual void ShowSettings() = 0;
+    /// Shows the window of the earlier versions beside the main window, or brings it to the front.
+    virtual void ShowVersions() = 0;
+    virtual void CloseVersions() = 0;
 
     /// Opens a document with the program that the desktop has for it. Gives 33 when it was handed
     /// over, 2 when there is no such document, 31 when no program opens it.

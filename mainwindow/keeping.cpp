@@ -2,11 +2,16 @@
 
 #include "base/runtimeerror.h"
 #include "losses/lossreport.h"
+#include "mainwindow/handlers.h"
 #include "versions/bytes.h"
 #include "versions/keptregister.h"
 
+#include <array>
 #include <chrono>
+#include <cstdio>
 #include <exception>
+#include <random>
+#include <set>
 #include <system_error>
 
 namespace norvik {
@@ -16,6 +21,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view FolderName = "staende";
+constexpr std::string_view SessionName = "sitzung-";
+constexpr std::string_view LockEnding = ".lock";
+/// Stands in the folder from an early end of the program to the next start.
+constexpr std::string_view NoteName = "abbruch";
 
 std::int64_t SecondsNow() {
     using Clock = std::chrono::system_clock;
@@ -57,10 +66,98 @@ std::optional<FileFormat> FormatOfType(TextView type) {
     return type == u"CSV" ? std::optional(FileFormat::Csv) : std::nullopt;
 }
 
-void RemoveSessionFile(Keeping& keep) {
+void Remove(const FilePath& file) {
     std::error_code ignored;  // another start finds it, and keeps it: nothing is lost
-    fs::remove(keep.SessionFile, ignored);
+    fs::remove(file, ignored);
+}
+
+void RemoveSessionFile(Keeping& keep) {
+    Remove(keep.SessionFile);
     keep.SessionFileStands = false;
+}
+
+FilePath LockOf(FilePath sessionFile) {
+    return sessionFile.replace_extension(LockEnding);
+}
+
+/// A name that nobody else thinks of.
+FilePath NewSessionFile(const FilePath& folder) {
+    std::random_device random;
+    std::array<char, 17> digits{};
+    static_cast<void>(std::snprintf(digits.data(), digits.size(), "%08x%08x", random(), random()));
+    return folder / (std::string(SessionName) + digits.data() + std::string(VersionEnding));
+}
+
+/// Gives this process its file, locked; where nothing can be locked, without a lock.
+bool BeginSession(Keeping& keep) {
+    if (!keep.SessionFile.empty()) {
+        return true;
+    }
+    if (!PrepareVersionFolder(keep.Folder)) {
+        return false;
+    }
+    constexpr int Tries = 3;  // a start of another process may just be looking at the lock
+    for (int i = 0; i < Tries; ++i) {
+        keep.SessionFile = NewSessionFile(keep.Folder);
+        keep.Lock = std::make_shared<platform::FileLock>(LockOf(keep.SessionFile));
+        std::error_code error;
+        if (keep.Lock->IsHeld() && fs::exists(LockOf(keep.SessionFile), error)) {
+            break;
+        }
+    }
+    return true;
+}
+
+/// The files of all processes, whether they stand or only their locks do.
+std::set<FilePath> SessionFiles(const FilePath& folder) {
+    std::set<FilePath> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (name.starts_with(SessionName)) {
+            files.insert(folder /
+                         FilePath(name.substr(0, name.find('.')) + std::string(VersionEnding)));
+        }
+    }
+    return files;
+}
+
+/// Makes a version of what a process that died held. Gives whether there was one.
+bool KeepOfDead(const FilePath& folder, const FilePath& sessionFile) {
+    const platform::FileLock lock(LockOf(sessionFile));
+    if (lock.IsHeldElsewhere()) {
+        return false;
+    }
+    std::optional<Version> version = ReadVersion(sessionFile);
+    if (version) {
+        version->Why = VersionReason::Aborted;
+        if (!KeepVersion(folder, *version)) {
+            return false;
+        }
+    }
+    Remove(sessionFile);
+    Remove(FilePath(sessionFile) += ".neu");
+    Remove(LockOf(sessionFile));
+    return version.has_value();
+}
+
+/// Why the program ended early the last time; the note goes.
+Text TakeNote(const FilePath& folder) {
+    const FilePath file = folder / NoteName;
+    std::error_code error;
+    if (!fs::exists(file, error)) {
+        return {};
+    }
+    const Bytes note = ReadWholeFile(file);
+    Remove(file);
+    return TextFromBytes(note);
+}
+
+FilePath KeyOf(const FilePath& path) {
+    std::error_code error;
+    FilePath key = fs::weakly_canonical(path, error);
+    return error ? path : key;
 }
 
 }  // namespace
@@ -80,23 +177,46 @@ bool LosesNothing(const RegisterState& state) {
     }
 }
 
-void KeepUnsaved(Program& program, VersionReason why) {
-    const RegisterState& before = program.Past.Last;
-    if (program.Keep.Folder.empty() || IsHeld(program.Past, before)) {
-        return;
+int StartKeeping(Program& program) {
+    Keeping& keep = program.Keep;
+    if (keep.Folder.empty()) {
+        return 0;
     }
-    Quietly([&] { return KeepVersion(program.Keep.Folder, VersionOf(before, why)); });
+    int dead = 0;
+    Quietly([&] {
+        for (const FilePath& file : SessionFiles(keep.Folder)) {
+            dead += KeepOfDead(keep.Folder, file) ? 1 : 0;
+        }
+        keep.Note = TakeNote(keep.Folder);
+        return true;
+    });
+    if (dead > 0 && keep.Note.empty()) {
+        keep.Note = u"Das Programm wurde abgebrochen. Was nicht gesichert war, steht unter Datei, "
+                    u"Frühere Stände.";
+    }
+    return dead;
+}
+
+bool KeepUnsaved(Program& program, VersionReason why) {
+    const RegisterState& before = program.Past.Last;
+    // Nothing is recorded before the program has started.
+    if (program.Keep.Folder.empty() || program.Past.Held == nullptr ||
+        IsHeld(program.Past, before)) {
+        return true;
+    }
+    ++program.Keep.Changes;
+    return Quietly([&] { return KeepVersion(program.Keep.Folder, VersionOf(before, why)); });
 }
 
 void KeepSession(Program& program) {
     Keeping& keep = program.Keep;
-    if (keep.SessionFile.empty()) {
+    if (keep.Folder.empty()) {
         return;
     }
     if (!IsHeld(program.Past, program.State)) {
         keep.SessionFileStands = true;
         Quietly([&] {
-            return PrepareVersionFolder(keep.Folder) &&
+            return BeginSession(keep) &&
                    WriteKeptFile(keep.SessionFile,
                                  EncodeVersion(VersionOf(program.State, VersionReason::Aborted)));
         });
@@ -106,27 +226,61 @@ void KeepSession(Program& program) {
 }
 
 void EndKeeping(Program& program, VersionReason why) {
-    KeepUnsaved(program, why);
-    if (program.Keep.SessionFileStands) {
-        RemoveSessionFile(program.Keep);
+    Keeping& keep = program.Keep;
+    if (!KeepUnsaved(program, why)) {
+        return;  // the next start makes a version of this process's file
     }
+    if (keep.SessionFileStands) {
+        RemoveSessionFile(keep);
+    }
+    if (keep.Lock != nullptr) {
+        Remove(LockOf(keep.SessionFile));
+        keep.Lock.reset();
+        keep.SessionFile.clear();
+    }
+}
+
+void EndKeepingEarly(Program& program, Ending ending) {
+    const FilePath& folder = program.Keep.Folder;
+    EndKeeping(program,
+               ending == Ending::HardStop ? VersionReason::Aborted : VersionReason::NotSavedAtQuit);
+    if (folder.empty()) {
+        return;
+    }
+    const TextView why =
+        ending == Ending::HardStop
+            ? u"Das Programm hat sich an einer beschädigten Datei beendet. Was nicht gesichert "
+              u"war, steht unter Datei, Frühere Stände."
+            : u"Das Programm wurde von außen beendet. Was nicht gesichert war, steht unter Datei, "
+              u"Frühere Stände.";
+    Quietly([&] {
+        return PrepareVersionFolder(folder) && WriteKeptFile(folder / NoteName, BytesFromText(why));
+    });
+}
+
+bool EndSession(Program& program, bool mayAsk, Desktop& desktop) {
+    KeepUnsaved(program, VersionReason::NotSavedAtQuit);
+    return !mayAsk || MayClose(program, desktop);
 }
 
 Text KeepReplaced(Program& program, const FilePath& path) {
     Keeping& keep = program.Keep;
     keep.Target = path;
+    keep.Replaced = 0;
     std::error_code error;
     if (keep.Folder.empty() || !fs::is_regular_file(path, error)) {
         return {};
     }
     bool changed = false;
+    ++keep.Changes;
     const bool kept = Quietly([&] {
         Version version = {.When = SecondsNow(),
                            .Why = VersionReason::Replaced,
                            .Original = path,
                            .Content = ReadWholeFile(path)};
-        const auto known = keep.Known.find(path);
-        changed = known != keep.Known.end() && known->second != HashOf(version.Content);
+        keep.Replaced = HashOf(version.Content);
+        const auto known = keep.Known.find(KeyOf(path));
+        changed = known != keep.Known.end() && known->second != keep.Replaced;
         return KeepVersion(keep.Folder, version);
     });
     if (!kept) {
@@ -137,7 +291,21 @@ Text KeepReplaced(Program& program, const FilePath& path) {
 
 void RememberFile(Program& program, const FilePath& path) {
     Quietly([&] {
-        program.Keep.Known.insert_or_assign(path, HashOf(ReadWholeFile(path)));
+        program.Keep.Known.insert_or_assign(KeyOf(path), HashOf(ReadWholeFile(path)));
+        return true;
+    });
+}
+
+void RememberTarget(Program& program) {
+    const FilePath target = std::exchange(program.Keep.Target, FilePath());
+    if (target.empty()) {
+        return;
+    }
+    Quietly([&] {
+        const std::uint64_t now = HashOf(ReadWholeFile(target));
+        if (now != program.Keep.Replaced) {  // else nothing was saved
+            program.Keep.Known.insert_or_assign(KeyOf(target), now);
+        }
         return true;
     });
 }

@@ -12,16 +12,17 @@ namespace norvik {
 FilePath VersionFolder(const FilePath& programFolder, const FilePath& executableFolder,
                        const FilePath& stateFolder);
 
-/// Makes the versions of the processes that died, and the name of this process's file. Without a
-/// folder in program.Keep nothing is kept, here and below. Gives how many there were.
+/// Makes versions of what the processes that died held, and notes in program.Keep.Note why the
+/// program ended the last time. Without a folder in program.Keep nothing is kept, here and below.
+/// Gives how many such processes there were.
 int StartKeeping(Program& program);
 
 /// Whether a file of the type that holds all entries now holds them without a loss.
 bool LosesNothing(const RegisterState& state);
 
 /// Keeps the register as it was before the running operation, unless a file holds it without a
-/// loss.
-void KeepUnsaved(Program& program, VersionReason why);
+/// loss. Gives false when it could not be kept.
+bool KeepUnsaved(Program& program, VersionReason why);
 
 /// Brings this process's file up to date: it holds the register while no save does.
 void KeepSession(Program& program);
@@ -29,13 +30,25 @@ void KeepSession(Program& program);
 /// The program ends: keeps what no save holds, and this process's file goes.
 void EndKeeping(Program& program, VersionReason why);
 
+/// What else than its user ends the program.
+enum class Ending { HardStop, Signal };
+/// The same, and the next start tells of it.
+void EndKeepingEarly(Program& program, Ending ending);
+
+/// The user's session ends: keeps what no save holds. Asks, where that is allowed, as closing the
+/// window does. Gives false when the session is to go on.
+bool EndSession(Program& program, bool mayAsk, Desktop& desktop);
+
 /// Keeps the bytes of a file that a save is about to replace. Gives what the status is to add
 /// behind the path: nothing, " (inzwischen geändert; der andere Stand ist aufgehoben)", or that it
 /// could not be kept.
 Text KeepReplaced(Program& program, const FilePath& path);
 
-/// Remembers what the file that was just loaded or saved holds, so that a later change by somebody
-/// else is noticed.
+/// Remembers what the file that was just loaded holds, so that a later change by somebody else is
+/// noticed.
 void RememberFile(Program& program, const FilePath& path);
+
+/// The operation has ended: the same for the file that it saved, if any.
+void RememberTarget(Program& program);
 
 }  // namespace norvik

@@ -12,6 +12,7 @@
 #include "mainwindow/handlers.h"
 #include "mainwindow/registerlistwindow.h"
 #include "mainwindow/undo.h"
+#include "mainwindow/versionswindow.h"
 #include "registertools/lineaccesszero.h"
 
 #include <exception>
@@ -76,7 +77,8 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp",  u"&Handyexport...", "", 3, false, Run<mnuDateiHandyexp>},
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren...", "", 3, false, Run<mnuDateiConvCallListCSV>},
     {"mnuDatei", u"&Datei", "mnuDateiLoadSync",  u"SyncDatei laden",                    "",       4, false, Run<mnuDateiLoadSync>},
-    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       5, false, Run<mnuDateiBeenden>},
+    {"mnuDatei", u"&Datei", "mnuDateiVersions",  u"&Frühere Stände...",                  "",       5, false, Run<mnuDateiVersions>, nullptr, {}, VersionsCaption},
+    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       6, false, Run<mnuDateiBeenden>},
 
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, Run<mnuBearbeitenNullHinzu>, nullptr, u"Null hinzufügen (# Einträge)"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, Run<mnuBearbeitenNullEntf>, nullptr, u"Null entfernen (# Einträge)"},

@@ -23,8 +23,8 @@ struct MenuRow {
     bool MainWindowFields::*Check = nullptr;  ///< the item's check mark, if it has one
     /// What undoing calls a change that the operation makes; "#" stands for the number of entries.
     TextView Step = {};
-    /// The item's caption and whether it is enabled, where they change; Caption is the longest part
-    /// that stays.
+    /// The item's caption and whether it is enabled, each where it changes; Caption is the longest
+    /// part that stays.
     Text (*CaptionNow)(const Program&) = nullptr;
     bool (*EnabledNow)(const Program&) = nullptr;
 };

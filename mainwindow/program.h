@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/paths.h"
+#include "base/platform.h"
 #include "mainwindow/fields.h"
 #include "mainwindow/history.h"
 #include "register/register.h"
@@ -12,6 +13,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 
 namespace norvik {
 
@@ -20,9 +22,33 @@ struct Keeping {
     FilePath Folder;       ///< of the versions; empty where nothing is kept
     FilePath SessionFile;  ///< holds the register of this process while no save does
     bool SessionFileStands = false;
+    /// Tells other processes that the session file's one is alive.
+    std::shared_ptr<platform::FileLock> Lock;
     /// The contents of the files that this process loaded or saved, as hashes.
     std::map<FilePath, std::uint64_t> Known;
-    FilePath Target;  ///< of the running save
+    FilePath Target;             ///< of the running save
+    std::uint64_t Replaced = 0;  ///< the target's content before it, as a hash
+    unsigned Changes = 0;        ///< how often a version was kept
+    Text Note;                   ///< why the program ended the last time, where it had to
+};
+
+/// A row of the earlier versions' window.
+struct VersionRow {
+    FilePath File;  ///< where it is kept
+    Text When;
+    Text Original;
+    Text Why;
+    Text Entries;  ///< how many; "?" for a file that cannot be read
+    bool operator==(const VersionRow&) const = default;
+};
+
+/// The earlier versions' window, named as it names its fields.
+struct VersionsFields {
+    bool Open = false;                     ///< the window is on the screen
+    std::vector<VersionRow> ListVersions;  ///< the newest first
+    int Chosen = -1;                       ///< the row; -1 for none
+    std::vector<Text> ListNames;           ///< of the chosen version
+    unsigned Changes = 0;                  ///< those of Keeping that the rows show
 };
 
 struct Program {
@@ -39,6 +65,7 @@ struct Program {
     unsigned Shows = 0;  ///< how often an entry was shown
     unsigned Kept = 0;   ///< how often what was typed was stored, or kept as a step
     Keeping Keep;
+    VersionsFields Versions;
     /// Where the help documents are installed; those in Folder come first.
     FilePath DocumentFolder;
 };

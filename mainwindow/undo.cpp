@@ -2,6 +2,7 @@
 
 #include "mainwindow/keeping.h"
 #include "mainwindow/operations.h"
+#include "mainwindow/versionswindow.h"
 
 #include <new>
 
@@ -85,7 +86,9 @@ bool Record(Program& program, TextView what) {
 /// The register was loaded whole, or all of it saved.
 void FollowFile(Program& program, bool loaded) {
     NoteFile(program.Past, program.State, loaded || LosesNothing(program.State));
-    RememberFile(program, loaded ? program.State.File.Path : program.Keep.Target);
+    if (program.Keep.Target.empty()) {
+        RememberFile(program, program.State.File.Path);
+    }
 }
 
 }  // namespace
@@ -107,6 +110,7 @@ void RunStep(Program& program, TextView what, const std::function<void()>& opera
     RunOperation(operation, desktop);
     if (typed && program.Shows != shows && program.Kept == kept) {
         RecordTyped(program.Past, done, std::move(*typed), TypingLeft);
+        ++program.Kept;
     }
     const bool loaded = program.Past.Last.Generation != program.State.Generation;
     if (loaded) {
@@ -119,6 +123,8 @@ void RunStep(Program& program, TextView what, const std::function<void()>& opera
     if (changed || program.State.WholeFiles != wholeFiles) {
         KeepSession(program);
     }
+    RememberTarget(program);
+    FollowVersions(program);
 }
 
 bool CanUndo(const Program& program) {

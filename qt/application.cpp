@@ -1,6 +1,7 @@
 #include "qt/application.h"
 
 #include "base/platform.h"
+#include "mainwindow/keeping.h"
 #include "qt/textconversion.h"
 
 #include <QApplication>
@@ -26,6 +27,13 @@ FilePath UserDataFolder() {
     FilePath data =
         ToFilePath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
     return data.is_absolute() ? data : ToFilePath(QDir::homePath()) / ".local/share";
+}
+
+/// The folder in which programs keep what they remember of a user's work. A relative XDG_STATE_HOME
+/// does not count.
+FilePath UserStateFolder() {
+    FilePath state = ToFilePath(qEnvironmentVariable("XDG_STATE_HOME"));
+    return state.is_absolute() ? state : ToFilePath(QDir::homePath()) / ".local/state";
 }
 
 }  // namespace
@@ -64,6 +72,10 @@ QString CommandLine(int argc, const char* const* argv) {
 
 FilePath ApplicationFolder() {
     return ProgramFolder(ExecutableFolder(), UserDataFolder() / "norvik");
+}
+
+FilePath ApplicationVersionFolder() {
+    return VersionFolder(ApplicationFolder(), ExecutableFolder(), UserStateFolder());
 }
 
 FilePath InstalledDocumentFolder(const FilePath& executableFolder) {

@@ -27,6 +27,9 @@ QString CommandLine(int argc, const char* const* argv);
 /// The program's folder of a running application.
 FilePath ApplicationFolder();
 
+/// Where the running application keeps earlier versions.
+FilePath ApplicationVersionFolder();
+
 /// Where the help documents of a program in `executableFolder` are installed: in the data folder of
 /// an installation, else beside the program.
 FilePath InstalledDocumentFolder(const FilePath& executableFolder);

@@ -1,5 +1,6 @@
 #include "base/runtimeerror.h"
 #include "qt/application.h"
+#include "qt/endsignals.h"
 #include "qt/mainwindow.h"
 
 #include <QApplication>
@@ -17,7 +18,8 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(QIcon::fromTheme(QApplication::desktopFileName()));
     norvik::MainWindow window(
         norvik::ApplicationFolder(), [] { std::_Exit(norvik::HardStop::ExitStatus); },
-        norvik::ApplicationDocumentFolder());
+        norvik::ApplicationDocumentFolder(), norvik::ApplicationVersionFolder());
+    const norvik::EndSignals ends([&window] { window.KeepAtSignal(); });
     window.show();
     const QString commandLine = norvik::CommandLine(argc, argv);
     QTimer::singleShot(0, &window,

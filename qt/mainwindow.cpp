@@ -28,7 +28,7 @@
 namespace norvik {
 
 MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
-                       const FilePath& documentFolder)
+                       const FilePath& documentFolder, const FilePath& versionFolder)
     : desktop_(*this),
       hardStop_(std::move(hardStop)),
       widgets_(MakeMainWindowWidgets(*this)),
@@ -36,6 +36,7 @@ MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
     setObjectName(QStringLiteral("MW"));
     program_.Folder = folder;
     program_.DocumentFolder = documentFolder;
+    program_.Keep.Folder = versionFolder;
     widgets_.TelRegListe->setModel(model_);
     MakeMenus();
     MakeShortcuts();
@@ -43,12 +44,14 @@ MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
     ConnectChoices();
     ConnectButtons();
     ConnectSelection();
+    ConnectSession();
     DrawCurrentFile();
     Draw();
     widgets_.Texts[NameField]->setFocus();
 }
 
 void MainWindow::Start(const QString& commandLine, const FilePath& file) {
+    StartKeeping(program_);
     Run([&] { StartUp(program_, ToText(commandLine), desktop_, file); });
 }
 
@@ -173,12 +176,13 @@ void MainWindow::ConnectSelection() {
 
 void MainWindow::Run(const std::function<void()>& operation, TextView what) {
     ReadFields();
+    sessionEnds_ = false;
     statusPainted_.invalidate();
     ++running_;
     try {
         RunStep(program_, what, operation, desktop_);
     } catch (const HardStop&) {
-        EndKeeping(program_, VersionReason::Aborted);
+        EndKeepingEarly(program_, Ending::HardStop);
         hardStop_();
     }
     --running_;
@@ -280,11 +284,15 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    bool mayClose = false;
-    Run([&] { mayClose = MayClose(program_, desktop_); });
+    bool mayClose = sessionEnds_;
+    if (!mayClose) {
+        Run([&] { mayClose = MayClose(program_, desktop_); });
+    }
     event->setAccepted(mayClose);
     if (mayClose) {
+        EndKeeping(program_, VersionReason::NotSavedAtQuit);
         CloseRegisterList();
+        CloseVersions();
     }
 }
 

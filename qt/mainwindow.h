@@ -15,6 +15,7 @@
 namespace norvik {
 
 class RegisterListWindow;
+class VersionsWindow;
 class EntryListModel;
 
 class MainWindow : public QMainWindow {
@@ -22,15 +23,22 @@ class MainWindow : public QMainWindow {
   public:
     /// `folder` is the program's folder. `hardStop` ends the process; it must not return to the
     /// operation (tests throw the window away instead). `documentFolder` is where the help
-    /// documents are installed.
+    /// documents are installed, `versionFolder` where earlier versions are kept; without one none
+    /// are.
     MainWindow(const FilePath& folder, std::function<void()> hardStop,
-               const FilePath& documentFolder = {});
+               const FilePath& documentFolder = {}, const FilePath& versionFolder = {});
 
     /// Runs the start-up with the program's arguments joined by blanks and the file that the
     /// desktop hands over, if any; to be called once, when the window is shown.
     void Start(const QString& commandLine, const FilePath& file = {});
 
     [[nodiscard]] const RegisterState& State() const { return program_.State; }
+
+    /// The user's session ends: keeps what no save holds, and asks where that is allowed. Gives
+    /// false when the user wants to go on. Closing the window afterwards asks nothing.
+    bool MayEndSession(bool mayAsk);
+    /// A signal ends the program: keeps what no save holds.
+    void KeepAtSignal();
 
     // What the desktop draws.
     void ShowCurrentEntry();
@@ -47,6 +55,9 @@ class MainWindow : public QMainWindow {
     void CloseRegisterList();
     /// Shows the settings dialog until it is closed.
     void RunSettings();
+    void ShowVersions();
+    void CloseVersions();
+    Text KeepReplacedFile(const FilePath& file);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -63,6 +74,8 @@ class MainWindow : public QMainWindow {
     /// it changes in the register can be undone as `what`.
     void Run(const std::function<void()>& operation, TextView what = u"Änderung");
     void DrawUndo();
+    void ConnectVersions();
+    void ConnectSession();
     /// Tells whether something typed is not stored yet, while it is being typed.
     void FollowTyping();
     void ReadFields();
@@ -78,6 +91,7 @@ class MainWindow : public QMainWindow {
     MainWindowWidgets widgets_;
     EntryListModel* model_;
     RegisterListWindow* list_ = nullptr;
+    VersionsWindow* versions_ = nullptr;
     std::vector<QAction*> saveActions_;
     std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
     /// The items whose captions change.
@@ -89,6 +103,7 @@ class MainWindow : public QMainWindow {
     /// The status text is set and not painted yet.
     bool statusWaits_ = false;
     bool closingByMenu_ = false;
+    bool sessionEnds_ = false;
 };
 
 }  // namespace norvik

@@ -7,6 +7,7 @@
 #include "qt/mainwindow.h"
 #include "qt/registerlistwindow.h"
 #include "qt/textconversion.h"
+#include "qt/versionswindow.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -77,13 +78,19 @@ void MainWindow::Draw() {
     if (list_ != nullptr) {
         list_->Draw(program_.List);
     }
+    if (versions_ != nullptr) {
+        versions_->Draw(program_.Versions);
+    }
+    widgets_.Status->setToolTip(ToQString(program_.Keep.Note));
     drawing_ = before;
 }
 
 void MainWindow::DrawUndo() {
     for (const auto& [action, row] : changingActions_) {
         action->setText(ToQString(row->CaptionNow(program_)));
-        action->setEnabled(row->EnabledNow(program_));
+        if (row->EnabledNow != nullptr) {
+            action->setEnabled(row->EnabledNow(program_));
+        }
     }
     widgets_.NotStored->setVisible(IsNotStored(program_));
 }

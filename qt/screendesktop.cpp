@@ -170,6 +170,10 @@ bool ScreenDesktop::AskToReplace(const FilePath& file) {
     return AskToReplaceFile(file, Front());
 }
 
+Text ScreenDesktop::BeforeReplacing(const FilePath& file) {
+    return window_.KeepReplacedFile(file);
+}
+
 void ScreenDesktop::SetStatus(TextView text) {
     window_.DrawStatus(ToQString(text));
 }
@@ -224,6 +228,14 @@ void ScreenDesktop::CloseRegisterList() {
 
 void ScreenDesktop::ShowSettings() {
     window_.RunSettings();
+}
+
+void ScreenDesktop::ShowVersions() {
+    window_.ShowVersions();
+}
+
+void ScreenDesktop::CloseVersions() {
+    window_.CloseVersions();
 }
 
 int ScreenDesktop::OpenDocument(const FilePath& document) {

@@ -23,6 +23,7 @@ class ScreenDesktop : public Desktop, public Windows {
     std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
     bool AskToReplace(const FilePath& file) override;
+    Text BeforeReplacing(const FilePath& file) override;
 
     void SetStatus(TextView text) override;
     void Beep() override;
@@ -36,6 +37,8 @@ class ScreenDesktop : public Desktop, public Windows {
     void ShowRegisterList() override;
     void CloseRegisterList() override;
     void ShowSettings() override;
+    void ShowVersions() override;
+    void CloseVersions() override;
     int OpenDocument(const FilePath& document) override;
     void OpenInTextEditor(const FilePath& document) override;
 

@@ -2,14 +2,15 @@
 
 namespace norvik {
 
-std::optional<RuntimeError> TrySave(const std::function<void()>& write, Desktop& desktop) {
+SaveResult TrySave(const FilePath& path, const std::function<void()>& write, Desktop& desktop) {
+    SaveResult result = {.Path = path, .Remark = desktop.BeforeReplacing(path)};
     try {
         write();
-        return std::nullopt;
     } catch (const RuntimeError& error) {
         desktop.SetPointer(Pointer::Normal);
-        return error;
+        result.Failure = error;
     }
+    return result;
 }
 
 void ShowNotSaved(const RuntimeError& error, Desktop& desktop) {
@@ -21,17 +22,16 @@ void ShowNotSaved(const RuntimeError& error, Desktop& desktop) {
     desktop.SetStatus(text);
 }
 
-void ShowSaved(const FilePath& path, Desktop& desktop) {
-    desktop.SetStatus(u"Gespeichert: " + TextFromPath(path));
+void ShowSaved(const FilePath& path, Desktop& desktop, TextView remark) {
+    desktop.SetStatus((u"Gespeichert: " + TextFromPath(path)).append(remark));
 }
 
-void EndSave(RegisterState& state, const std::optional<RuntimeError>& failure, const FilePath& path,
-             Desktop& desktop) {
-    if (failure) {
+void EndSave(RegisterState& state, const SaveResult& result, Desktop& desktop) {
+    if (result.Failure) {
         state.RegisterSaved = false;
-        ShowNotSaved(*failure, desktop);
+        ShowNotSaved(*result.Failure, desktop);
     } else {
-        ShowSaved(path, desktop);
+        ShowSaved(result.Path, desktop, result.Remark);
     }
 }
 

@@ -10,21 +10,27 @@
 
 namespace norvik {
 
-/// Runs `write` and gives the run-time error that ended it early, if any. The pointer is normal
-/// afterwards.
-std::optional<RuntimeError> TrySave(const std::function<void()>& write, Desktop& desktop);
+/// What became of a save.
+struct SaveResult {
+    FilePath Path;
+    Text Remark = {};  ///< what the status says behind the path
+    std::optional<RuntimeError> Failure = {};
+};
+
+/// Tells the desktop that the file at `path` is to be replaced, runs `write` and gives the run-time
+/// error that ended it early, if any. The pointer is normal then.
+SaveResult TrySave(const FilePath& path, const std::function<void()>& write, Desktop& desktop);
 
 /// Says in the status line that nothing was saved, and why: the error's description and, in
 /// brackets, what in particular is at fault.
 void ShowNotSaved(const RuntimeError& error, Desktop& desktop);
 
-/// Says in the status line under which path was saved.
-void ShowSaved(const FilePath& path, Desktop& desktop);
+/// Says in the status line under which path was saved, and the remark behind it.
+void ShowSaved(const FilePath& path, Desktop& desktop, TextView remark = {});
 
 /// How a save of the register ends: shows the one or the other. What could not be saved is not
 /// saved, whatever was before.
-void EndSave(RegisterState& state, const std::optional<RuntimeError>& failure, const FilePath& path,
-             Desktop& desktop);
+void EndSave(RegisterState& state, const SaveResult& result, Desktop& desktop);
 
 /// Runs `write`. An error goes on as it is, after the status line has said that nothing was saved.
 void SaveOrSay(const std::function<void()>& write, Desktop& desktop);

@@ -52,15 +52,17 @@ void mnuDateiSaveCSV(RegisterState& state, Desktop& desktop) {
         return;
     }
     const FilePath path = WithEnding(*chosen, csvformat::Ending);
+    SaveResult result = {.Path = path, .Remark = desktop.BeforeReplacing(path)};
     try {
         SaveCSV(state, path, desktop);
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiSaveCSV", error, desktop);
-        EndSave(state, error, path, desktop);
+        result.Failure = error;
+        EndSave(state, result, desktop);
         return;
     }
     desktop.ShowEntry();
-    EndSave(state, std::nullopt, path, desktop);
+    EndSave(state, result, desktop);
 }
 
 }  // namespace norvik

@@ -39,9 +39,10 @@ void mnuDateiSave175(RegisterState& state, Desktop& desktop) {
         return;
     }
     const FilePath path = WithEnding(*chosen, phonebookfile::Ending);
-    const auto failure = TrySave([&] { WritePhonebookFile(state, path, desktop); }, desktop);
+    const SaveResult result = TrySave(
+        path, [&] { WritePhonebookFile(state, path, desktop); }, desktop);
     ShowFirstEntry(state, desktop);
-    EndSave(state, failure, path, desktop);
+    EndSave(state, result, desktop);
 }
 
 }  // namespace norvik

@@ -53,9 +53,10 @@ void mnuDateiSaveNV(RegisterState& state, Desktop& desktop) {
         return;
     }
     const FilePath path = WithEnding(*chosen, registerfile::Ending);
-    const auto failure = TrySave([&] { WriteRegisterFile195(state, path, desktop); }, desktop);
+    const SaveResult result = TrySave(
+        path, [&] { WriteRegisterFile195(state, path, desktop); }, desktop);
     RefreshStatus(state, desktop);
-    EndSave(state, failure, path, desktop);
+    EndSave(state, result, desktop);
 }
 
 namespace {
@@ -82,11 +83,11 @@ void MNUDateiSave193(RegisterState& state, Desktop& desktop) {
     const FilePath path = WithEnding(*chosen, registerfile::Ending);
     const bool onlyMarked = AskForReduction(state, desktop);
     bool wanted = true;
-    const auto failure =
-        TrySave([&] { wanted = WriteRegisterFile193(state, path, onlyMarked, desktop); }, desktop);
+    const SaveResult result = TrySave(
+        path, [&] { wanted = WriteRegisterFile193(state, path, onlyMarked, desktop); }, desktop);
     ShowFirstEntry(state, desktop);
     if (wanted) {
-        EndSave(state, failure, path, desktop);
+        EndSave(state, result, desktop);
     } else {
         desktop.SetStatus(u"Nicht gespeichert: kein Eintrag ist markiert");
     }

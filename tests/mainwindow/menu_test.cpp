@@ -36,6 +36,7 @@ constexpr NamedItem AllItems[] = {
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp", u"&Handyexport..."},
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren..."},
     {"mnuDatei", u"&Datei", "mnuDateiLoadSync", u"SyncDatei laden"},
+    {"mnuDatei", u"&Datei", "mnuDateiVersions", u"&Frühere Stände..."},
     {"mnuDatei", u"&Datei", "mnuDateiBeenden", u"&Beenden"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen..."},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf", u"Null zur Amtholung &entfernen..."},

@@ -252,6 +252,18 @@ void ScriptedDesktop::ShowSettings() {
     Transcript.emplace_back("show NVSET");
 }
 
+void ScriptedDesktop::ShowVersions() {
+    Transcript.emplace_back("show VERSIONS");
+}
+
+void ScriptedDesktop::CloseVersions() {
+    Transcript.emplace_back("close VERSIONS");
+}
+
+Text ScriptedDesktop::BeforeReplacing(const FilePath& file) {
+    return OnBeforeReplacing ? OnBeforeReplacing(file) : Text();
+}
+
 int ScriptedDesktop::OpenDocument(const FilePath& document) {
     Transcript.push_back("document " + document.string() + " -> " + std::to_string(ShellResult));
     return ShellResult;

@@ -37,7 +37,7 @@ class ScriptedDesktop : public Desktop, public Windows {
     ///   replace /path -> yes
     ///   status "text" | beep | pointer Hourglass | pointer Normal
     ///   entry | list | file | focus 0 | close
-    ///   show NVHE | show NVList | close NVList | show NVSET
+    ///   show NVHE | show NVList | close NVList | show NVSET | show VERSIONS | close VERSIONS
     ///   document /path -> 33 | editor /path
     /// CR LF inside a text stands as \r\n. A box or input that offers to answer all further ones
     /// alike ends with "offering for all" in front of "->", its answer with "for all" when that
@@ -58,12 +58,15 @@ class ScriptedDesktop : public Desktop, public Windows {
     std::function<void()> OnRebuildList;
     std::function<void()> OnShowCurrentFile;
     std::function<void(TextView)> OnStatus;
+    /// What the status adds to the path of a file that is replaced; nothing by default.
+    std::function<Text(const FilePath&)> OnBeforeReplacing;
 
     Button Ask(const MessageBox& box) override;
     std::optional<Text> AskForText(const InputBox& box) override;
     std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override;
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
     bool AskToReplace(const FilePath& file) override;
+    Text BeforeReplacing(const FilePath& file) override;
     void SetStatus(TextView text) override;
     void Beep() override;
     void SetPointer(Pointer pointer) override;
@@ -76,6 +79,8 @@ class ScriptedDesktop : public Desktop, public Windows {
     void ShowRegisterList() override;
     void CloseRegisterList() override;
     void ShowSettings() override;
+    void ShowVersions() override;
+    void CloseVersions() override;
     int OpenDocument(const FilePath& document) override;
     void OpenInTextEditor(const FilePath& document) override;
 

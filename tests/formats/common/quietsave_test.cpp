@@ -15,14 +15,20 @@ using testing::IsEmpty;
 TEST(TrySave, RunsTheWriteOnce) {
     ScriptedDesktop desktop;
     int runs = 0;
-    EXPECT_FALSE(TrySave([&] { ++runs; }, desktop).has_value());
+    const SaveResult result = TrySave(
+        "/a.t9t", [&] { ++runs; }, desktop);
+    EXPECT_FALSE(result.Failure.has_value());
+    EXPECT_EQ(result.Path, "/a.t9t");
+    EXPECT_EQ(result.Remark, u"");
     EXPECT_EQ(runs, 1);
     EXPECT_THAT(desktop.Transcript, IsEmpty());
 }
 
 TEST(TrySave, GivesTheErrorThatEndedTheWriteWithoutAMessage) {
     ScriptedDesktop desktop;
-    const auto error = TrySave([] { throw RuntimeError(ErrorNumber::DiskFull); }, desktop);
+    const auto error = TrySave(
+                           "/a.t9t", [] { throw RuntimeError(ErrorNumber::DiskFull); }, desktop)
+                           .Failure;
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->Number(), ErrorNumber::DiskFull);
     EXPECT_THAT(desktop.Questions(), IsEmpty());
@@ -31,6 +37,7 @@ TEST(TrySave, GivesTheErrorThatEndedTheWriteWithoutAMessage) {
 TEST(TrySave, ThePointerIsNormalAfterAnError) {
     ScriptedDesktop desktop;
     TrySave(
+        "/a.t9t",
         [&] {
             desktop.SetPointer(Pointer::Hourglass);
             throw RuntimeError(ErrorNumber::DeviceError);
@@ -41,7 +48,25 @@ TEST(TrySave, ThePointerIsNormalAfterAnError) {
 
 TEST(TrySave, AHardStopIsNotHeld) {
     ScriptedDesktop desktop;
-    EXPECT_THROW(TrySave([] { throw HardStop(); }, desktop), HardStop);
+    EXPECT_THROW(TrySave(
+                     "/a.t9t", [] { throw HardStop(); }, desktop),
+                 HardStop);
+}
+
+TEST(TrySave, TellsTheDesktopFirstAndTheStatusWhatThatSays) {
+    ScriptedDesktop desktop;
+    std::vector<std::string> order;
+    desktop.OnBeforeReplacing = [&](const FilePath& path) {
+        order.push_back("replaces " + path.string());
+        return Text(u" (anders)");
+    };
+    RegisterState state;
+    EndSave(state,
+            TrySave(
+                "/a.t9t", [&] { order.emplace_back("writes"); }, desktop),
+            desktop);
+    EXPECT_THAT(order, ElementsAre("replaces /a.t9t", "writes"));
+    EXPECT_THAT(desktop.Transcript, ElementsAre("status \"Gespeichert: /a.t9t (anders)\""));
 }
 
 TEST(ShowNotSaved, SaysTheDescriptionInTheStatusLine) {
@@ -70,9 +95,9 @@ TEST(ShowSaved, SaysThePath) {
 TEST(EndSave, AGoodSaveReplacesTheStatusOfAFailedOne) {
     RegisterState state;
     ScriptedDesktop desktop;
-    EndSave(state, RuntimeError(ErrorNumber::DiskFull), "/a.t9t", desktop);
+    EndSave(state, {.Path = "/a.t9t", .Failure = RuntimeError(ErrorNumber::DiskFull)}, desktop);
     EXPECT_FALSE(state.RegisterSaved);
-    EndSave(state, std::nullopt, "/a.t9t", desktop);
+    EndSave(state, {.Path = "/a.t9t"}, desktop);
     EXPECT_FALSE(state.RegisterSaved);  // that is the writers' to set
     EXPECT_THAT(desktop.Transcript, ElementsAre("status \"Nicht gespeichert: Datenträger voll\"",
                                                 "status \"Gespeichert: /a.t9t\""));

@@ -1,0 +1,336 @@
+#include "mainwindow/keeping.h"
+
+#include "base/runtimeerror.h"
+#include "formats/registerfile/registerfilemenu.h"
+#include "mainwindow/startup.h"
+#include "mainwindow/undo.h"
+#include "tests/support/handlerfixture.h"
+#include "tests/support/testfolder.h"
+#include "versions/keptregister.h"
+
+#include <gmock/gmock.h>
+
+namespace norvik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+namespace fs = std::filesystem;
+
+class KeepingTest : public HandlerFixture {
+  protected:
+    KeepingTest() {
+        program.Keep.Folder = Store();
+        desktop.OnBeforeReplacing = [this](const FilePath& path) {
+            return KeepReplaced(program, path);
+        };
+    }
+
+    [[nodiscard]] FilePath Store() const { return folder / "staende"; }
+
+    void Start(RegisterState state, int position = 1) {
+        Given(std::move(state), position);
+        StartHistory(program.Past, program.State);
+        desktop.Transcript.clear();
+    }
+
+    /// Runs an operation as the window does.
+    void Do(const std::function<void()>& operation) {
+        RunStep(program, u"Änderung", operation, desktop);
+    }
+    void Erase() {
+        Do([&] { btnErase_Click(program, desktop); });
+    }
+    void Save195(const FilePath& path) {
+        desktop.AnswerFile(path);
+        Do([&] { mnuDateiSaveNV(program.State, desktop); });
+    }
+    void Save193(const FilePath& path, Button onlyMarked) {
+        desktop.AnswerFile(path).AnswerBox(onlyMarked);
+        Do([&] { MNUDateiSave193(program.State, desktop); });
+    }
+    void Load(const FilePath& path) {
+        desktop.AnswerFile(path);
+        Do([&] { mnuDateiLoadNV(program.State, desktop); });
+    }
+
+    /// "why: names" of every version, the newest first; the bytes of a file count as its length.
+    [[nodiscard]] std::vector<std::string> Kept() const {
+        std::vector<std::string> kept;
+        for (const Version& version : ListVersions(Store())) {
+            const Version whole = ReadVersion(version.File).value();
+            std::string line = Utf8(DescriptionOf(whole.Why)) + ":";
+            if (whole.IsRegister) {
+                const RegisterState state = DecodeRegister(whole.Content).value();
+                for (const Text& name : Names(state)) {
+                    line += " " + Utf8(name);
+                }
+            } else {
+                line += " " + std::to_string(whole.Content.size()) + " bytes of " +
+                        whole.Original.filename().string();
+            }
+            kept.push_back(line);
+        }
+        return kept;
+    }
+    /// How many files of processes stand.
+    [[nodiscard]] std::ptrdiff_t Sessions() const {
+        if (!fs::exists(Store())) {
+            return 0;
+        }
+        const auto files = FilesIn(Store());
+        return std::count_if(files.begin(), files.end(), [](const std::string& name) {
+            return name.starts_with("sitzung-") && name.ends_with(".stand");
+        });
+    }
+
+    TestFolder folder;
+};
+
+TEST_F(KeepingTest, WhereItLies) {
+    EXPECT_EQ(VersionFolder("/usb/norvik", "/usb/norvik", "/home/a/.local/state"),
+              "/usb/norvik/staende");
+    EXPECT_EQ(VersionFolder("/home/a/.local/share/norvik", "/usr/bin", "/home/a/.local/state"),
+              "/home/a/.local/state/norvik/staende");
+}
+
+TEST_F(KeepingTest, ALoadKeepsWhatNoSaveHolds) {
+    Start(RegisterOfNames({u"Anna", u"Bert", u"Carl"}));
+    Save195(folder / "a.t9t");
+    Erase();
+    Load(folder / "a.t9t");
+    EXPECT_THAT(Names(program.State), ElementsAre(u"Anna", u"Bert", u"Carl"));
+    EXPECT_THAT(Kept(), ElementsAre("beim Laden nicht gesichert: Bert Carl"));
+}
+
+TEST_F(KeepingTest, ALoadKeepsNothingThatAFileHolds) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    Save195(folder / "a.t9t");
+    Load(folder / "a.t9t");
+    EXPECT_THAT(Kept(), IsEmpty());
+}
+
+TEST_F(KeepingTest, ALoadThatFailsInItsMidstKeepsWhatStoodThere) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    Load(folder.Write("kaputt.t9t", Raw("06 0D 'TStCollection' 02 64 01 03 00 00 09")));
+    EXPECT_THAT(Kept(), ElementsAre("beim Laden nicht gesichert: Bert"));
+}
+
+TEST_F(KeepingTest, TheEndKeepsWhatNoSaveHolds) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    EndKeeping(program, VersionReason::NotSavedAtQuit);
+    EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Bert"));
+    EXPECT_THAT(FilesIn(Store()), SizeIs(1));
+}
+
+TEST_F(KeepingTest, TheEndKeepsNothingThatAFileHolds) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    EndKeeping(program, VersionReason::NotSavedAtQuit);
+    EXPECT_FALSE(fs::exists(Store()));
+    Erase();
+    Save195(folder / "a.t9t");
+    EndKeeping(program, VersionReason::NotSavedAtQuit);
+    EXPECT_THAT(FilesIn(Store()), IsEmpty());
+}
+
+TEST_F(KeepingTest, ASaveOfMarkedEntriesAloneHoldsNothing) {
+    RegisterState state = RegisterOfNames({u"Anna", u"Bert"});
+    SetExportMark(state, 2, true);
+    Start(std::move(state));
+    Field(NameField) = u"Anja";
+    Do([&] { btnSaveChange_Click(program, desktop); });
+    Save193(folder / "a.t9t", Button::Yes);
+    EXPECT_TRUE(program.State.RegisterSaved);
+    EndKeeping(program, VersionReason::NotSavedAtQuit);
+    EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Anja Bert"));
+}
+
+TEST_F(KeepingTest, ASaveThatLosesInfoTextsHoldsNothing) {
+    Start(RegisterOf({Entry(u"Anna", u"1", u"Info"), Entry(u"Bert", u"2")}), 2);
+    Erase();
+    Save193(folder / "a.t9t", Button::No);
+    EXPECT_TRUE(program.State.RegisterSaved);
+    EndKeeping(program, VersionReason::NotSavedAtQuit);
+    EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Anna"));
+}
+
+TEST_F(KeepingTest, ThisProcessHasAFileWhileNoSaveHoldsItsRegister) {
+    Start(RegisterOfNames({u"Anna", u"Bert", u"Carl"}));
+    EXPECT_EQ(Sessions(), 0);
+    Erase();
+    EXPECT_EQ(Sessions(), 1);
+    EXPECT_TRUE(platform::FileLock(FilePath(program.Keep.SessionFile).replace_extension(".lock"))
+                    .IsHeldElsewhere());
+    Erase();
+    EXPECT_EQ(Sessions(), 1);
+    EXPECT_THAT(
+        Names(DecodeRegister(ReadVersion(program.Keep.SessionFile).value().Content).value()),
+        ElementsAre(u"Carl"));
+    Save195(folder / "a.t9t");
+    EXPECT_EQ(Sessions(), 0);
+}
+
+TEST_F(KeepingTest, UndoingEverythingNeedsNoFile) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    Do([&] { mnuBearbeitenUndo(program, desktop); });
+    EXPECT_EQ(Sessions(), 0);
+}
+
+TEST_F(KeepingTest, WhatADeadProcessHeldBecomesAVersion) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    program.Keep.Lock.reset();  // as the death of the process does
+    Program next;
+    next.Keep.Folder = Store();
+    EXPECT_EQ(StartKeeping(next), 1);
+    EXPECT_THAT(Kept(), ElementsAre("Programmabbruch: Bert"));
+    EXPECT_THAT(FilesIn(Store()), SizeIs(1));
+    EXPECT_EQ(next.Keep.Note, u"Das Programm wurde abgebrochen. Was nicht gesichert war, steht "
+                              u"unter Datei, Frühere Stände.");
+    EXPECT_EQ(StartKeeping(next), 0);
+    EXPECT_EQ(next.Keep.Note, u"");
+}
+
+TEST_F(KeepingTest, ALivingProcessKeepsItsFile) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    Program other;
+    other.Keep.Folder = Store();
+    EXPECT_EQ(StartKeeping(other), 0);
+    EXPECT_EQ(other.Keep.Note, u"");
+    EXPECT_EQ(Sessions(), 1);
+    EXPECT_THAT(Kept(), IsEmpty());
+}
+
+TEST_F(KeepingTest, TheNextStartTellsOfAHardStop) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    EndKeepingEarly(program, Ending::HardStop);
+    EXPECT_THAT(Kept(), ElementsAre("Programmabbruch: Bert"));
+    Program next;
+    next.Keep.Folder = Store();
+    EXPECT_EQ(StartKeeping(next), 0);
+    EXPECT_EQ(next.Keep.Note, u"Das Programm hat sich an einer beschädigten Datei beendet. Was "
+                              u"nicht gesichert war, steht unter Datei, Frühere Stände.");
+    StartKeeping(next);
+    EXPECT_EQ(next.Keep.Note, u"");
+}
+
+TEST_F(KeepingTest, AHardStopBeforeTheStartIsOverKeepsNoEmptyRegister) {
+    ResetRegister(program.State);
+    EndKeepingEarly(program, Ending::HardStop);
+    EXPECT_THAT(Kept(), IsEmpty());
+}
+
+TEST_F(KeepingTest, TheNextStartTellsOfASignal) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    EndKeepingEarly(program, Ending::Signal);
+    EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Bert"));
+    Program next;
+    next.Keep.Folder = Store();
+    StartKeeping(next);
+    EXPECT_EQ(next.Keep.Note, u"Das Programm wurde von außen beendet. Was nicht gesichert war, "
+                              u"steht unter Datei, Frühere Stände.");
+}
+
+TEST_F(KeepingTest, TheEndOfTheSessionAsksWhereItMay) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    EXPECT_TRUE(EndSession(program, true, desktop));
+    Erase();
+    desktop.Transcript.clear();
+    EXPECT_TRUE(EndSession(program, false, desktop));
+    EXPECT_THAT(desktop.Transcript, IsEmpty());
+    EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Bert"));
+    desktop.AnswerBox(Button::No);
+    EXPECT_FALSE(EndSession(program, true, desktop));
+    desktop.AnswerBox(Button::Yes);
+    EXPECT_TRUE(EndSession(program, true, desktop));
+    EXPECT_THAT(desktop.Questions(), SizeIs(2));
+    EXPECT_THAT(Kept(), SizeIs(1));
+}
+
+TEST_F(KeepingTest, ASaveKeepsTheBytesThatItReplaces) {
+    Start(RegisterOfNames({u"Anna"}));
+    Save195(folder.Write("a.t9t", "alt"));
+    EXPECT_THAT(Kept(), ElementsAre("ersetzt: 3 bytes of a.t9t"));
+    EXPECT_EQ(desktop.Statuses().back(), "Gespeichert: " + (folder / "a.t9t").string());
+}
+
+TEST_F(KeepingTest, ASaveSaysThatTheFileHasChangedMeanwhile) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    const FilePath path = folder / "a.t9t";
+    Save195(path);
+    Save195(path);
+    EXPECT_EQ(desktop.Statuses().back(), "Gespeichert: " + path.string());
+    folder.Write("a.t9t", "fremd");
+    Save195(path);
+    EXPECT_EQ(desktop.Statuses().back(),
+              "Gespeichert: " + path.string() +
+                  " (inzwischen geändert; der andere Stand ist aufgehoben)");
+    Save195(path);
+    EXPECT_EQ(desktop.Statuses().back(), "Gespeichert: " + path.string());
+}
+
+TEST_F(KeepingTest, ASaveOfMarkedEntriesKnowsItsOwnFileAgain) {
+    RegisterState state = RegisterOfNames({u"Anna", u"Bert"});
+    SetExportMark(state, 2, true);
+    Start(std::move(state));
+    const FilePath path = folder / "a.t9t";
+    Save195(path);
+    Save193(path, Button::Yes);
+    Save195(path);
+    EXPECT_EQ(desktop.Statuses().back(), "Gespeichert: " + path.string());
+}
+
+TEST_F(KeepingTest, ALoadedFileThatChangedIsNoticed) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    const FilePath path = folder / "a.t9t";
+    Save195(path);
+    Program other = program;
+    std::swap(program, other);
+    program.Keep.Known.clear();
+    Load(path);
+    Erase();
+    std::swap(program, other);
+    Erase();
+    Save195(path);
+    std::swap(program, other);
+    Save195(path);
+    EXPECT_EQ(desktop.Statuses().back(),
+              "Gespeichert: " + path.string() +
+                  " (inzwischen geändert; der andere Stand ist aufgehoben)");
+}
+
+TEST_F(KeepingTest, AFolderThatCannotBeMadeStopsNothing) {
+    folder.Write("staende", "eine Datei");
+    Start(RegisterOfNames({u"Anna", u"Bert", u"Carl"}));
+    EXPECT_EQ(StartKeeping(program), 0);
+    Erase();
+    Save195(folder.Write("a.t9t", "alt"));
+    EXPECT_EQ(desktop.Statuses().back(), "Gespeichert: " + (folder / "a.t9t").string() +
+                                             " (der frühere Stand konnte nicht aufgehoben werden)");
+    Erase();
+    Load(folder / "a.t9t");
+    EndKeepingEarly(program, Ending::Signal);
+    for (const std::string& line : desktop.Transcript) {
+        EXPECT_FALSE(line.starts_with("box")) << line;
+    }
+}
+
+TEST_F(KeepingTest, WithoutAFolderNothingIsKept) {
+    program.Keep.Folder.clear();
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Erase();
+    Save195(folder.Write("a.t9t", "alt"));
+    EndKeepingEarly(program, Ending::HardStop);
+    EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.t9t"));
+}
+
+}  // namespace
+}  // namespace norvik::test
