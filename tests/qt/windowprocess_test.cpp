@@ -4,7 +4,15 @@
 
 #include <QProcess>
 
+#include <chrono>
+#include <csignal>
 #include <filesystem>
+#include <thread>
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 namespace norvik::test {
 
@@ -48,6 +56,25 @@ class WindowProcess : public testing::Test {
         return waits;
     }
 
+#ifndef _WIN32
+    /// Starts the program, sends it a signal when it waits for its user, and gives the signal that
+    /// ended it.
+    int SignalThatEnded(int signal) {
+        const pid_t child = fork();
+        if (child == 0) {
+            setenv("QT_QPA_PLATFORM", "offscreen", 1);
+            execl(executable_.c_str(), executable_.c_str(), nullptr);
+            _exit(127);
+        }
+        constexpr auto LongEnough = std::chrono::seconds(3);
+        std::this_thread::sleep_for(LongEnough);
+        kill(child, signal);
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    }
+#endif
+
     void WriteBroken(const char* name) const {
         Folder.Write(name, Join({Raw("06 0D 'TStCollection' 02 64 01"),
                                  Raw("02 00 02 01 06 04 'Anna' 07 01 '2'")}));
@@ -69,6 +96,22 @@ TEST_F(WindowProcess, AWrongTagInAFileOfTheCommandLineEndsItWithStatusOne) {
     WriteBroken("kaputt.t9t");
     Folder.Write("norvik.ini", "[common]\r\n");
     EXPECT_EQ(Run({"/g0,15", "/l" + QString::fromStdString((Folder / "kaputt.t9t").string())}), 1);
+}
+
+#ifndef _WIN32
+TEST_F(WindowProcess, ASignalEndsItAndTheNextStartIsTold) {
+    Folder.Write("norvik.ini", "[common]\r\n");
+    EXPECT_EQ(SignalThatEnded(SIGTERM), SIGTERM);
+    EXPECT_EQ(SignalThatEnded(SIGHUP), SIGHUP);
+    EXPECT_THAT(FilesIn(Folder / "staende"), testing::ElementsAre("abbruch"));
+}
+#endif
+
+TEST_F(WindowProcess, AHardStopIsToldToTheNextStart) {
+    WriteBroken("kaputt.t9t");
+    Folder.Write("norvik.ini", "LoadFile=" + (Folder / "kaputt.t9t").string() + "\r\n");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_THAT(FilesIn(Folder / "staende"), testing::ElementsAre("abbruch"));
 }
 
 TEST_F(WindowProcess, TheToolkitTakesNoWordOfTheCommandLine) {
