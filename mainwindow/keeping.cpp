@@ -154,6 +154,12 @@ Text TakeNote(const FilePath& folder) {
     return TextFromBytes(note);
 }
 
+/// Whether the file that holds the register is still there and nobody else has changed it.
+bool StandsStill(const Keeping& keep) {
+    return keep.HeldFile.empty() ||
+           Quietly([&] { return HashOf(ReadWholeFile(keep.HeldFile)) == keep.HeldHash; });
+}
+
 FilePath KeyOf(const FilePath& path) {
     std::error_code error;
     FilePath key = fs::weakly_canonical(path, error);
@@ -201,7 +207,7 @@ bool KeepUnsaved(Program& program, VersionReason why) {
     const RegisterState& before = program.Past.Last;
     // Nothing is recorded before the program has started.
     if (program.Keep.Folder.empty() || program.Past.Held == nullptr ||
-        IsHeld(program.Past, before)) {
+        (IsHeld(program.Past, before) && StandsStill(program.Keep))) {
         return true;
     }
     ++program.Keep.Changes;
@@ -289,9 +295,15 @@ Text KeepReplaced(Program& program, const FilePath& path) {
     return changed ? u" (inzwischen geändert; der andere Stand ist aufgehoben)" : Text();
 }
 
-void RememberFile(Program& program, const FilePath& path) {
+void RememberFile(Program& program, const FilePath& path, bool held) {
+    Keeping& keep = program.Keep;
     Quietly([&] {
-        program.Keep.Known.insert_or_assign(KeyOf(path), HashOf(ReadWholeFile(path)));
+        const std::uint64_t hash = HashOf(ReadWholeFile(path));
+        keep.Known.insert_or_assign(KeyOf(path), hash);
+        if (held) {
+            keep.HeldFile = path;
+            keep.HeldHash = hash;
+        }
         return true;
     });
 }

@@ -44,11 +44,11 @@ bool EndSession(Program& program, bool mayAsk, Desktop& desktop);
 /// could not be kept.
 Text KeepReplaced(Program& program, const FilePath& path);
 
-/// Remembers what the file that was just loaded holds, so that a later change by somebody else is
-/// noticed.
-void RememberFile(Program& program, const FilePath& path);
+/// Remembers what the file that was just loaded or saved holds, so that a later change by somebody
+/// else is noticed; with `held`, that it holds the register without a loss.
+void RememberFile(Program& program, const FilePath& path, bool held);
 
-/// The operation has ended: the same for the file that it saved, if any.
+/// The operation has ended: remembers what the file holds that it wrote, if any.
 void RememberTarget(Program& program);
 
 }  // namespace norvik

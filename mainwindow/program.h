@@ -26,6 +26,9 @@ struct Keeping {
     std::shared_ptr<platform::FileLock> Lock;
     /// The contents of the files that this process loaded or saved, as hashes.
     std::map<FilePath, std::uint64_t> Known;
+    /// The file that holds the register without a loss (History::Held), and its content's hash.
+    FilePath HeldFile;
+    std::uint64_t HeldHash = 0;
     FilePath Target;             ///< of the running save
     std::uint64_t Replaced = 0;  ///< the target's content before it, as a hash
     unsigned Changes = 0;        ///< how often a version was kept

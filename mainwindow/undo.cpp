@@ -85,10 +85,10 @@ bool Record(Program& program, TextView what) {
 
 /// The register was loaded whole, or all of it saved.
 void FollowFile(Program& program, bool loaded) {
-    NoteFile(program.Past, program.State, loaded || LosesNothing(program.State));
-    if (program.Keep.Target.empty()) {
-        RememberFile(program, program.State.File.Path);
-    }
+    const bool held = loaded || LosesNothing(program.State);
+    NoteFile(program.Past, program.State, held);
+    const FilePath& saved = program.Keep.Target;
+    RememberFile(program, saved.empty() ? program.State.File.Path : saved, held);
 }
 
 }  // namespace

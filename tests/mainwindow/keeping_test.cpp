@@ -104,6 +104,19 @@ TEST_F(KeepingTest, ALoadKeepsWhatNoSaveHolds) {
     EXPECT_THAT(Kept(), ElementsAre("beim Laden nicht gesichert: Bert Carl"));
 }
 
+TEST_F(KeepingTest, AFileThatIsGoneOrAnotherNowHoldsNothing) {
+    Start(RegisterOfNames({u"Anna", u"Bert"}));
+    Save195(folder / "a.t9t");
+    Save195(folder / "b.t9t");
+    folder.Write("b.t9t", "anders");
+    Load(folder / "a.t9t");
+    EXPECT_THAT(Kept(), ElementsAre("beim Laden nicht gesichert: Anna Bert"));
+    fs::remove(folder / "a.t9t");
+    EndKeeping(program, VersionReason::NotSavedAtQuit);
+    EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Anna Bert",
+                                    "beim Laden nicht gesichert: Anna Bert"));
+}
+
 TEST_F(KeepingTest, ALoadKeepsNothingThatAFileHolds) {
     Start(RegisterOfNames({u"Anna", u"Bert"}));
     Erase();
@@ -247,9 +260,9 @@ TEST_F(KeepingTest, TheEndOfTheSessionAsksWhereItMay) {
     EXPECT_TRUE(EndSession(program, false, desktop));
     EXPECT_THAT(desktop.Transcript, IsEmpty());
     EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Bert"));
-    desktop.AnswerBox(Button::No);
+    desktop.AnswerBox(Button::Cancel);
     EXPECT_FALSE(EndSession(program, true, desktop));
-    desktop.AnswerBox(Button::Yes);
+    desktop.AnswerBox(Button::Ok);
     EXPECT_TRUE(EndSession(program, true, desktop));
     EXPECT_THAT(desktop.Questions(), SizeIs(2));
     EXPECT_THAT(Kept(), SizeIs(1));
