@@ -13,6 +13,7 @@
 #include <random>
 #include <set>
 #include <system_error>
+#include <utility>
 
 namespace norvik {
 
@@ -82,10 +83,14 @@ FilePath LockOf(FilePath sessionFile) {
 
 /// A name that nobody else thinks of.
 FilePath NewSessionFile(const FilePath& folder) {
+    constexpr std::string_view Digits = "0123456789abcdef";
+    constexpr std::size_t Length = 16;
     std::random_device random;
-    std::array<char, 17> digits{};
-    static_cast<void>(std::snprintf(digits.data(), digits.size(), "%08x%08x", random(), random()));
-    return folder / (std::string(SessionName) + digits.data() + std::string(VersionEnding));
+    std::string name(SessionName);
+    for (std::size_t i = 0; i < Length; ++i) {
+        name.push_back(Digits[random() % Digits.size()]);
+    }
+    return folder / name.append(VersionEnding);
 }
 
 /// Gives this process its file, locked; where nothing can be locked, without a lock.

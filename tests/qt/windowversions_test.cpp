@@ -147,6 +147,8 @@ TEST_F(WindowVersions, AHardStopKeepsTheRegisterAndTheNextStartTellsOfIt) {
     Dialogs.ChooseFile(PathIn("kaputt.t9t"));
     Trigger("mnuDateiLoadNV");
     EXPECT_EQ(HardStops, 1);
+    Window.reset();
+    QApplication::restoreOverrideCursor();  // a process that ended has none
     EXPECT_THAT(KeptReasons(), ElementsAre("Programmabbruch"));
     Open();
     EXPECT_EQ(MenuItem(), "Frühere Stände... •");
