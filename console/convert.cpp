@@ -90,7 +90,6 @@ bool WriteWhole(const ConverterOptions& options, const TargetWriter& write) {
     if (!IsStandardOutput(options.Target)) {
         target.Replace = options.Overwrite;
         target.OnlyFiles = true;
-        { const OutputFile trial(target); }  // what forbids it is told before the work's own texts
         return write(target);
     }
     Bytes bytes;
