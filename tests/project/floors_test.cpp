@@ -24,10 +24,14 @@ using testing::IsEmpty;
 using Findings = std::vector<std::string>;
 
 /// From the bottom up: a folder includes itself and the floors below, not its neighbour.
-const std::vector<std::set<std::string>> Floors = {{"base"},           {"register", "ringtones"},
-                                                   {"registertools"},  {"formats"},
-                                                   {"sync", "losses", "versions"}, {"dialogs"},
-                                                   {"mainwindow"},     {"qt", "console"}};
+const std::vector<std::set<std::string>> Floors = {{"base"},
+                                                   {"register", "ringtones"},
+                                                   {"registertools"},
+                                                   {"formats"},
+                                                   {"sync", "losses", "versions"},
+                                                   {"dialogs"},
+                                                   {"mainwindow"},
+                                                   {"qt", "console"}};
 const std::string ToolkitFloor = "qt";
 
 /// The floor that is divided into rooms. A room includes itself and the common one; only what

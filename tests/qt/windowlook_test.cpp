@@ -165,27 +165,27 @@ TEST_F(WindowLook, TheMenusHaveTheirItemsAndNoOthers) {
     }
     EXPECT_THAT(
         found,
-        ElementsAre(
-            "mnuDatei: Datei", "mnuDateiLoadNV: norvik 195/193 laden...",
-            "mnuDateiLoad175: norvik 175 laden...", "mnuDateiLoadCSV: CSV laden...",
-            "mnuDateiSaveNV: norvik 195 speichern", "MNUDateiSave193: norvik 193 speichern",
-            "mnuDateiSave175: norvik 175 speichern", "mnuDateiSaveCSV: Als CSV speichern",
-            "mnuDateiSaveIP286: CSV für IP 286 exportieren...", "mnuDateiHandyexp: Handyexport...",
-            "mnuDateiConvCallListCSV: Anrufliste in CSV konvertieren...",
-            "mnuDateiLoadSync: SyncDatei laden", "mnuDateiVersions: Frühere Stände...",
-            "mnuDateiBeenden: Beenden",
-            "mnuBearbeiten: Bearbeiten", "mnuBearbeitenNullHinzu: Null zur Amtholung hinzufügen...",
-            "mnuBearbeitenNullEntf: Null zur Amtholung entfernen...",
-            "mnuBearbeitenKillMSN: Abgehende MSN löschen...",
-            "mnuNameRingtones: Klingeltonnamen erneuern...", "mnuBearbeitenUndo: Rückgängig",
-            "mnuBearbeitenRedo: Wiederholen", "mnuList: Liste", "mnuListView: Registerliste...",
-            "mnuGeb: Gebühren", "mnuGebAuszug: Gebührenauszug...",
-            "mnuGebDelete: Zähler löschen...", "mnuSync: Synchronisation",
-            "mnuSyncAdd: Adresse suchen...", "mnuExtra: Extras",
-            "mnuExtraDoubles: Beim CSV-Einlesen Doubletten vermeiden",
-            "mnuSettingsBasic: Einstellungen...", "mnuHilfe: Hilfe", "mnuHelpManual: Handbuch",
-            "mnuHilfeReadme: README", "mnuHilfeWhatsNew: Was ist neu?",
-            "mnuHilfeAbout: Über das Programm"));
+        ElementsAre("mnuDatei: Datei", "mnuDateiLoadNV: norvik 195/193 laden...",
+                    "mnuDateiLoad175: norvik 175 laden...", "mnuDateiLoadCSV: CSV laden...",
+                    "mnuDateiSaveNV: norvik 195 speichern", "MNUDateiSave193: norvik 193 speichern",
+                    "mnuDateiSave175: norvik 175 speichern", "mnuDateiSaveCSV: Als CSV speichern",
+                    "mnuDateiSaveIP286: CSV für IP 286 exportieren...",
+                    "mnuDateiHandyexp: Handyexport...",
+                    "mnuDateiConvCallListCSV: Anrufliste in CSV konvertieren...",
+                    "mnuDateiLoadSync: SyncDatei laden", "mnuDateiVersions: Frühere Stände...",
+                    "mnuDateiBeenden: Beenden", "mnuBearbeiten: Bearbeiten",
+                    "mnuBearbeitenNullHinzu: Null zur Amtholung hinzufügen...",
+                    "mnuBearbeitenNullEntf: Null zur Amtholung entfernen...",
+                    "mnuBearbeitenKillMSN: Abgehende MSN löschen...",
+                    "mnuNameRingtones: Klingeltonnamen erneuern...",
+                    "mnuBearbeitenUndo: Rückgängig", "mnuBearbeitenRedo: Wiederholen",
+                    "mnuList: Liste", "mnuListView: Registerliste...", "mnuGeb: Gebühren",
+                    "mnuGebAuszug: Gebührenauszug...", "mnuGebDelete: Zähler löschen...",
+                    "mnuSync: Synchronisation", "mnuSyncAdd: Adresse suchen...", "mnuExtra: Extras",
+                    "mnuExtraDoubles: Beim CSV-Einlesen Doubletten vermeiden",
+                    "mnuSettingsBasic: Einstellungen...", "mnuHilfe: Hilfe",
+                    "mnuHelpManual: Handbuch", "mnuHilfeReadme: README",
+                    "mnuHilfeWhatsNew: Was ist neu?", "mnuHilfeAbout: Über das Programm"));
 }
 
 TEST_F(WindowLook, EachMenuItemIsFoundInTheWindowByItsNameAlone) {
