@@ -3,6 +3,7 @@
 #include "base/files.h"
 #include "base/systemerrors.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 #include <string>
@@ -64,12 +65,8 @@ bool ForbidsOtherNames(const std::error_code& error) {
                                    std::errc::read_only_file_system,
                                    std::errc::device_or_resource_busy,
                                    std::errc::filename_too_long};
-    for (const std::errc forbidding : Errors) {
-        if (error == forbidding) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(Errors.begin(), Errors.end(),
+                       [&error](std::errc forbidding) { return error == forbidding; });
 }
 
 bool HasSeveralNames(const FilePath& path) {

@@ -24,7 +24,7 @@ class RepeatedQuestion {
         } else {
             ++shown_;
         }
-        const Answer answer = (desktop_.*Show)(box);
+        Answer answer = (desktop_.*Show)(box);
         if (forAll) {
             answerForAll_ = answer;
         }

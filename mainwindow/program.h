@@ -38,10 +38,10 @@ struct Keeping {
 /// A row of the earlier versions' window.
 struct VersionRow {
     FilePath File;  ///< where it is kept
-    Text When;
-    Text Original;
-    Text Why;
-    Text Entries;  ///< how many; "?" for a file that cannot be read
+    Text When = {};
+    Text Original = {};
+    Text Why = {};
+    Text Entries = {};  ///< how many; "?" for a file that cannot be read
     bool operator==(const VersionRow&) const = default;
 };
 

@@ -118,7 +118,7 @@ bool EntryField::HasRedo() const {
 bool EntryField::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         // The line edit takes these keys always; without a step of its own they are the menu's.
-        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const auto& key = dynamic_cast<const QKeyEvent&>(*event);
         if ((IsUndoKey(key) && !HasUndo()) || (IsRedoKey(key) && !HasRedo())) {
             event->ignore();
             return false;

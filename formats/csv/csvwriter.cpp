@@ -5,8 +5,6 @@ namespace norvik {
 
 namespace {
 
-using csvformat::Column;
-
 TextView YesOrNo(bool yes) {
     return yes ? csvformat::Yes : csvformat::No;
 }

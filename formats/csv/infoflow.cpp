@@ -38,7 +38,7 @@ class InfoText {
     }
 
   private:
-    std::array<char16_t, InfoWidth> text_;  ///< filled up to size_
+    std::array<char16_t, InfoWidth> text_{};  ///< filled up to size_
     std::size_t size_ = 0;
     /// There is more than blanks behind the six lines.
     bool surplus_ = false;
