@@ -100,7 +100,7 @@ bool Contains(TextView text, TextView part) {
 
 Text Decimal(long long value) {
     std::array<char, 20> digits{};  // the lowest value has so many, with its sign
-    const auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     return {digits.data(), end};
 }
 
