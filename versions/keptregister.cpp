@@ -140,16 +140,16 @@ Bytes EncodeRegister(const RegisterState& state) {
     return result;
 }
 
-std::optional<RegisterState> DecodeRegister(ByteView encoded) {
-    ByteTaker bytes(encoded);
+std::optional<RegisterState> DecodeRegister(ByteView bytes) {
+    ByteTaker taker(bytes);
     RegisterState state;
-    state.LoadedModel = bytes.String();
-    state.File = TakeFile(bytes);
-    SetCount(state, static_cast<int>(bytes.Number(ShortSize, 0, RegisterPlaces)));
-    state.WarnLineAccessZero = bytes.Number(FlagSize, 0, 1) == 1;
-    TakeEntries(bytes, state);
-    TakeOrder(bytes, state);
-    if (!bytes.IsDone() || !IsOrderWhole(state)) {
+    state.LoadedModel = taker.String();
+    state.File = TakeFile(taker);
+    SetCount(state, static_cast<int>(taker.Number(ShortSize, 0, RegisterPlaces)));
+    state.WarnLineAccessZero = taker.Number(FlagSize, 0, 1) == 1;
+    TakeEntries(taker, state);
+    TakeOrder(taker, state);
+    if (!taker.IsDone() || !IsOrderWhole(state)) {
         return std::nullopt;
     }
     CountMarked(state);

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <charconv>
 #include <fstream>
 #include <limits>
 #include <system_error>
@@ -34,10 +34,11 @@ std::string Padded(std::string digits, std::size_t width) {
 }
 
 std::string Hexadecimal(std::uint64_t value) {
-    std::array<char, 17> digits{};
-    const int length = std::snprintf(digits.data(), digits.size(), "%016llx",
-                                     static_cast<unsigned long long>(value));
-    return {digits.data(), static_cast<std::size_t>(length)};
+    constexpr std::size_t Digits = 16;
+    std::array<char, Digits> digits{};
+    auto* const end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, Digits).ptr;
+    return Padded({digits.data(), end}, Digits);
 }
 
 /// Names sort by time: twelve digits of it come first.
@@ -148,31 +149,31 @@ Bytes EncodeVersion(const Version& version) {
     return result;
 }
 
-std::optional<Version> DecodeVersion(ByteView encoded) {
+std::optional<Version> DecodeVersion(ByteView bytes) {
     using Int64 = std::numeric_limits<std::int64_t>;
-    if (encoded.size() < Magic.size() + HashSize ||
-        !std::equal(Magic.begin(), Magic.end(), encoded.begin())) {
+    if (bytes.size() < Magic.size() + HashSize ||
+        !std::equal(Magic.begin(), Magic.end(), bytes.begin())) {
         return std::nullopt;
     }
-    const ByteView hashed = encoded.first(encoded.size() - HashSize);
-    ByteTaker hash(encoded.last(HashSize));
+    const ByteView hashed = bytes.first(bytes.size() - HashSize);
+    ByteTaker hash(bytes.last(HashSize));
     if (hash.Number(HashSize, Int64::min(), Int64::max()) !=
         static_cast<std::int64_t>(HashOf(hashed))) {
         return std::nullopt;
     }
-    ByteTaker bytes(hashed.subspan(Magic.size()));
-    bytes.Number(FlagSize, Form, Form);
+    ByteTaker taker(hashed.subspan(Magic.size()));
+    taker.Number(FlagSize, Form, Form);
     Version version;
     version.Why = static_cast<VersionReason>(
-        bytes.Number(FlagSize, static_cast<std::int64_t>(VersionReason::Replaced),
+        taker.Number(FlagSize, static_cast<std::int64_t>(VersionReason::Replaced),
                      static_cast<std::int64_t>(VersionReason::Aborted)));
-    version.When = bytes.Number(TimeSize, 0, Int64::max());
-    version.IsRegister = bytes.Number(FlagSize, 0, 1) == 1;
-    const ByteView original = bytes.Block();
+    version.When = taker.Number(TimeSize, 0, Int64::max());
+    version.IsRegister = taker.Number(FlagSize, 0, 1) == 1;
+    const ByteView original = taker.Block();
     version.Original = std::u8string(original.begin(), original.end());
-    const ByteView content = bytes.Block();
+    const ByteView content = taker.Block();
     version.Content.assign(content.begin(), content.end());
-    return bytes.IsDone() ? std::optional(std::move(version)) : std::nullopt;
+    return taker.IsDone() ? std::optional(std::move(version)) : std::nullopt;
 }
 
 bool WriteKeptFile(const FilePath& file, ByteView bytes) {
