@@ -41,14 +41,27 @@ std::string Hexadecimal(std::uint64_t value) {
     return Padded({digits.data(), end}, Digits);
 }
 
-/// Names sort by time: twelve digits of it come first.
+/// Names sort by time: so many digits of it come first.
+constexpr std::size_t TimeDigits = 12;
+
 FilePath NameOf(const Version& version) {
-    constexpr std::size_t TimeDigits = 12;
     return Padded(std::to_string(std::max<std::int64_t>(0, version.When)), TimeDigits) + "-" +
            Hexadecimal(ContentHash(version)) + std::string(VersionEnding);
 }
 
-/// The kept files of the folder in the order of their names, the oldest first.
+/// Of two versions of one second the file system knows which was written first.
+bool IsOlder(const FilePath& a, const FilePath& b) {
+    const std::string second = a.filename().string().substr(0, TimeDigits);
+    if (second != b.filename().string().substr(0, TimeDigits)) {
+        return a < b;
+    }
+    std::error_code ignored;
+    const auto writtenA = fs::last_write_time(a, ignored);
+    const auto writtenB = fs::last_write_time(b, ignored);
+    return writtenA != writtenB ? writtenA < writtenB : a < b;
+}
+
+/// The kept files of the folder, the oldest first.
 std::vector<FilePath> KeptFiles(const FilePath& folder) {
     std::vector<FilePath> files;
     std::error_code error;
@@ -61,7 +74,7 @@ std::vector<FilePath> KeptFiles(const FilePath& folder) {
             files.push_back(entry->path());
         }
     }
-    std::sort(files.begin(), files.end());
+    std::sort(files.begin(), files.end(), IsOlder);
     return files;
 }
 
@@ -221,8 +234,7 @@ std::vector<Version> ListVersions(const FilePath& folder) {
             versions.push_back(std::move(*version));
         }
     }
-    std::stable_sort(versions.begin(), versions.end(),
-                     [](const Version& a, const Version& b) { return a.When > b.When; });
+    std::reverse(versions.begin(), versions.end());
     return versions;
 }
 

@@ -5,7 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
+#include <thread>
 
 namespace norvik::test {
 namespace {
@@ -80,6 +82,20 @@ TEST_F(VersionStore, ListsTheNewestFirst) {
     KeepVersion(store, Of(10000000000, "c"));
     KeepVersion(store, Of(1, "a"));
     EXPECT_THAT(Times(), ElementsAre(10000000000, 2, 1));
+}
+
+TEST_F(VersionStore, KnowsTheOrderOfTwoVersionsOfOneSecond) {
+    for (const char* const content : {"a", "b", "c", "d", "e"}) {
+        Version version = Of(7, content);
+        version.Original = content;
+        KeepVersion(store, version);
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));  // the file system's clock
+    }
+    std::vector<FilePath> originals;
+    for (const Version& version : ListVersions(store)) {
+        originals.push_back(version.Original);
+    }
+    EXPECT_THAT(originals, ElementsAre("e", "d", "c", "b", "a"));
 }
 
 TEST_F(VersionStore, KeepsEqualContentOnce) {
