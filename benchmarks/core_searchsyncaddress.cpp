@@ -57,7 +57,7 @@ void RecordCounts(benchmark::internal::Benchmark* measured) {
 
 void SearchAddress(benchmark::State& run) {
     const SyncState sync = Database(static_cast<std::size_t>(run.range(0)));
-    const Settings settings = Berlin();
+    const Settings settings = test::Berlin();
     RegisterState state;
     state.Register(1).Tel = u"030 1999999";
     test::IdleDesktop desktop;
@@ -70,7 +70,7 @@ BENCHMARK(SearchAddress)->Apply(RecordCounts);
 
 void SearchAddress_Baseline(benchmark::State& run) {
     const SyncState sync = Database(static_cast<std::size_t>(run.range(0)));
-    const Settings settings = Berlin();
+    const Settings settings = test::Berlin();
     test::IdleDesktop desktop;
     const auto records = static_cast<std::size_t>(run.range(0));
     for (auto _ : run) {
