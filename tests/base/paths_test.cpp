@@ -210,7 +210,8 @@ TEST(FindIgnoringCase, FoldersOfManySpellingsAreNotSearchedForEver) {
     }
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(FindIgnoringCase(folder.Path(), name / "fehlt"), folder / name / "fehlt");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    // A bound against searching without end; sanitizers and tests beside it cost their share.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 TEST(FindIgnoringCase, StepsThatStayWhereTheyAreDoNotCount) {

@@ -151,7 +151,8 @@ TEST_F(StartFile, OfAThousandStepsOnTheSpotBesideAThousandFilesIsMissedAtOnce) {
     Folder.Write("norvik.ini", "LoadFile=" + path + "fehlt.t9t\r\n");
     const auto start = std::chrono::steady_clock::now();
     StartUp(Prog, u"", Desktop);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    // A bound against searching without end; sanitizers and tests beside it cost their share.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 TEST_F(StartFile, OfAnyDateIsLoaded) {
