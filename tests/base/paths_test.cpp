@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <ctime>
 
 namespace norvik::test {
 namespace {
@@ -208,10 +209,10 @@ TEST(FindIgnoringCase, FoldersOfManySpellingsAreNotSearchedForEver) {
         fs::create_symlink("a", folder / name / "A");
         name /= "a";
     }
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     EXPECT_EQ(FindIgnoringCase(folder.Path(), name / "fehlt"), folder / name / "fehlt");
-    // A bound against searching without end; sanitizers and tests beside it cost their share.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    // Of the processor's time, so that what runs beside does not count.
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC);
 }
 
 TEST(FindIgnoringCase, StepsThatStayWhereTheyAreDoNotCount) {

@@ -13,6 +13,7 @@
 
 #include <array>
 #include <chrono>
+#include <ctime>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -149,10 +150,10 @@ TEST_F(StartFile, OfAThousandStepsOnTheSpotBesideAThousandFilesIsMissedAtOnce) {
         path += "./";
     }
     Folder.Write("norvik.ini", "LoadFile=" + path + "fehlt.t9t\r\n");
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     StartUp(Prog, u"", Desktop);
-    // A bound against searching without end; sanitizers and tests beside it cost their share.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    // Of the processor's time, so that what runs beside does not count.
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC);
 }
 
 TEST_F(StartFile, OfAnyDateIsLoaded) {
