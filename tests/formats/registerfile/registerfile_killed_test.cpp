@@ -20,7 +20,7 @@ namespace {
 
 /// How often is killed; the environment may ask for more.
 int Kills() {
-    constexpr int Usual = 12;
+    constexpr int Usual = 30;
     const char* const wanted = std::getenv("NORVIK_KILLS");
     return wanted == nullptr ? Usual : std::atoi(wanted);
 }
