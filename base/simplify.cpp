@@ -90,7 +90,16 @@ SimplifiedText Simplify(std::u32string_view points) {
 }
 
 SimplifiedText SimplifyUtf8(std::u8string_view utf8) {
-    return Simplify(CodePoints(utf8));
+    SimplifiedText text;
+    text.Value.reserve(utf8.size());
+    while (!utf8.empty()) {
+        const std::optional<char32_t> point = TakeCodePoint(utf8);
+        if (!point) {
+            utf8.remove_prefix(1);
+        }
+        AppendPoint(text, point.value_or(ReplacementCharacter));
+    }
+    return text;
 }
 
 }  // namespace norvik

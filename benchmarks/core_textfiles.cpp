@@ -92,7 +92,7 @@ void LoadDoubledCsv(benchmark::State& run) {
     test::IdleDesktop desktop;
     RegisterState state;
     for (auto _ : run) {
-        LoadCSV(state, file, true, settings, desktop);
+        LoadCSV(state, file, {.AvoidDoubles = true}, settings, desktop);
     }
 }
 BENCHMARK(LoadDoubledCsv)->Unit(benchmark::kMicrosecond);

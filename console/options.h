@@ -34,17 +34,18 @@ struct ConverterOptions {
     /// A register file becomes one of the same model, whatever `To` is.
     bool KeepsModel = false;
 
-    bool Check = false;          ///< "--pruefen"
-    bool Losses = false;         ///< "--verluste"
-    bool Overwrite = false;      ///< "--ueberschreiben"
-    bool DespiteDamage = false;  ///< "--trotzdem"
-    bool Silent = false;         ///< "--still"
-    bool OnlyMarked = false;     ///< "--nur-markierte"
-    bool Quoted = false;         ///< "--anfuehrungszeichen"
-    bool AvoidDoubles = false;   ///< "--ohne-doubletten"
-    bool Sorted = true;          ///< "--sortiert", "--unsortiert"
-    Text Exclusions = {};        ///< "--ausschliessen", joined by "|"
-    Text Msn = u"0";             ///< "--msn"; the window's boxes begin with the same
+    bool Check = false;                       ///< "--pruefen"
+    bool Losses = false;                      ///< "--verluste"
+    bool Overwrite = false;                   ///< "--ueberschreiben"
+    bool DespiteDamage = false;               ///< "--trotzdem"
+    bool Silent = false;                      ///< "--still"
+    bool OnlyMarked = false;                  ///< "--nur-markierte"
+    bool Quoted = false;                      ///< "--anfuehrungszeichen"
+    bool AvoidDoubles = false;                ///< "--ohne-doubletten"
+    Charset Characters = Charset::Automatic;  ///< "--zeichensatz"
+    bool Sorted = true;                       ///< "--sortiert", "--unsortiert"
+    Text Exclusions = {};                     ///< "--ausschliessen", joined by "|"
+    Text Msn = u"0";                          ///< "--msn"; the window's boxes begin with the same
     /// As ConvertLineAccessZero takes it: "0" for "--null-hinzu", else the code of "--null-weg".
     std::optional<Text> ZeroCode = {};
     FilePath SettingsFile = {};            ///< "--ini"; empty when there is none

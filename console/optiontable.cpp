@@ -35,12 +35,10 @@ Text FilledTextValue(TextView option, std::string_view value) {
     return text;
 }
 
-FileFormat FormatValue(TextView option, std::string_view value, std::optional<FileFormat> format,
-                       std::span<const std::string_view> names) {
-    if (format) {
-        return *format;
-    }
-    const Text unknown = Text(option) + u": unbekanntes Format " + ShownArgument(value);
+/// Says that the value of an option is none of the known words.
+[[noreturn]] void FailUnknown(TextView message, std::string_view value,
+                              std::span<const std::string_view> names) {
+    const Text unknown = Text(message) + u" " + ShownArgument(value);
     if (const auto nearest = Nearest(value, names)) {
         Fail(unknown + u"; am nächsten kommt " + FromAscii(*nearest));
     }
@@ -49,6 +47,25 @@ FileFormat FormatValue(TextView option, std::string_view value, std::optional<Fi
         known.append(known.empty() ? u"" : u", ").append(FromAscii(name));
     }
     Fail(unknown + u"; bekannt sind " + known);
+}
+
+FileFormat FormatValue(TextView option, std::string_view value, std::optional<FileFormat> format,
+                       std::span<const std::string_view> names) {
+    if (!format) {
+        FailUnknown(Text(option) + u": unbekanntes Format", value, names);
+    }
+    return *format;
+}
+
+/// In the order of `Charset`.
+constexpr std::array<std::string_view, 3> CharsetNames = {"auto", "utf-8", "windows-1252"};
+
+void TakeCharset(Reading& reading, std::string_view value) {
+    const auto* const found = std::find(CharsetNames.begin(), CharsetNames.end(), value);
+    if (found == CharsetNames.end()) {
+        FailUnknown(u"--zeichensatz: unbekannter Zeichensatz", value, CharsetNames);
+    }
+    reading.Options.Characters = static_cast<Charset>(found - CharsetNames.begin());
 }
 
 void TakeExclusion(Reading& reading, std::string_view value) {
@@ -144,7 +161,7 @@ constexpr TextView ForRegisters = u"für ein Register als QUELLE";
 constexpr TextView ForMobileExport = u"für das Ziel simsurf";
 
 // clang-format off
-constexpr std::array<OptionRow, 27> Rows = {{
+constexpr std::array<OptionRow, 28> Rows = {{
     {"--von", true, [](Reading& reading, std::string_view value) {
          reading.From = FormatValue(u"--von", value, SourceOfName(value), SourceNames());
      }, Anywhere, u""},
@@ -155,6 +172,7 @@ constexpr std::array<OptionRow, 27> Rows = {{
     {"--anfuehrungszeichen", false, Set<&ConverterOptions::Quoted>, To<FileFormat::Csv>, u"für ein Register mit dem Ziel csv"},
     {"--ausschliessen", true, TakeExclusion, To<FileFormat::Ip286>, u"für das Ziel ip286"},
     {"--ohne-doubletten", false, Set<&ConverterOptions::AvoidDoubles>, From<FileFormat::Csv>, u"für eine QUELLE im Format csv"},
+    {"--zeichensatz", true, TakeCharset, From<FileFormat::Csv>, u"für eine QUELLE im Format csv"},
     {"--msn", true, [](Reading& reading, std::string_view value) {
          reading.Options.Msn = TextValue(u"--msn", value);
      }, From<FileFormat::CallList>, u"für eine Anrufliste (.t9a)"},

@@ -1,5 +1,6 @@
 #include "dialogs/syncsample.h"
 
+#include "base/charset.h"
 #include "base/lines.h"
 #include "base/runtimeerror.h"
 #include "sync/synctables.h"
@@ -34,9 +35,10 @@ void SyncSample::Read(const FilePath& path) {
     const Bytes bytes = ReadWholeFile(path);
     path_ = path;
     lines_.clear();
-    LineReader lines(bytes);
+    const TextFile text = RecognizeText(bytes);
+    LineReader lines(text.Content);
     while (!lines.AtEnd() && lines_.size() < SyncRecords) {
-        lines_.push_back(lines.Next());
+        AssignDecoded(lines_.emplace_back(), lines.NextBytes(), text.IsUtf8);
     }
 }
 

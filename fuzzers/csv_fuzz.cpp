@@ -1,6 +1,6 @@
 // Any bytes as a CSV file, with and without the removal of doubled lines; the header's quotes
 // decide which splitter is at work.
-// Sources: formats/csv/csvreader.cpp formats/csv/csvsplit.cpp
+// Sources: formats/csv/csvreader.cpp formats/csv/csvsplit.cpp base/charset.cpp base/simplify.cpp
 #include "formats/csv/csvformat.h"
 #include "register/register.h"
 #include "tests/support/idledesktop.h"
@@ -15,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         norvik::ResetRegister(state);
         state.LoadReport.Clear();
         try {
-            const int count = norvik::ReadCSV(state, norvik::ByteView(data, size), removeDoubles,
-                                              settings, desktop);
+            const int count = norvik::ReadCSV(state, norvik::ByteView(data, size),
+                                              {.AvoidDoubles = removeDoubles}, settings, desktop);
             for (int position = 1; position <= count; ++position) {
                 const norvik::RegisterEntry& entry = norvik::EntryAt(state, position);
                 if (entry.Name.size() > norvik::FieldWidth ||

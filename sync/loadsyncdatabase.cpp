@@ -36,6 +36,20 @@ std::optional<std::size_t> FillTables(const SettingsTable& settings, SyncTables&
     return ReadSyncRecords(*file, settings, tables);
 }
 
+/// What the status line says of a load: it has no report.
+Text Imported(std::size_t records, const SyncTables& tables) {
+    Text status = Decimal(static_cast<long long>(records)) + u" Adress-Einträge importiert";
+    if (tables.ReplacedRecords > 0) {
+        constexpr std::size_t LongestName = 40;
+        status.append(u"; Zeichen ersetzt: ").append(Slice(tables.FirstReplaced, 0, LongestName));
+    }
+    if (tables.ReplacedRecords > 1) {
+        status +=
+            u" und " + Decimal(static_cast<long long>(tables.ReplacedRecords - 1)) + u" weitere";
+    }
+    return status;
+}
+
 }  // namespace
 
 void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop) {
@@ -54,7 +68,7 @@ void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& d
         ShowNotLoaded(desktop);
         return;
     }
-    desktop.SetStatus(Decimal(static_cast<long long>(*records)) + u" Adress-Einträge importiert");
+    desktop.SetStatus(Imported(*records, sync.Tables));
     sync.SyncLoaded = true;
 }
 

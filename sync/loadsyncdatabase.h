@@ -13,7 +13,8 @@ struct SyncState {
 };
 
 /// Replaces the tables by the records of the database that the settings name. A missing file is
-/// reported, in the status line too; the tables are empty then. Any other failure ends the reading
+/// reported, in the status line too; the tables are empty then. The status line also tells of
+/// replaced characters. Any other failure ends the reading
 /// without a message.
 void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop);
 

@@ -1,5 +1,6 @@
 #include "sync/synctables.h"
 
+#include "base/charset.h"
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "sync/quotedfields.h"
@@ -30,13 +31,28 @@ Mapping ReadMapping(const SettingsTable& settings) {
     return mapping;
 }
 
+struct Record {
+    Text Line;
+    bool Replaced = false;  ///< some of its characters
+};
+
 /// The next record: a line, and a second one where the first does not end with a quote.
-Text NextRecord(LineReader& lines) {
-    Text record = lines.Next();
-    if (!record.ends_with(u'"') && !lines.AtEnd()) {
-        record.append(lines.Next());
+Record NextRecord(LineReader& lines, bool isUtf8) {
+    Record record;
+    record.Replaced = AssignDecoded(record.Line, lines.NextBytes(), isUtf8);
+    if (!record.Line.ends_with(u'"') && !lines.AtEnd()) {
+        Text further;
+        record.Replaced |= AssignDecoded(further, lines.NextBytes(), isUtf8);
+        record.Line.append(further);
     }
     return record;
+}
+
+void NoteReplaced(SyncTables& tables, TextView field) {
+    if (tables.ReplacedRecords == 0) {
+        tables.FirstReplaced = field;
+    }
+    ++tables.ReplacedRecords;
 }
 
 template <typename Row>
@@ -58,12 +74,17 @@ std::size_t ReadSyncRecords(ByteView file, const SettingsTable& settings, SyncTa
     const Mapping mapping = ReadMapping(settings);
     auto kept = std::make_shared<std::deque<Text>>();
     tables.Lines = kept;
-    LineReader lines(file);
+    const TextFile text = RecognizeText(file);
+    LineReader lines(text.Content);
     std::size_t record = 0;
     while (record < SyncRecords && !lines.AtEnd()) {
         ++record;
-        kept->push_back(NextRecord(lines));
+        Record next = NextRecord(lines, text.IsUtf8);
+        kept->push_back(std::move(next.Line));
         const std::vector<TextView> fields = SplitQuotedFields(kept->back(), SyncFields);
+        if (next.Replaced && !fields.empty()) {
+            NoteReplaced(tables, fields.front());
+        }
         const std::size_t* numbers = mapping.data();
         FillRow(tables.SyncNameTable.at(record), fields, numbers);
         numbers += SyncTables::NameColumns;

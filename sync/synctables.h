@@ -29,6 +29,9 @@ struct SyncTables {
     std::vector<std::array<TextView, AddressColumns>> SyncAddressTable;
     std::vector<std::array<TextView, PhoneColumns>> SyncPhoneTable;
     std::shared_ptr<const std::deque<Text>> Lines;
+    /// How many records had characters replaced, and the first field of the first one.
+    std::size_t ReplacedRecords = 0;
+    TextView FirstReplaced;
 
     /// Tables with room for all records, all cells empty.
     SyncTables();

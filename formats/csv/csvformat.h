@@ -2,6 +2,7 @@
 // docs/formats/csv.md describes the file.
 #pragma once
 
+#include "base/charset.h"
 #include "base/desktop.h"
 #include "base/outputfile.h"
 #include "formats/common/loadprogress.h"
@@ -53,6 +54,7 @@ inline constexpr TextView DialogFilter = u"CSV-Datei|*.csv|Alle Dateien|*.*";
 /// How a CSV file is loaded.
 struct CsvLoadOptions {
     bool AvoidDoubles = false;  ///< lines that double the one before them are left out
+    Charset Characters = Charset::Automatic;
 };
 
 /// Replaces the register by the entries of a CSV file, checks it and shows the file. `file` is its
@@ -61,17 +63,18 @@ struct CsvLoadOptions {
 /// current file and the entries read so far stand beside the old count then, see LoadOrReport.
 void LoadCSV(RegisterState& state, const FilePath& file, const Settings& settings,
              Desktop& desktop);
-/// The same with a file that has been read already; `removeDoubles` stands for the "#D".
-void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
+/// The same with a file that has been read already.
+void LoadCSV(RegisterState& state, const SourceFile& file, const CsvLoadOptions& options,
              const Settings& settings, Desktop& desktop,
              const Clock& clock = std::chrono::steady_clock::now);
 
 /// Takes the lines of a CSV file into the register's places from 1 on and notes doubled lines and
-/// names in LoadReport; gives the number of entries and keeps RecordsRead; Damage tells of filled
-/// lines that are no entry and whether there are more than there are places. Raises error 6 as
-/// LoadCSV does.
-int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
-            Desktop& desktop, const Clock& clock = std::chrono::steady_clock::now);
+/// names, and lines with replaced characters, in LoadReport; gives the number of entries and keeps
+/// RecordsRead; Damage tells of filled lines that are no entry and whether there are more than
+/// there are places. Raises error 6 as LoadCSV does.
+int ReadCSV(RegisterState& state, ByteView file, const CsvLoadOptions& options,
+            const Settings& settings, Desktop& desktop,
+            const Clock& clock = std::chrono::steady_clock::now);
 
 /// The name that the reader makes of a name field: of one longer than 21 characters the first 20
 /// and a ".".

@@ -83,12 +83,13 @@ struct SplitLine {
     ByteView Source;
     Text Line;
     CsvFields Fields;
+    bool Replaced = false;  ///< characters of the line
 
     [[nodiscard]] TextView Name() const { return Fields.Values[Column::Name]; }
 
-    void Take(ByteView source, bool quoted) {
+    void Take(ByteView source, bool isUtf8, bool quoted) {
         Source = source;
-        AssignFromBytes(Line, source);
+        Replaced = AssignDecoded(Line, source, isUtf8);
         Fields = quoted ? SplitQuoted(Line) : SplitPlain(Line);
     }
     /// A line that was taken is known by its bytes, before anything is made of them.
@@ -107,10 +108,11 @@ Text CsvName(TextView field) {
     return field.size() > FieldWidth ? Text(field.substr(0, FieldWidth - 1)) + u"." : Text(field);
 }
 
-int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Settings& settings,
-            Desktop& desktop, const Clock& clock) {
+int ReadCSV(RegisterState& state, ByteView file, const CsvLoadOptions& options,
+            const Settings& settings, Desktop& desktop, const Clock& clock) {
     constexpr std::size_t FewestFields = 2;
-    LineReader lines(file);
+    const TextFile text = RecognizeText(file, options.Characters);
+    LineReader lines(text.Content);
     LoadProgress progress(u"CSV-Datei", file.size(), desktop, clock);
     const bool quoted = !lines.AtEnd() && IsQuotedHeader(lines.Next());
     int& count = state.RecordsRead;
@@ -125,10 +127,10 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
         const ByteView source = lines.NextBytes();
         const int place = count + 1;
         state.RegisterOrder(place) = static_cast<std::int16_t>(place);
-        const bool doubled = removeDoubles && line->IsSame(source);
+        const bool doubled = options.AvoidDoubles && line->IsSame(source);
         if (!doubled) {
             std::swap(line, previous);
-            line->Take(source, quoted);
+            line->Take(source, text.IsUtf8, quoted);
         }
         if (line->Fields.Count < FewestFields) {
             state.Damage.LinesPassedOver += IsFilled(source) ? 1 : 0;
@@ -140,6 +142,9 @@ int ReadCSV(RegisterState& state, ByteView file, bool removeDoubles, const Setti
         }
         if (line->Name() == previous->Name()) {
             Note(state.LoadReport, u"Doppelter Name: ", line->Name());
+        }
+        if (line->Replaced) {
+            Note(state.LoadReport, u"Zeichen ersetzt: ", line->Name());
         }
         TakeFields(line->Fields, state.Register(place), settings, reports);
         state.Register(place).RecIndex = static_cast<std::int16_t>(place - 1);
@@ -162,16 +167,16 @@ void LoadCSV(RegisterState& state, const FilePath& file, const Settings& setting
     const std::string argument = file.string();
     const bool removeDoubles = argument.starts_with(RemoveDoublesMark);
     const FilePath path = removeDoubles ? argument.substr(RemoveDoublesMark.size()) : argument;
-    LoadCSV(state, ReadSourceFile(path), removeDoubles, settings, desktop);
+    LoadCSV(state, ReadSourceFile(path), {.AvoidDoubles = removeDoubles}, settings, desktop);
 }
 
-void LoadCSV(RegisterState& state, const SourceFile& file, bool removeDoubles,
+void LoadCSV(RegisterState& state, const SourceFile& file, const CsvLoadOptions& options,
              const Settings& settings, Desktop& desktop, const Clock& clock) {
     ResetRegister(state);
     state.LoadReport.Clear();
     state.LoadedModel.clear();
     state.File = {.Type = u"CSV", .Path = file.Path, .Modified = file.Modified};
-    SetCount(state, ReadCSV(state, file.Content, removeDoubles, settings, desktop, clock));
+    SetCount(state, ReadCSV(state, file.Content, options, settings, desktop, clock));
     if (!state.LoadReport.IsEmpty()) {
         desktop.Ask(
             {.text = state.LoadReport.Shown(), .title = u"LadeCSV: Doubletten entfernt/Hinweise"});

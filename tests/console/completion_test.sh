@@ -45,6 +45,8 @@ HOME=$folder expect '~/ordner.x' '~/or'
 expect '193|195' --von 19
 expect 'csv' --von cs
 expect 'gebuehren' --nach ge
+expect 'auto|utf-8|windows-1252' --zeichensatz ''
+expect 'utf-8' --zeichensatz = u
 expect 'simsurf' --nach = s
 expect '193|195' --von = 19
 expect 'norvik.ini|ordner.x' --ini =
@@ -66,6 +68,7 @@ expect 'ALT.PBO|alt.t9t|anrufe.t9a|mit blank.t9t|neu.csv|ordner.x' ''
 expect 'mit blank.t9t' mit
 expect 'ALT.PBO|alt.t9t|handy.pbb|kosten.geb|mit blank.t9t|neu.csv|ordner.x' alt.t9t ''
 expect 'kosten.geb' --unsortiert alt.t9t --ueberschreiben k
+expect 'neu.csv' --zeichensatz auto n
 expect 'anrufe.t9a' --ini norvik.ini --msn = 5 an
 expect 'brief.txt' --von csv b
 expect '' b

@@ -140,6 +140,29 @@ TEST_F(ConverterOption, OhneDoublettenLeavesOutLinesThatOccurTwice) {
         WindowWrites(doubles, FileFormat::Csv, FileFormat::Phonebook175, {.AvoidDoubles = true}));
 }
 
+TEST_F(ConverterOption, ZeichensatzTellsHowTheSourceIsRead) {
+    const auto names = [this](const std::vector<std::string>& options, std::string_view file) {
+        const FilePath csv = folder.Write("alt.csv", file);
+        std::vector<std::string> arguments = {csv.string(), "-", "--nach=csv"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const Outcome outcome = RunConverter(arguments);
+        const std::string output = StringOf(outcome.Output);
+        const std::size_t line = output.find('\n') + 1;
+        return output.substr(line, output.find(';', line) - line) + " " +
+               std::to_string(outcome.Status) + " " + outcome.Errors;
+    };
+    const std::string utf8 = "Name;Tel\r\nM\xC3\xBCller;1\r\n";
+    const std::string windows = "Name;Tel\r\nM\xFCller;1\r\n";
+    EXPECT_EQ(names({}, utf8), "M\xFCller 0 ");
+    EXPECT_EQ(names({"--zeichensatz=auto"}, windows), "M\xFCller 0 ");
+    EXPECT_EQ(names({"--zeichensatz=windows-1252"}, utf8), "M\xC3\xBCller 0 ");
+    EXPECT_EQ(names({"--zeichensatz=utf-8"}, windows),
+              "M?ller 1 " + WithSource("Zeichen ersetzt: M?ller\n"
+                                           "Es wurden 0 Fehler korrigiert\n"
+                                           "Zeichen ersetzt: M?ller\n",
+                                           folder / "alt.csv"));
+}
+
 TEST_F(ConverterOption, IniGivesThePriceOfTheUnit) {
     const FilePath ini = folder.Write("meine einstellungen", "[common]\r\nUnit=0,25\r\n");
     WindowAnswers answers;

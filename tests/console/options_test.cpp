@@ -136,6 +136,7 @@ TEST(Options, WithoutATarget) {
     EXPECT_EQ(check.What, Task::LoadOnly);
     EXPECT_TRUE(check.Check);
     EXPECT_TRUE(check.AvoidDoubles);
+    EXPECT_EQ(check.Characters, Charset::Automatic);
     EXPECT_EQ(check.To, std::nullopt);
     const ConverterOptions losses = Read({"--verluste", "a.csv", "--nach=193"});
     EXPECT_EQ(losses.What, Task::LoadOnly);
@@ -202,6 +203,20 @@ TEST(Options, NameTheNearestOneOfAWrongFormat) {
               "--nach: unbekanntes Format CSV; am nächsten kommt csv");
 }
 
+TEST(Options, TakeTheCharacterSetOfTheSource) {
+    const auto charset = [](std::string_view name) {
+        return Read({"a.csv", "b.t9t", "--zeichensatz", name}).Characters;
+    };
+    EXPECT_EQ(charset("auto"), Charset::Automatic);
+    EXPECT_EQ(charset("utf-8"), Charset::Utf8);
+    EXPECT_EQ(charset("windows-1252"), Charset::Windows1252);
+    EXPECT_EQ(ErrorOf({"a.csv", "b.t9t", "--zeichensatz=utf8"}),
+              "--zeichensatz: unbekannter Zeichensatz utf8; am nächsten kommt utf-8");
+    EXPECT_EQ(ErrorOf({"a.csv", "b.t9t", "--zeichensatz=koi-zzzzz"}),
+              "--zeichensatz: unbekannter Zeichensatz koi-zzzzz; bekannt sind auto, utf-8, "
+              "windows-1252");
+}
+
 TEST(Options, RefuseValuesThatMakeNoSense) {
     EXPECT_EQ(ErrorOf({"a.t9t", "b.csv", "--sortiert=ja"}), "--sortiert nimmt keinen Wert an");
     EXPECT_EQ(ErrorOf({"a.t9t", "b.csv", "--null-weg", ""}),
@@ -229,6 +244,7 @@ TEST(Options, RefuseWhatWouldChangeNothing) {
         {{"--ausschliessen=1", "b.csv"}, "--ausschliessen gilt nur für das Ziel ip286"},
         {{"--ohne-doubletten", "b.csv"},
          "--ohne-doubletten gilt nur für eine QUELLE im Format csv"},
+        {{"--zeichensatz=utf-8", "b.csv"}, "--zeichensatz gilt nur für eine QUELLE im Format csv"},
         {{"--msn=1", "b.csv"}, "--msn gilt nur für eine Anrufliste (.t9a)"},
         {{"--WriteMemNumber", "b.geb"}, "--WriteMemNumber gilt nur für das Ziel simsurf"},
     };

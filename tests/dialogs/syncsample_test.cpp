@@ -45,6 +45,12 @@ TEST(SyncSample, CountsLinesFrom1) {
     EXPECT_EQ(LineOf(file, 3), Line(u"\"drei\""));
 }
 
+TEST(SyncSample, ShowsUtf8AsItIsLoaded) {
+    EXPECT_EQ(LineOf("\xEF\xBB\xBF\"eins\"\n\"Wa\xC5\x82\xC4\x99sa\"\n", 1), Line(u"\"eins\""));
+    EXPECT_EQ(LineOf("\"M\xC3\xBCller\"\n\"Wa\xC5\x82\xC4\x99sa\"\n", 2), Line(u"\"Walesa\""));
+    EXPECT_EQ(LineOf("\"M\xC3\xBCller\"\n\"K\xF6nig\"\n", 1), Line(u"\"MÃ¼ller\""));
+}
+
 TEST(SyncSample, ARecordBeyondTheEndIsTheLastLine) {
     const std::string file = "\"eins\"\r\n\"zwei\"\r\n";
     for (const int record : {3, 4, 1000, std::numeric_limits<int>::max()}) {

@@ -108,7 +108,7 @@ TEST_P(GoldenCSV, CutAtEveryByteItGivesAllWholeLines) {
         for (int place = 1; place <= whole.AnzGes; ++place) {
             state.Register(place) = RegisterEntry();
         }
-        const int count = ReadCSV(state, file, false, Settings(), desktop);
+        const int count = ReadCSV(state, file, {}, Settings(), desktop);
         ASSERT_GE(count, entries) << length;
         ASSERT_LE(count, ends) << length;
         for (int place = 1; place <= entries; ++place) {

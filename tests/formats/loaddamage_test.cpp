@@ -58,8 +58,8 @@ TEST(LoadDamage, OfACsvFile) {
     RegisterState state;
     ScriptedDesktop desktop;
     const auto load = [&](const std::string& text) {
-        LoadCSV(state, {.Content = Bytes(text.begin(), text.end()), .Path = {}, .Modified = {}},
-                false, Settings(), desktop);
+        LoadCSV(state, {.Content = Bytes(text.begin(), text.end()), .Path = {}, .Modified = {}}, {},
+                Settings(), desktop);
         return state.Damage;
     };
     EXPECT_EQ(load("Name;Tel\r\nAnna;1\r\nx\r\n\r\n \t\r\ny\r\n").LinesPassedOver, 2);

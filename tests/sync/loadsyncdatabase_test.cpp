@@ -54,6 +54,34 @@ TEST_F(LoadSync, NothingIsLoadedAtStart) {
     EXPECT_FALSE(sync.SyncLoaded);
 }
 
+TEST_F(LoadSync, Utf8IsReadAsSuch) {
+    EXPECT_EQ(
+        Load(folder.Write("a.csv", "\xEF\xBB\xBF\"M\xC3\xBCller\"\r\n\"Ju\xCC\x88rgens\"\r\n")),
+        Imported("2"));
+    EXPECT_EQ(Surname(1), u"Müller");
+    EXPECT_EQ(Surname(2), u"Jürgens");
+}
+
+TEST_F(LoadSync, TheStatusTellsOfReplacedCharacters) {
+    const std::string one = "\"Wa\xC5\x82\xC4\x99sa\",\"\xC5\x82\"\r\n";
+    EXPECT_EQ(Load(folder.Write("a.csv", "\"Anna\"\r\n" + one)),
+              (Lines{Loading, "status \"2 Adress-Einträge importiert; Zeichen ersetzt: Walesa\""}));
+    EXPECT_EQ(Surname(2), u"Walesa");
+    EXPECT_EQ(
+        Load(folder.Write("a.csv", one + "\"Bo\xC5\x82\r\n\xD0\x96\"\r\n\xC5\x82\r\n\r\n")),
+        (Lines{Loading, "status \"3 Adress-Einträge importiert; Zeichen ersetzt: Walesa und 1 "
+                        "weitere\""}));
+    EXPECT_EQ(Surname(2), u"Bol?");
+    EXPECT_EQ(Load(folder.Write("a.csv", "\"Anna\"\r\n")), Imported("1"));
+}
+
+TEST_F(LoadSync, AStatusIsShortWhateverTheFieldIs) {
+    const std::string field(1000, 'x');
+    EXPECT_EQ(Load(folder.Write("a.csv", "\"" + field + "\xC5\x82\"\r\n")),
+              (Lines{Loading, "status \"1 Adress-Einträge importiert; Zeichen ersetzt: " +
+                                  field.substr(0, 40) + "\""}));
+}
+
 TEST_F(LoadSync, ARelativePathCountsFromTheFolderOfTheSettings) {
     const TestFolder elsewhere;
     const WorkingFolder working(elsewhere.Path());

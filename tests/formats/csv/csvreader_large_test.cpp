@@ -29,7 +29,7 @@ TEST(LoadCSVLarge, ALongLoadShowsHowFarItHasCome) {
     ScriptedDesktop desktop;
     // 262 KiB: three looks at the clock
     const SourceFile file = FileOf(26214, u"Anna1234");
-    LoadCSV(state, file, false, Settings(), desktop, StepClock(std::chrono::milliseconds(150)));
+    LoadCSV(state, file, {}, Settings(), desktop, StepClock(std::chrono::milliseconds(150)));
     EXPECT_THAT(desktop.Transcript, ElementsAre("status \"CSV-Datei wird gelesen... 50 %\"",
                                                 "status \"CSV-Datei wird gelesen... 75 %\"",
                                                 "status \"CSV-Datei gelesen\"", "file"));
@@ -40,7 +40,7 @@ TEST(LoadCSVLarge, ALongLoadThatIsAbortedSaysSo) {
     ScriptedDesktop desktop;
     const SourceFile file = FileOf(20000, u"Anna1234", u"Bert;2;;;;;;;32768");
     EXPECT_THROW(
-        LoadCSV(state, file, false, Settings(), desktop, StepClock(std::chrono::milliseconds(300))),
+        LoadCSV(state, file, {}, Settings(), desktop, StepClock(std::chrono::milliseconds(300))),
         RuntimeError);
     EXPECT_THAT(desktop.Transcript, ElementsAre("status \"CSV-Datei wird gelesen... 32 %\"",
                                                 "status \"CSV-Datei wird gelesen... 65 %\"",
@@ -51,7 +51,7 @@ TEST(LoadCSVLarge, ALongLoadThatIsAbortedSaysSo) {
 TEST(LoadCSVLarge, OfAReportThatIsTooLongTheMiddleIsLeftOut) {
     RegisterState state;
     ScriptedDesktop desktop;
-    LoadCSV(state, FileOf(100001, u"Anna;1"), true, Settings(), desktop,
+    LoadCSV(state, FileOf(100001, u"Anna;1"), {.AvoidDoubles = true}, Settings(), desktop,
             [] { return std::chrono::steady_clock::time_point(); });
     Text log;
     for (int i = 0; i < 100000; ++i) {
@@ -78,7 +78,8 @@ TEST(LoadCSVLarge, LinesOfAllLengthsInTurnAreCompared) {
     for (const bool removeDoubles : {false, true}) {
         RegisterState state;
         ScriptedDesktop desktop;
-        const int count = ReadCSV(state, BytesFromText(file), removeDoubles, Settings(), desktop);
+        const int count = ReadCSV(state, BytesFromText(file), {.AvoidDoubles = removeDoubles},
+                                  Settings(), desktop);
         EXPECT_EQ(count, removeDoubles ? 4 : 6);
         const Text finding = removeDoubles ? u"Doublette entfernt: " : u"Doppelter Name: ";
         EXPECT_EQ(state.LoadReport, finding + u"a\r\n" + finding + longName + u"\r\n");

@@ -55,6 +55,69 @@ std::string CheckBox(TextView log) {
                  "Information");
 }
 
+// The character set
+
+TEST_F(LoadCSVTest, Utf8IsReadAsSuch) {
+    Load("Name;Tel;Info1\r\nM\xC3\xBCller, J\xC3\xBCrgen;030 1;Gr\xC3\xBC\xC3\x9F"
+         "e \xE2\x82\xAC\r\nJu\xCC\x88rgens;2;\r\n");
+    EXPECT_THAT(Names(state), ElementsAre(u"Müller, Jürgen", u"Jürgens"));
+    EXPECT_EQ(state.Register(1).Info, u"Grüße €");
+    EXPECT_EQ(state.LoadReport, u"");
+    EXPECT_THAT(desktop.Transcript, ElementsAre("file"));
+}
+
+TEST_F(LoadCSVTest, AByteOrderMarkIsNoPartOfTheHeader) {
+    Load("\xEF\xBB\xBF\"Name\";\"Tel\"\r\n\"Anna\";\"1;2\"\r\n");
+    EXPECT_THAT(Names(state), ElementsAre(u"Anna"));
+    EXPECT_EQ(state.Register(1).Tel, u"12");
+    EXPECT_THAT(desktop.Transcript, ElementsAre("file"));
+}
+
+TEST_F(LoadCSVTest, WithOneByteThatDoesNotFitAllIsWindows1252) {
+    Load("Name;Tel\r\nM\xC3\xBCller;1\r\nK\xF6nig;2\r\n");
+    EXPECT_THAT(Names(state), ElementsAre(u"MÃ¼ller", u"König"));
+    EXPECT_THAT(desktop.Transcript, ElementsAre("file"));
+}
+
+TEST_F(LoadCSVTest, ReplacedCharactersAreNotedOnceForALine) {
+    Load("N\xC4\x83me;Tel;Info1;Info2\r\nWa\xC5\x82\xC4\x99sa;1;\xC5\x82;\xC5\x82\r\n"
+         "Bert;2\r\nBert;3;\xD0\x96\r\n\xC5\x82\r\n;4;\xC5\x82;;\r\n");
+    EXPECT_THAT(Names(state), ElementsAre(u"Walesa", u"Bert", u"Bert", u""));
+    EXPECT_EQ(state.Register(1).Info, u"l                    l");
+    EXPECT_EQ(state.Register(3).Info, u"?");
+    const Text log = u"Zeichen ersetzt: Walesa\r\nDoppelter Name: Bert\r\n"
+                     u"Zeichen ersetzt: Bert\r\nZeichen ersetzt: \r\n";
+    EXPECT_EQ(state.LoadReport, log);
+    EXPECT_EQ(state.Damage.LinesPassedOver, 1);
+    EXPECT_THAT(desktop.Transcript, ElementsAre(LogBox(log), CheckBox(log), "file"));
+}
+
+TEST_F(LoadCSVTest, DoubledLinesAreComparedAsTheyStandInTheFile) {
+    // A name spelled in two ways is read alike.
+    Load("Name;Tel\r\n\xC5\x82;1\r\n\xC5\x82;1\r\nl;1\r\n", true);
+    EXPECT_THAT(Names(state), ElementsAre(u"l", u"l"));
+    EXPECT_EQ(state.LoadReport,
+              u"Zeichen ersetzt: l\r\nDoublette entfernt: l\r\nDoppelter Name: l\r\n");
+}
+
+TEST_F(LoadCSVTest, TheCharacterSetMayBeTold) {
+    const std::string utf8 = "Name;Tel\r\nM\xC3\xBCller;1\r\n";
+    const std::string windows = "Name;Tel\r\nM\xFCller;1\r\nAnna;2\r\n";
+    const auto load = [this](const std::string& file, Charset charset) {
+        LoadCSV(state, {.Content = Bytes(file.begin(), file.end()), .Path = {}, .Modified = {}},
+                {.Characters = charset}, Settings(), desktop);
+    };
+    load(utf8, Charset::Windows1252);
+    EXPECT_THAT(Names(state), ElementsAre(u"MÃ¼ller"));
+    EXPECT_EQ(state.LoadReport, u"");
+    load(utf8, Charset::Utf8);
+    EXPECT_THAT(Names(state), ElementsAre(u"Müller"));
+    EXPECT_EQ(state.LoadReport, u"");
+    load(windows, Charset::Utf8);
+    EXPECT_THAT(Names(state), ElementsAre(u"M?ller", u"Anna"));
+    EXPECT_EQ(state.LoadReport, u"Zeichen ersetzt: M?ller\r\n");
+}
+
 // Doubled lines and names
 
 TEST_F(LoadCSVTest, WithRemovalADoubledLineIsLeftOutAndNoted) {

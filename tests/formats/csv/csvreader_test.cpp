@@ -22,7 +22,7 @@ const Text Header = u"Name;Tel;Info1;Info2;Info3;Info4;Info5;Info6;AB;Ton;EnTon;
 RegisterState Read(const Text& file) {
     RegisterState state;
     ScriptedDesktop desktop;
-    SetCount(state, ReadCSV(state, BytesFromText(file), false, Settings(), desktop));
+    SetCount(state, ReadCSV(state, BytesFromText(file), {}, Settings(), desktop));
     EXPECT_THAT(desktop.Transcript, IsEmpty());
     return state;
 }
@@ -44,7 +44,7 @@ void ExpectOverflow(const Text& line) {
     RegisterState state;
     ScriptedDesktop desktop;
     try {
-        ReadCSV(state, BytesFromText(Header + line), false, Settings(), desktop);
+        ReadCSV(state, BytesFromText(Header + line), {}, Settings(), desktop);
         FAIL() << "no error for " << Utf8(line);
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::Overflow) << Utf8(line);
