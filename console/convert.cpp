@@ -11,6 +11,7 @@
 #include "console/standardstreams.h"
 #include "console/writetarget.h"
 #include "formats/calllist/calllist.h"
+#include "formats/common/doublednumbers.h"
 #include "formats/common/undefinederror.h"
 #include "losses/lossreport.h"
 #include "mainwindow/operations.h"
@@ -73,6 +74,27 @@ Text LossLines(const ConverterOptions& options, const Settings& settings,
         for (const Loss& loss : LossReport(state, format, targetOptions)) {
             lines.append(prefix).append(Printable(LossLine(loss))).append(LineEnd);
         }
+    }
+    return lines;
+}
+
+/// One line for each number of several entries.
+Text DoubleLines(const ConverterOptions& options, const Settings& settings,
+                 const RegisterState& state) {
+    Text lines;
+    for (const DoubledNumber& number : DoubledNumbers(state, settings)) {
+        lines.append(Shown(options.Source)).append(u": doppelt ").append(number.Key);
+        TextView separator = u": ";
+        for (const int position : number.Positions) {
+            const RegisterEntry& entry = EntryAt(state, position);
+            lines.append(separator)
+                .append(Printable(entry.Name))
+                .append(u" (")
+                .append(Printable(entry.Tel))
+                .append(u")");
+            separator = u", ";
+        }
+        lines.append(LineEnd);
     }
     return lines;
 }
@@ -199,16 +221,17 @@ std::optional<ExitStatus> EndOfLoad(const ConverterOptions& options, LoadResult 
     return NotRead(options.Source, u"keine " + Text(RowOf(options.From).Called));
 }
 
-/// Writes the register that was loaded, or what it loses.
+/// Writes the register that was loaded, or says what there is to say of it.
 ExitStatus Deliver(const ConverterOptions& options, const Settings& settings, RegisterState& state,
                    ConsoleDesktop& desktop, bool reported) {
-    const Text losses = options.Losses ? LossLines(options, settings, state) : Text();
-    reported = reported || !losses.empty();
+    Text findings = options.Doubles ? DoubleLines(options, settings, state) : Text();
+    findings.append(options.Losses ? LossLines(options, settings, state) : Text());
+    reported = reported || !findings.empty();
     if (options.What == Task::LoadOnly) {
-        return StatusOf(Print(losses), reported);
+        return StatusOf(Print(findings), reported);
     }
     if (!options.Silent) {
-        PrintLines(stderr, losses);
+        PrintLines(stderr, findings);
     }
     const auto write = [&](const OutputTarget& target) {
         return WriteTarget(options, settings, state, target, desktop);

@@ -16,6 +16,7 @@ constexpr TextView Calls = uR"(Aufruf: norvik-konverter [Optionen] QUELLE ZIEL
         norvik-konverter [Optionen] --nach FORMAT QUELLE... ORDNER
         norvik-konverter --pruefen [Optionen] QUELLE...
         norvik-konverter --verluste [--nach FORMAT] [Optionen] QUELLE
+        norvik-konverter --doppelte [Optionen] QUELLE
 
 )";
 
@@ -39,6 +40,8 @@ constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Eint
   --pruefen             nur einlesen, prüfen und melden
   --verluste            vor dem Schreiben melden, was das ZIEL nicht aufnimmt;
                         ohne ZIEL nur melden, ohne --nach für alle Formate
+  --doppelte            Rufnummern melden, die mehrere Einträge haben; ohne ZIEL
+                        nur melden
   --ueberschreiben      ein vorhandenes ZIEL ersetzen
   --trotzdem            schreiben, was von einer beschädigten QUELLE lesbar ist
   --still               nur Fehler zeigen (Ende mit 2, 3 oder 4)
@@ -58,9 +61,9 @@ Eine Option, die für QUELLE oder ZIEL keine Bedeutung hat, ist ein Fehler. Stat
 "--option WERT" geht auch "--option=WERT"; nach "--" folgen nur noch Dateien.
 
 Ende mit 0: erledigt, 1: erledigt, aber es wurde etwas gemeldet, oder --verluste
-fand einen Verlust, 2: falscher Aufruf, 3: nicht lesbar oder nicht schreibbar,
-4: die QUELLE ist beschädigt oder nicht ganz lesbar, und es gibt kein ZIEL. Bei
-mehreren QUELLEN zählt die höchste Zahl.
+oder --doppelte fand etwas, 2: falscher Aufruf, 3: nicht lesbar oder nicht
+schreibbar, 4: die QUELLE ist beschädigt oder nicht ganz lesbar, und es gibt
+kein ZIEL. Bei mehreren QUELLEN zählt die höchste Zahl.
 )";
 
 /// "a, b oder c".

@@ -97,7 +97,7 @@ std::vector<FilePath> TakeFiles(Reading& reading) {
                     [](const FilePath& file) { return file.empty(); })) {
         Fail(u"ein Dateiname ist leer");
     }
-    if (options.Check || (options.Losses && files.size() == 1)) {
+    if (options.Check || ((options.Losses || options.Doubles) && files.size() == 1)) {
         options.What = Task::LoadOnly;
         return files;
     }

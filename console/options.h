@@ -18,7 +18,7 @@ inline constexpr std::string_view StandardStream = "-";
 
 enum class Task {
     Convert,
-    LoadOnly,  ///< there is no target: the register is checked, its losses may be reported
+    LoadOnly,  ///< there is no target: the register is checked, or something of it reported
     ShowHelp,
     ShowVersion,
 };
@@ -36,6 +36,7 @@ struct ConverterOptions {
 
     bool Check = false;                       ///< "--pruefen"
     bool Losses = false;                      ///< "--verluste"
+    bool Doubles = false;                     ///< "--doppelte"
     bool Overwrite = false;                   ///< "--ueberschreiben"
     bool DespiteDamage = false;               ///< "--trotzdem"
     bool Silent = false;                      ///< "--still"

@@ -153,6 +153,11 @@ bool ToFormat(const ConverterOptions& options) {
     return options.What == Task::Convert || options.Losses;
 }
 
+/// Where a damaged source ends the run.
+bool NeedsWholeSource(const ConverterOptions& options) {
+    return ToFormat(options) || options.Doubles;
+}
+
 bool ToFile(const ConverterOptions& options) {
     return options.What == Task::Convert;
 }
@@ -161,7 +166,7 @@ constexpr TextView ForRegisters = u"für ein Register als QUELLE";
 constexpr TextView ForMobileExport = u"für das Ziel simsurf";
 
 // clang-format off
-constexpr std::array<OptionRow, 28> Rows = {{
+constexpr std::array<OptionRow, 29> Rows = {{
     {"--von", true, [](Reading& reading, std::string_view value) {
          reading.From = FormatValue(u"--von", value, SourceOfName(value), SourceNames());
      }, Anywhere, u""},
@@ -195,8 +200,9 @@ constexpr std::array<OptionRow, 28> Rows = {{
     {"--UseQuotesForData", false, Tick<UseQuotesForDataBox>, To<FileFormat::MobileExport>, ForMobileExport},
     {"--pruefen", false, Set<&ConverterOptions::Check>, OfRegister, ForRegisters},
     {"--verluste", false, Set<&ConverterOptions::Losses>, OfRegister, ForRegisters},
+    {"--doppelte", false, Set<&ConverterOptions::Doubles>, OfRegister, ForRegisters},
     {"--ueberschreiben", false, Set<&ConverterOptions::Overwrite>, ToFile, u"mit einem ZIEL"},
-    {"--trotzdem", false, Set<&ConverterOptions::DespiteDamage>, ToFormat, u"mit einem ZIEL oder mit --verluste"},
+    {"--trotzdem", false, Set<&ConverterOptions::DespiteDamage>, NeedsWholeSource, u"mit einem ZIEL, mit --verluste oder mit --doppelte"},
     {"--still", false, Set<&ConverterOptions::Silent>, Anywhere, u""},
     {"--hilfe", false, [](Reading& reading, std::string_view /*value*/) {
          reading.Options.What = Task::ShowHelp;

@@ -27,6 +27,9 @@ class Windows {
     /// Shows the window of the earlier versions beside the main window, or brings it to the front.
     virtual void ShowVersions() = 0;
     virtual void CloseVersions() = 0;
+    /// Shows the window of the doubled numbers beside the main window, or brings it to the front.
+    virtual void ShowDoubles() = 0;
+    virtual void CloseDoubles() = 0;
 
     /// Opens a document with the program that the desktop has for it. Gives 33 when it was handed
     /// over, 2 when there is no such document, 31 when no program opens it.

@@ -130,8 +130,7 @@ void Satzwahl_Change(Program& program, int value, Desktop& desktop) {
     SelectRecord(program.State, value, desktop);
 }
 
-void TelRegListe_Click(Program& program, TextView row, Desktop& desktop) {
-    const int position = PositionOfRow(row);
+void ChooseEntry(Program& program, int position, Desktop& desktop) {
     if (program.Fields.btnSaveChange == EditState::Pending && !ConfirmsDiscarding(desktop)) {
         // Stored without sorting, so that the row's number stays right.
         Store(program);
@@ -139,6 +138,10 @@ void TelRegListe_Click(Program& program, TextView row, Desktop& desktop) {
         RefreshStatus(program.State, desktop);
     }
     SelectRecord(program.State, position, desktop);
+}
+
+void TelRegListe_Click(Program& program, TextView row, Desktop& desktop) {
+    ChooseEntry(program, PositionOfRow(row), desktop);
 }
 
 void chkListFilter_Click(Program& program, Desktop& desktop) {

@@ -34,7 +34,9 @@ void btnSearchMore_Click(Program& program, Desktop& desktop);
 
 /// The record selector took a value.
 void Satzwahl_Change(Program& program, int value, Desktop& desktop);
-/// A row of the list was chosen. Asks what becomes of a pending choice first.
+/// The user chose the entry at a position. Asks what becomes of a pending choice first.
+void ChooseEntry(Program& program, int position, Desktop& desktop);
+/// A row of the list was chosen.
 void TelRegListe_Click(Program& program, TextView row, Desktop& desktop);
 /// The filter box of the list was ticked or cleared.
 void chkListFilter_Click(Program& program, Desktop& desktop);

@@ -9,6 +9,7 @@
 #include "formats/ip286/ip286menu.h"
 #include "formats/phonebook175/phonebookfilemenu.h"
 #include "formats/registerfile/registerfilemenu.h"
+#include "mainwindow/doubleswindow.h"
 #include "mainwindow/handlers.h"
 #include "mainwindow/registerlistwindow.h"
 #include "mainwindow/undo.h"
@@ -89,6 +90,7 @@ constexpr MenuRow Rows[] = {
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenRedo", u"&Wiederholen", "Ctrl+Shift+Z; Ctrl+Y", 4, false, Run<mnuBearbeitenRedo>, nullptr, {}, RedoCaption, CanRedo},
 
     {"mnuList", u"&Liste", "mnuListView", u"&Registerliste...", "", 1, false, Run<mnuListView>},
+    {"mnuList", u"&Liste", "mnuListDoubles", u"&Doppelte Rufnummern...", "", 1, false, Run<mnuListDoubles>},
 
     {"mnuGeb", u"&Gebühren", "mnuGebAuszug", u"Gebühren&auszug...",  "", 1, false, Run<mnuGebAuszug>},
     {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen...", "", 1, false, Run<mnuGebDelete>, nullptr, u"Zähler löschen (# Einträge)"},

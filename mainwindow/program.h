@@ -54,6 +54,24 @@ struct VersionsFields {
     unsigned Changes = 0;                  ///< those of Keeping that the rows show
 };
 
+/// A row of the doubled numbers' window: one of the entries that share a number.
+struct DoubleRow {
+    int Place = 0;     ///< of the entry, in the table
+    int Position = 0;  ///< its position
+    int Group = 0;     ///< counts the numbers from 0
+    Text Dialled = {};
+    Text Name = {};
+    Text Tel = {};
+    bool operator==(const DoubleRow&) const = default;
+};
+
+/// The doubled numbers' window, named as it names its fields.
+struct DoublesFields {
+    bool Open = false;  ///< the window is on the screen
+    std::vector<DoubleRow> ListDoubles;
+    int Chosen = -1;  ///< the row; -1 for none
+};
+
 struct Program {
     /// Where "norvik.ini" and the optional companion files lie.
     FilePath Folder;
@@ -69,6 +87,7 @@ struct Program {
     unsigned Kept = 0;   ///< how often what was typed was stored, or kept as a step
     Keeping Keep;
     VersionsFields Versions;
+    DoublesFields Doubles;
     /// Where the help documents are installed; those in Folder come first.
     FilePath DocumentFolder;
 };

@@ -1,5 +1,6 @@
 #include "mainwindow/undo.h"
 
+#include "mainwindow/doubleswindow.h"
 #include "mainwindow/keeping.h"
 #include "mainwindow/operations.h"
 #include "mainwindow/versionswindow.h"
@@ -125,6 +126,7 @@ void RunStep(Program& program, TextView what, const std::function<void()>& opera
     }
     RememberTarget(program);
     FollowVersions(program);
+    FollowDoubles(program);
 }
 
 bool CanUndo(const Program& program) {

@@ -293,6 +293,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         EndKeeping(program_, VersionReason::NotSavedAtQuit);
         CloseRegisterList();
         CloseVersions();
+        CloseDoubles();
     }
 }
 

@@ -15,6 +15,7 @@
 namespace norvik {
 
 class RegisterListWindow;
+class DoublesWindow;
 class VersionsWindow;
 class EntryListModel;
 
@@ -57,6 +58,8 @@ class MainWindow : public QMainWindow {
     void RunSettings();
     void ShowVersions();
     void CloseVersions();
+    void ShowDoubles();
+    void CloseDoubles();
     Text KeepReplacedFile(const FilePath& file);
 
   protected:
@@ -92,6 +95,7 @@ class MainWindow : public QMainWindow {
     EntryListModel* model_;
     RegisterListWindow* list_ = nullptr;
     VersionsWindow* versions_ = nullptr;
+    DoublesWindow* doubles_ = nullptr;
     std::vector<QAction*> saveActions_;
     std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
     /// The items whose captions change.

@@ -2,6 +2,7 @@
 #include "mainwindow/handlers.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/undo.h"
+#include "qt/doubleswindow.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
 #include "qt/mainwindow.h"
@@ -80,6 +81,9 @@ void MainWindow::Draw() {
     }
     if (versions_ != nullptr) {
         versions_->Draw(program_.Versions);
+    }
+    if (doubles_ != nullptr) {
+        doubles_->Draw(program_.Doubles);
     }
     widgets_.Status->setToolTip(ToQString(program_.Keep.Note));
     drawing_ = before;

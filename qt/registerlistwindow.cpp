@@ -3,6 +3,7 @@
 #include "qt/entrylist.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
+#include "qt/windowplace.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -45,7 +45,7 @@ RegisterListWindow::RegisterListWindow(QWidget* parent)
     layout->setRowStretch(0, 1);
     resize(sizeHint().expandedTo(
         {fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 24}));
-    PlaceBeside(*parent);
+    PlaceBeside(*this, *parent);
     chkFi_.front()->setFocus();
 }
 
@@ -107,23 +107,6 @@ QLayout* RegisterListWindow::MakeButtons() {
     line->addWidget(btnExit);
     line->addWidget(btnCancel);
     return line;
-}
-
-/// To the right of the window where there is room, else to its left, else as far right as the
-/// screen reaches.
-void RegisterListWindow::PlaceBeside(const QWidget& window) {
-    const QRect screen = window.screen()->availableGeometry();
-    const QRect frame = window.frameGeometry();
-    QRect place(QPoint(frame.right() + 1, frame.top()), size());
-    if (place.right() > screen.right() && frame.left() - place.width() >= screen.left()) {
-        place.moveRight(frame.left() - 1);
-    } else if (place.right() > screen.right()) {
-        place.moveRight(screen.right());
-        place.moveTop(frame.top() + fontMetrics().height() * 3);
-    }
-    place.moveBottom(std::min(place.bottom(), screen.bottom()));
-    place.moveTopLeft({std::max(place.left(), screen.left()), std::max(place.top(), screen.top())});
-    move(place.topLeft());
 }
 
 void RegisterListWindow::Draw(const RegisterListFields& fields) {

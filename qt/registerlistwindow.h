@@ -38,7 +38,6 @@ class RegisterListWindow : public QDialog {
     QWidget* MakeBoxes();
     QLayout* MakeList();
     QLayout* MakeButtons();
-    void PlaceBeside(const QWidget& window);
 
     std::array<QCheckBox*, FilterLetters.size()> chkFi_{};
     QListView* ListResult_ = nullptr;

@@ -238,6 +238,14 @@ void ScreenDesktop::CloseVersions() {
     window_.CloseVersions();
 }
 
+void ScreenDesktop::ShowDoubles() {
+    window_.ShowDoubles();
+}
+
+void ScreenDesktop::CloseDoubles() {
+    window_.CloseDoubles();
+}
+
 int ScreenDesktop::OpenDocument(const FilePath& document) {
     // The numbers of the shell that the status line has always shown.
     constexpr int NotFound = 2;

@@ -39,6 +39,8 @@ class ScreenDesktop : public Desktop, public Windows {
     void ShowSettings() override;
     void ShowVersions() override;
     void CloseVersions() override;
+    void ShowDoubles() override;
+    void CloseDoubles() override;
     int OpenDocument(const FilePath& document) override;
     void OpenInTextEditor(const FilePath& document) override;
 

@@ -40,8 +40,7 @@ Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, De
     return Globalize(number, mode, settings, reports);
 }
 
-Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings,
-               RepeatedBox& reports) {
+Text Globalized(TextView number, GlobalizeMode mode, const Settings& settings) {
     Text result = CleanNumber(number, mode);
     if (mode >= GlobalizeMode::AddArea && !result.starts_with(u'0') && !result.starts_with(u'+')) {
         result.insert(0, settings.AreaPrefix);
@@ -55,6 +54,12 @@ Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings,
     if (mode == GlobalizeMode::InternationalPlus) {
         ReplaceStart(result, u"00", u"+");
     }
+    return result;
+}
+
+Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings,
+               RepeatedBox& reports) {
+    Text result = Globalized(number, mode, settings);
     if (result.starts_with(u"+0")) {
         reports.Ask({.text = u"Fehler in Rufnummer: " + result,
                      .title = u"Norvik:Globalize",

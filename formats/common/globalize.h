@@ -17,8 +17,10 @@ enum class GlobalizeMode {
 /// The number without the blanks at its ends and without the characters that `mode` does not allow.
 Text CleanNumber(TextView number, GlobalizeMode mode);
 
-/// The number cleaned and converted as `mode` says, with the prefixes of the settings. A result
-/// that begins with "+0" is reported and returned all the same.
+/// The number cleaned and converted as `mode` says, with the prefixes of the settings.
+Text Globalized(TextView number, GlobalizeMode mode, const Settings& settings);
+
+/// The same; a result that begins with "+0" is reported and returned all the same.
 Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, Desktop& desktop);
 /// The same for one of many numbers of an operation.
 Text Globalize(TextView number, GlobalizeMode mode, const Settings& settings, RepeatedBox& reports);

@@ -148,6 +148,26 @@ TEST_F(ConverterProgram, VerlusteFollowsTheOptionsOfTheTarget) {
               "");
 }
 
+TEST_F(ConverterProgram, DoppelteReportsTheNumbersOfSeveralEntries) {
+    folder.Write("a.csv", Raw("'Name;Tel' 0D 'Anna;030 1' 0D 'Bernd;2' 0D 'Carla;0049(30)1' 0D"));
+    folder.Write("n.ini", Raw("'[location]' 0D0A 'countrycode=49' 0D0A 'regioncode=30' 0D0A"));
+    const std::string found = "a.csv: doppelt 0049301: Anna (0301), Carla (0049(30)1)\n";
+    const Outcome alone = Run({"--doppelte", "--ini", "n.ini", "a.csv"});
+    EXPECT_EQ(alone.Status, 1);
+    EXPECT_EQ(StringOf(alone.Output), found);
+    EXPECT_THAT(alone.Errors, IsEmpty());
+    const Outcome beside = Run({"--doppelte", "--ini", "n.ini", "a.csv", "b.t9t"});
+    EXPECT_EQ(beside.Status, 1);
+    EXPECT_EQ(beside.Errors, found);
+    EXPECT_THAT(beside.Output, IsEmpty());
+    EXPECT_EQ(Run({"a.csv", "c.t9t"}).Status, 0);
+    EXPECT_EQ(ReadFile(folder / "b.t9t"), ReadFile(folder / "c.t9t"));
+    const Outcome other = Run({"--doppelte", "a.csv"});
+    EXPECT_EQ(other.Status, 0);
+    EXPECT_THAT(other.Output, IsEmpty());
+    EXPECT_THAT(other.Errors, IsEmpty());
+}
+
 TEST_F(ConverterProgram, ARegisterWithoutEntriesIsNoError) {
     folder.Write("a.t9t", EmptyRegisterFile());
     folder.Write("a.pbo", "norvik 175 phonebook\r\n");

@@ -45,6 +45,7 @@ constexpr NamedItem AllItems[] = {
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenUndo", u"&Rückgängig"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenRedo", u"&Wiederholen"},
     {"mnuList", u"&Liste", "mnuListView", u"&Registerliste..."},
+    {"mnuList", u"&Liste", "mnuListDoubles", u"&Doppelte Rufnummern..."},
     {"mnuGeb", u"&Gebühren", "mnuGebAuszug", u"Gebühren&auszug..."},
     {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen..."},
     {"mnuSync", u"&Synchronisation", "mnuSyncAdd", u"&Adresse suchen..."},

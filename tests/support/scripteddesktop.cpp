@@ -260,6 +260,14 @@ void ScriptedDesktop::CloseVersions() {
     Transcript.emplace_back("close VERSIONS");
 }
 
+void ScriptedDesktop::ShowDoubles() {
+    Transcript.emplace_back("show DOUBLES");
+}
+
+void ScriptedDesktop::CloseDoubles() {
+    Transcript.emplace_back("close DOUBLES");
+}
+
 Text ScriptedDesktop::BeforeReplacing(const FilePath& file) {
     return OnBeforeReplacing ? OnBeforeReplacing(file) : Text();
 }
