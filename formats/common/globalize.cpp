@@ -1,5 +1,7 @@
 #include "formats/common/globalize.h"
 
+#include <algorithm>
+
 namespace norvik {
 
 namespace {
@@ -9,11 +11,14 @@ constexpr TextView AllowedForTelephone = u"i*#0123456789A()-pw";
 constexpr TextView Allowed = u"+0123456789pw";
 
 Text Cleaned(TextView number, TextView allowed) {
+    const auto isDigit = [](char16_t character) { return character >= u'0' && character <= u'9'; };
+    if (std::all_of(number.begin(), number.end(), isDigit)) {  // most are, and all are allowed
+        return Text(number);
+    }
     Text result;
     result.reserve(number.size());
     for (std::size_t i = 0; i < number.size(); ++i) {
-        const bool digit = number[i] >= u'0' && number[i] <= u'9';  // most are, and all are allowed
-        const std::size_t place = digit ? 1 : allowed.find(number[i]);
+        const std::size_t place = isDigit(number[i]) ? 1 : allowed.find(number[i]);
         if (place != TextView::npos && (place > 0 || i == 0)) {
             result.push_back(number[i]);
         }

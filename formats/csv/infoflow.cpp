@@ -19,29 +19,38 @@ constexpr TextView Ellipsis = u"...";
 class InfoText {
   public:
     void AddLine(TextView line) {
-        const TextView shown = line.substr(0, InfoLineWidth);
-        if (size_ < InfoWidth) {
-            auto* const end = std::copy(shown.begin(), shown.end(), text_.begin() + size_);
-            size_ += InfoLineWidth;
-            std::fill(end, text_.begin() + size_, u' ');
-        } else {
-            surplus_ = surplus_ || !RightTrim(shown).empty();
+        const TextView filled = RightTrim(line.substr(0, InfoLineWidth));
+        if (size_ == InfoWidth) {
+            surplus_ = surplus_ || !filled.empty();
+            return;
         }
+        if (!filled.empty()) {
+            FillTo(size_);
+            std::copy(filled.begin(), filled.end(), text_.begin() + size_);
+            end_ = size_ + filled.size();
+        }
+        size_ += InfoLineWidth;
     }
 
-    [[nodiscard]] Text Result() const {
-        const TextView text(text_.data(), size_);
+    [[nodiscard]] Text Result() {
         if (surplus_) {
-            return Text(text.substr(0, InfoWidth - Ellipsis.size())).append(Ellipsis);
+            FillTo(InfoWidth);
+            return Text(text_.data(), InfoWidth - Ellipsis.size()).append(Ellipsis);
         }
-        return Text(RightTrim(text));
+        return {text_.data(), end_};
     }
 
   private:
-    std::array<char16_t, InfoWidth> text_{};  ///< filled up to size_
-    std::size_t size_ = 0;
-    /// There is more than blanks behind the six lines.
-    bool surplus_ = false;
+    /// The blanks behind the text are made when another line follows them.
+    void FillTo(std::size_t end) {
+        std::fill(text_.begin() + end_, text_.begin() + end, u' ');
+        end_ = end;
+    }
+
+    std::array<char16_t, InfoWidth> text_{};  ///< up to end_
+    std::size_t end_ = 0;                     ///< of the last line that is not blank
+    std::size_t size_ = 0;                    ///< of all lines so far
+    bool surplus_ = false;                    ///< there is more than blanks behind the six lines
 };
 
 /// Flows a text, of which every part ends with a line mark, into lines. Positions count from 1.
