@@ -18,6 +18,7 @@ import random
 import re
 import resource
 import shlex
+import signal
 import subprocess
 import sys
 
@@ -84,16 +85,23 @@ def mutants(source):
         yield number, match.group(), after, text[:match.start()] + after + text[match.end():]
 
 
-def limit_memory():
+# In seconds: of the processor, whatever else the machine does, and of the clock, for what waits.
+PROCESSOR_LIMIT = 120
+CLOCK_LIMIT = 1800
+
+
+def set_limits():
     resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
+    resource.setrlimit(resource.RLIMIT_CPU, (PROCESSOR_LIMIT, PROCESSOR_LIMIT + 1))
 
 
-def run(command, limit=None):
+def run(command):
     try:
-        return subprocess.run(command, cwd=BUILD, capture_output=True, timeout=limit, check=False,
-                              preexec_fn=limit_memory).returncode
+        status = subprocess.run(command, cwd=BUILD, capture_output=True, timeout=CLOCK_LIMIT,
+                                check=False, preexec_fn=set_limits).returncode
     except subprocess.TimeoutExpired:
         return "timeout"
+    return "timeout" if status == -signal.SIGXCPU else status
 
 
 def prepare():
@@ -118,17 +126,17 @@ def noticed(number, source, text, commands):
     command = [part for part in command if part not in ("-Werror",)]
     command[command.index("-o") + 1] = str(folder / "mutant.o")
     command[command.index("-c") + 1] = str(copy)
-    if run(command, 120) != 0:
+    if run(command) != 0:
         return "compiler"
     objects = [str(path) for path in (BUILD / "tests/CMakeFiles/core-tests.dir").rglob("*.o")]
     program = folder / "core-tests"
     link = ["g++", "-o", str(program), str(folder / "mutant.o"), *objects,
             str(BUILD / "tests/libnorvik-test-support.a"), str(BUILD / "libnorvik-core.a"),
             "-lgtest_main", "-lgmock", "-lgtest", "-lpthread"]
-    if run(link, 120) != 0:
+    if run(link) != 0:
         return "compiler"
     result = run([str(program), "--gtest_brief=1", "--gtest_fail_fast",
-                  "--gtest_filter=-*Killed*:*Samples*"], 120)
+                  "--gtest_filter=-*Killed*:*Samples*"])
     for path in folder.iterdir():
         path.unlink()
     return None if result == 0 else "timeout" if result == "timeout" else "tests"
