@@ -4,10 +4,14 @@
 
 #include <QProcess>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <string>
 #include <thread>
+#include <vector>
 
 #ifndef _WIN32
 #include <sys/wait.h>
@@ -17,6 +21,51 @@
 namespace norvik::test {
 
 namespace {
+
+#ifdef __linux__
+
+/// Whether every thread of a process sleeps; "(name) S" stands in the file of each.
+bool Sleeps(qint64 process) {
+    const FilePath threads = FilePath("/proc") / std::to_string(process) / "task";
+    std::error_code error;
+    std::vector<char> states;
+    std::filesystem::directory_iterator thread(threads, error);
+    for (; !error && thread != end(thread); thread.increment(error)) {
+        std::ifstream file(thread->path() / "stat");
+        std::string line;
+        std::getline(file, line);
+        const std::size_t name = line.rfind(") ");
+        states.push_back(name == std::string::npos ? '?' : line[name + 2]);
+    }
+    return !error && !states.empty() &&
+           std::all_of(states.begin(), states.end(), [](char state) { return state == 'S'; });
+}
+
+/// Waits until a process has nothing to do for a while, so that it waits for its user; false when
+/// it ends before.
+bool ComesToWait(qint64 process) {
+    constexpr int LongEnough = 30;
+    constexpr int Longest = 6000;
+    const FilePath program = FilePath("/proc") / std::to_string(process) / "exe";
+    std::error_code error;
+    bool runs = true;  // one that has ended has no program
+    int asleep = 0;
+    for (int i = 0; i < Longest && asleep < LongEnough && runs; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        asleep = Sleeps(process) ? asleep + 1 : 0;
+        runs = !std::filesystem::read_symlink(program, error).empty();
+    }
+    return asleep == LongEnough;
+}
+
+#else
+
+bool ComesToWait(qint64 /*process*/) {
+    std::this_thread::sleep_for(std::chrono::seconds(3));
+    return true;
+}
+
+#endif
 
 class WindowProcess : public testing::Test {
   protected:
@@ -49,8 +98,8 @@ class WindowProcess : public testing::Test {
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         process.setProcessEnvironment(environment);
         process.start(QString::fromStdString(executable_.string()), arguments);
-        constexpr int LongEnough = 2000;
-        const bool waits = process.waitForStarted() && !process.waitForFinished(LongEnough);
+        const bool waits = process.waitForStarted() && ComesToWait(process.processId()) &&
+                           !process.waitForFinished(0);
         process.kill();
         process.waitForFinished();
         return waits;
@@ -66,8 +115,7 @@ class WindowProcess : public testing::Test {
             execl(executable_.c_str(), executable_.c_str(), nullptr);
             _exit(127);
         }
-        constexpr auto LongEnough = std::chrono::seconds(3);
-        std::this_thread::sleep_for(LongEnough);
+        EXPECT_TRUE(ComesToWait(child)) << "the program did not start";
         kill(child, signal);
         int status = 0;
         waitpid(child, &status, 0);
