@@ -8,14 +8,45 @@
 #include <random>
 #include <stdexcept>
 
+#ifdef __linux__
+#include <sys/statvfs.h>
+#include <unistd.h>
+#endif
+
 namespace norvik::test {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// Whether the folder is a place for tests: with room for their largest files, and for programs,
+/// too.
+bool IsFit(const char* folder) {
+#ifdef __linux__
+    constexpr std::uintmax_t EnoughRoom = 1U << 30U;
+    struct statvfs system {};
+    return statvfs(folder, &system) == 0 && access(folder, W_OK | X_OK) == 0 &&
+           (system.f_flag & static_cast<unsigned long>(ST_NOEXEC)) == 0 &&
+           std::uintmax_t{system.f_bavail} * system.f_frsize >= EnoughRoom;
+#else
+    return folder == nullptr;
+#endif
+}
+
+/// The memory's own file system, which waits for no disk, unless the environment names a folder.
+FilePath TemporaryFolder() {
+    constexpr const char* Memory = "/dev/shm";
+    return std::getenv("TMPDIR") == nullptr && IsFit(Memory) ? FilePath(Memory)
+                                                             : fs::temp_directory_path();
+}
+
+}  // namespace
+
 TestFolder::TestFolder() {
+    static const FilePath temporary = TemporaryFolder();
     std::random_device random;
     do {
-        path_ = fs::temp_directory_path() / ("norvik-test-" + std::to_string(random()));
+        path_ = temporary / ("norvik-test-" + std::to_string(random()));
     } while (!fs::create_directory(path_));
 }
 
