@@ -120,7 +120,7 @@ class FaultyCalls {
         entering_ = !entering_;
     }
 
-    /// From here on the calls are not the write's.
+    /// From here on the calls are no part of the write.
     void EndOfWrite() { resume_ = PTRACE_CONT; }
     void Resume() const { ptrace(resume_, child_, nullptr, nullptr); }
 
