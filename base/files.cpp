@@ -12,14 +12,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct StreamCloser {
-    void operator()(std::FILE* file) const {
-        static_cast<void>(std::fclose(file));  // only of streams that are read: nothing can be lost
-    }
-};
-using InputStream = std::unique_ptr<std::FILE, StreamCloser>;
+/// Closes itself; of streams that are read nothing can be lost by that.
+using OpenedFile = std::shared_ptr<std::FILE>;
 
-InputStream OpenForReading(const FilePath& path) {
+OpenedFile OpenForReading(const FilePath& path) {
     EnsurePossibleName(path);
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
@@ -33,41 +29,33 @@ InputStream OpenForReading(const FilePath& path) {
     if (!fs::is_regular_file(status)) {
         throw RuntimeError(ErrorNumber::PathAccessError);
     }
-    if (fs::file_size(path, error) > MaximumFileSize && !error) {
-        throw RuntimeError(ErrorNumber::OutOfMemory);
-    }
     errno = 0;
-    InputStream file(platform::OpenToRead(path));
-    if (!file) {
+    std::FILE* const file = platform::OpenToRead(path);
+    if (file == nullptr) {
         RaiseSystemError(LastError(), path);
     }
-    return file;
+    return {file, [](std::FILE* opened) { static_cast<void>(std::fclose(opened)); }};
 }
 
 }  // namespace
 
-Bytes ReadWholeFile(const FilePath& path) {
-    const InputStream file = OpenForReading(path);
-    constexpr std::size_t BlockSize = std::size_t{64} * 1024;
-    std::error_code ignored;
-    const std::uintmax_t expected = fs::file_size(path, ignored);
-    Bytes bytes;
-    bytes.reserve(ignored ? BlockSize : static_cast<std::size_t>(expected) + BlockSize);
-    // Read until the end, not up to the size: the file may have grown since.
-    for (std::size_t read = BlockSize; read == BlockSize;) {
-        const std::size_t size = bytes.size();
-        bytes.resize(size + BlockSize);
+InputStream OpenFile(const FilePath& path) {
+    const OpenedFile file = OpenForReading(path);
+    const auto read = [file, path](std::span<Byte> block) {
         errno = 0;
-        read = std::fread(bytes.data() + size, 1, BlockSize, file.get());
-        bytes.resize(size + read);
+        const std::size_t count = std::fread(block.data(), 1, block.size(), file.get());
         if (std::ferror(file.get()) != 0) {
             RaiseSystemError(LastError(), path);
         }
-        if (bytes.size() > MaximumFileSize) {
-            throw RuntimeError(ErrorNumber::OutOfMemory);
-        }
-    }
-    return bytes;
+        return count;
+    };
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(path, error);
+    return {read, error ? std::nullopt : std::optional(size)};
+}
+
+Bytes ReadWholeFile(const FilePath& path) {
+    return OpenFile(path).ReadAll();
 }
 
 std::optional<FileTime> LastModified(const FilePath& path) {

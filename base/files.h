@@ -2,17 +2,16 @@
 // a regular file is 75, a file that is too large 7.
 #pragma once
 
+#include "base/inputstream.h"
 #include "base/numbers.h"
 #include "base/paths.h"
-#include "base/windows1252.h"
 
-#include <cstdint>
 #include <optional>
 
 namespace norvik {
 
-/// Files larger than this are not read (run-time error 7).
-inline constexpr std::uintmax_t MaximumFileSize = std::uintmax_t{64} * 1024 * 1024;
+/// Opens a regular file of any size.
+InputStream OpenFile(const FilePath& path);
 
 /// The bytes of a regular file of at most MaximumFileSize.
 Bytes ReadWholeFile(const FilePath& path);

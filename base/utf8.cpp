@@ -14,6 +14,7 @@ constexpr unsigned FurtherMask = 0x3F;
 constexpr unsigned FurtherMark = 0x80;
 constexpr unsigned OneByteEnd = 0x80;
 constexpr unsigned TwoBytesEnd = 0x800;
+constexpr unsigned ThreeBytesEnd = 0x10000;
 
 /// The number of bytes of the sequence that `lead` opens; 0 when none begins so.
 std::size_t SequenceLength(unsigned lead) {
@@ -43,7 +44,7 @@ std::optional<char32_t> CodePoint(std::u8string_view sequence) {
         }
         point = (point << FurtherBits) | (static_cast<unsigned>(next) & FurtherMask);
     }
-    constexpr std::array<char32_t, 5> Least = {0, 0, OneByteEnd, TwoBytesEnd, 0x10000};
+    constexpr std::array<char32_t, 5> Least = {0, 0, OneByteEnd, TwoBytesEnd, ThreeBytesEnd};
     constexpr char32_t Last = 0x10FFFF;
     if (point < Least.at(sequence.size()) || point > Last || IsHalfOfAPair(point)) {
         return std::nullopt;
@@ -53,19 +54,6 @@ std::optional<char32_t> CodePoint(std::u8string_view sequence) {
 
 char Further(unsigned bits) {
     return static_cast<char>(FurtherMark | (bits & FurtherMask));
-}
-
-void Append(std::string& utf8, unsigned character) {
-    if (character < OneByteEnd) {
-        utf8.push_back(static_cast<char>(character));
-    } else if (character < TwoBytesEnd) {
-        utf8.push_back(static_cast<char>(0xC0U | (character >> FurtherBits)));
-        utf8.push_back(Further(character));
-    } else {
-        utf8.push_back(static_cast<char>(0xE0U | (character >> (2 * FurtherBits))));
-        utf8.push_back(Further(character >> FurtherBits));
-        utf8.push_back(Further(character));
-    }
 }
 
 }  // namespace
@@ -95,11 +83,30 @@ std::u32string CodePoints(std::u8string_view utf8) {
     return points;
 }
 
+void AppendUtf8(std::string& utf8, char32_t point) {
+    if (point < OneByteEnd) {
+        utf8.push_back(static_cast<char>(point));
+        return;
+    }
+    if (point < TwoBytesEnd) {
+        utf8.push_back(static_cast<char>(0xC0U | (point >> FurtherBits)));
+    } else {
+        if (point < ThreeBytesEnd) {
+            utf8.push_back(static_cast<char>(0xE0U | (point >> (2 * FurtherBits))));
+        } else {
+            utf8.push_back(static_cast<char>(0xF0U | (point >> (3 * FurtherBits))));
+            utf8.push_back(Further(point >> (2 * FurtherBits)));
+        }
+        utf8.push_back(Further(point >> FurtherBits));
+    }
+    utf8.push_back(Further(point));
+}
+
 std::string ToUtf8(TextView text) {
     std::string utf8;
     utf8.reserve(text.size());
     for (const char16_t character : text) {
-        Append(utf8, character);
+        AppendUtf8(utf8, character);
     }
     return utf8;
 }

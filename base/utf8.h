@@ -20,6 +20,9 @@ std::optional<char32_t> TakeCodePoint(std::u8string_view& utf8);
 /// The code points of a UTF-8 text; every byte that does not fit gives ReplacementCharacter.
 std::u32string CodePoints(std::u8string_view utf8);
 
+/// Appends a code point, which must be none of a surrogate pair's halves.
+void AppendUtf8(std::string& utf8, char32_t point);
+
 std::string ToUtf8(TextView text);
 
 /// The text of a UTF-8 string; nothing when it is no UTF-8 or holds a character outside

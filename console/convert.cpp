@@ -174,7 +174,7 @@ ExitStatus ConvertCalls(const ConverterOptions& options) {
     };
     SourceFile calls;
     try {
-        calls = ReadSource(options.Source);
+        calls = ReadWhole(OpenSource(options.Source));
     } catch (const RuntimeError& error) {
         return NotRead(options.Source, error.Description());
     }
@@ -260,9 +260,9 @@ ExitStatus ConvertRegister(const ConverterOptions& options) {
     } catch (const RuntimeError& error) {
         return NotRead(options.SettingsFile, error.Description());
     }
-    SourceFile source;
+    Source source;
     try {
-        source = ReadSource(options.Source);
+        source = OpenSource(options);
     } catch (const RuntimeError& error) {
         return NotRead(options.Source, error.Description());
     }

@@ -16,7 +16,7 @@ namespace norvik {
 namespace {
 
 /// Gives whether the load went to its end.
-bool LoadRegister(const ConverterOptions& options, SourceFile& source, const Settings& settings,
+bool LoadRegister(const ConverterOptions& options, Source& source, const Settings& settings,
                   RegisterState& state, Desktop& desktop) {
     const FormatRow& row = RowOf(options.From);
     try {
@@ -47,14 +47,19 @@ Settings ReadConverterSettings(const ConverterOptions& options) {
     return settings;
 }
 
-SourceFile ReadSource(const FilePath& source) {
+Source OpenSource(const FilePath& source) {
     if (source == FilePath(StandardStream)) {
-        return {.Content = ReadStandardInput(), .Path = source, .Modified = std::nullopt};
+        return {OpenStandardInput(), source, std::nullopt};
     }
-    return ReadSourceFile(source);
+    return OpenSourceFile(source);
 }
 
-LoadResult LoadSource(const ConverterOptions& options, SourceFile source, const Settings& settings,
+Source OpenSource(const ConverterOptions& options) {
+    Source source = OpenSource(options.Source);
+    return RowOf(options.From).IsStreamed ? std::move(source) : ReadWhole(std::move(source));
+}
+
+LoadResult LoadSource(const ConverterOptions& options, Source source, const Settings& settings,
                       RegisterState& state, Desktop& desktop) {
     const unsigned before = state.Generation;
     const bool toItsEnd = LoadRegister(options, source, settings, state, desktop);

@@ -13,8 +13,12 @@ namespace norvik {
 /// one, and the options' price. Raises what reading it raises.
 Settings ReadConverterSettings(const ConverterOptions& options);
 
-/// Reads the source, file or standard input; raises what that raises.
-SourceFile ReadSource(const FilePath& source);
+/// Opens the source, file or standard input; raises what that raises.
+Source OpenSource(const FilePath& source);
+
+/// Opens the options' source, and reads it as a whole unless its format is read block by block.
+/// Raises what that raises.
+Source OpenSource(const ConverterOptions& options);
 
 enum class LoadResult {
     Whole,
@@ -27,7 +31,7 @@ enum class LoadResult {
 /// Loads and checks the source, sorts it as the options say and adds or removes the zeros for the
 /// outside line. A register without entries is not sorted. What is amiss with a source that was not
 /// read whole stands in the register's Damage.
-LoadResult LoadSource(const ConverterOptions& options, SourceFile source, const Settings& settings,
+LoadResult LoadSource(const ConverterOptions& options, Source source, const Settings& settings,
                       RegisterState& state, Desktop& desktop);
 
 }  // namespace norvik

@@ -1,36 +1,21 @@
 #include "console/standardstreams.h"
 
-#include "base/files.h"
 #include "base/systemerrors.h"
 
-#include <array>
 #include <cerrno>
 #include <cstdio>
 
 namespace norvik {
 
-namespace {
-
-constexpr std::size_t BlockSize = std::size_t{64} * 1024;
-using Block = std::array<Byte, BlockSize>;
-
-}  // namespace
-
-Bytes ReadStandardInput() {
-    Bytes bytes;
-    Block block{};
-    std::size_t read = 0;
-    do {
-        read = std::fread(block.data(), 1, block.size(), stdin);
-        bytes.insert(bytes.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(read));
-        if (bytes.size() > MaximumFileSize) {
-            throw RuntimeError(ErrorNumber::OutOfMemory);
+InputStream OpenStandardInput() {
+    const auto read = [](std::span<Byte> block) {
+        const std::size_t count = std::fread(block.data(), 1, block.size(), stdin);
+        if (std::ferror(stdin) != 0) {
+            throw RuntimeError(ErrorNumber::DeviceError);
         }
-    } while (read == block.size());
-    if (std::ferror(stdin) != 0) {
-        throw RuntimeError(ErrorNumber::DeviceError);
-    }
-    return bytes;
+        return count;
+    };
+    return {read, std::nullopt};
 }
 
 void WriteToStandardOutput(ByteView bytes) {

@@ -9,6 +9,8 @@
 #include "formats/phonebook175/phonebookfilemenu.h"
 #include "formats/registerfile/registerfile.h"
 #include "formats/registerfile/registerfilemenu.h"
+#include "formats/vcard/vcard.h"
+#include "formats/vcard/vcardmenu.h"
 
 #include <algorithm>
 
@@ -94,6 +96,17 @@ bool WriteStatement(RegisterState& state, const OutputTarget& target,
     return true;
 }
 
+bool StartVCard(RegisterState& state, const FilePath& path, const Settings& settings,
+                Desktop& desktop) {
+    return LoadVCardOrReport(
+        state, [&path] { return OpenSourceFile(path); }, settings, desktop);
+}
+
+bool LoadVCardSource(RegisterState& state, const SourceReader& open,
+                     const SourceOptions& /*options*/, const Settings& settings, Desktop& desktop) {
+    return LoadVCardOrReport(state, open, settings, desktop);
+}
+
 // clang-format off
 constexpr FormatRow Rows[] = {
     {FileFormat::Register195, "195", registerfile::Ending, u"195-Datei", "registerfile",
@@ -119,6 +132,9 @@ constexpr FormatRow Rows[] = {
      false, WriteFailure::RuntimeError, u"mnuGebAuszug"},
     {FileFormat::CallList, "", calllist::Ending, u"Anrufliste", "calllist",
      calllist::DialogFilter, {}, nullptr, nullptr, nullptr},
+    {FileFormat::VCard, "vcard", vcard::Ending, u"vCard-Datei", "vcard",
+     vcard::DialogFilter, {}, StartVCard, LoadVCardSource, nullptr,
+     false, WriteFailure::StatusLine, {}, true},
 };
 // clang-format on
 

@@ -23,6 +23,7 @@ enum class FileFormat {
     MobileExport,
     ChargeStatement,
     CallList,  ///< holds no register
+    VCard,     ///< contacts of other programs
 };
 
 /// What the user decides of a load.
@@ -72,7 +73,8 @@ struct FormatRow {
                   Desktop&);
     bool CanLeaveOutUnmarked = false;  ///< TargetOptions::OnlyMarked has a meaning
     WriteFailure OnWriteFailure = WriteFailure::StatusLine;
-    TextView SaveItem = {};  ///< the menu item that saves it, as its reports name it
+    TextView SaveItem = {};   ///< the menu item that saves it, as its reports name it
+    bool IsStreamed = false;  ///< Load reads its source block by block, of whatever size it is
 };
 
 /// All formats, in the order of FileFormat.

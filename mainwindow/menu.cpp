@@ -9,6 +9,7 @@
 #include "formats/ip286/ip286menu.h"
 #include "formats/phonebook175/phonebookfilemenu.h"
 #include "formats/registerfile/registerfilemenu.h"
+#include "formats/vcard/vcardmenu.h"
 #include "mainwindow/doubleswindow.h"
 #include "mainwindow/handlers.h"
 #include "mainwindow/registerlistwindow.h"
@@ -70,6 +71,7 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "mnuDateiLoadNV",    u"norvik 195/193 &laden...",            "Ctrl+O", 1, false, Run<mnuDateiLoadNV>, nullptr, u"norvik 195/193 laden"},
     {"mnuDatei", u"&Datei", "mnuDateiLoad175",   u"norvik 175 la&den...",                "",       1, false, Run<mnuDateiLoad175>, nullptr, u"norvik 175 laden"},
     {"mnuDatei", u"&Datei", "mnuDateiLoadCSV",   u"&CSV laden...",                       "",       1, false, Run<mnuDateiLoadCSV>, nullptr, u"CSV laden"},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadVCard", u"&vCard laden...",                     "",       1, false, Run<mnuDateiLoadVCard>, nullptr, u"vCard laden"},
     {"mnuDatei", u"&Datei", "mnuDateiSaveNV",    u"norvik 195 &speichern",               "",       2, true,  Run<mnuDateiSaveNV>},
     {"mnuDatei", u"&Datei", "MNUDateiSave193",   u"norvik 19&3 speichern",               "",       2, true,  Run<MNUDateiSave193>},
     {"mnuDatei", u"&Datei", "mnuDateiSave175",   u"norvik 1&75 speichern",               "",       2, true,  Run<mnuDateiSave175>, nullptr, u"norvik 175 speichern"},

@@ -23,7 +23,7 @@ struct RecordSelector {
 
 /// What the main window shows of the file last loaded.
 struct CurrentFile {
-    Text Type;  ///< "195", "193", "175", "CSV", or empty
+    Text Type;  ///< "195", "193", "175", "CSV", "vCard", or empty
     FilePath Path;
     std::optional<FileTime> Modified;
 };
@@ -53,7 +53,7 @@ struct RegisterState {
     RecordSelector Satzwahl;
     /// True while the register need not be saved before quitting.
     bool RegisterSaved = true;
-    Text LoadedModel;  ///< "195", "193", "175"; empty before the first device file and after a CSV
+    Text LoadedModel;  ///< "195", "193", "175"; empty before the first device file and after any other
     CurrentFile File;
     LongReport LoadReport;  ///< findings of a load, lines ended by CR LF
     Text ReadTrace;         ///< the last 15 bytes read from a register file, as hexadecimal digits
@@ -65,7 +65,7 @@ struct RegisterState {
     unsigned Generation = 0;
     /// Changes whenever the register was loaded whole, or all of its entries saved.
     unsigned WholeFiles = 0;
-    Text SavedAs;  ///< the type of the file that holds them then: "195", "193", "175" or "CSV"
+    Text SavedAs;  ///< the type of the file that holds them then, as CurrentFile has it
 };
 
 /// The entry at a position; raises error 9 for a position outside 1 to 2000.

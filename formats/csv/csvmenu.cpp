@@ -42,7 +42,7 @@ bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const FileP
 bool LoadCSVOrReport(RegisterState& state, const Settings& settings, const SourceReader& read,
                      const CsvLoadOptions& options, Desktop& desktop) {
     return RunOrReport(
-        state, [&] { LoadCSV(state, read(), options, settings, desktop); }, desktop);
+        state, [&] { LoadCSV(state, ReadWhole(read()), options, settings, desktop); }, desktop);
 }
 
 void mnuDateiSaveCSV(RegisterState& state, Desktop& desktop) {

@@ -18,12 +18,12 @@ void mnuDateiLoad175(RegisterState& state, Desktop& desktop) {
 
 bool Load175OrReport(RegisterState& state, const FilePath& path, Desktop& desktop) {
     return Load175OrReport(
-        state, [&path] { return ReadSourceFile(path); }, desktop);
+        state, [&path] { return OpenSourceFile(path); }, desktop);
 }
 
 bool Load175OrReport(RegisterState& state, const SourceReader& read, Desktop& desktop) {
     bool ofThisKind = false;
-    const auto load = [&] { ofThisKind = LoadPhonebookFile(state, read(), desktop); };
+    const auto load = [&] { ofThisKind = LoadPhonebookFile(state, ReadWhole(read()), desktop); };
     const auto report = [&desktop](const RuntimeError& error) {
         desktop.SetPointer(Pointer::Normal);
         ReportUndefinedError(u"mnuDateiLoad175", error, desktop);

@@ -39,7 +39,7 @@ void mnuDateiLoadNV(RegisterState& state, Desktop& desktop) {
 
 bool LoadNVOrReport(RegisterState& state, const SourceReader& read, Desktop& desktop) {
     try {
-        return LoadRegisterFile(state, read(), desktop);
+        return LoadRegisterFile(state, ReadWhole(read()), desktop);
     } catch (const RuntimeError& error) {
         ReportLoadNVError(error, desktop);
         return false;

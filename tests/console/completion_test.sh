@@ -7,7 +7,7 @@ completion=$1
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
-touch alt.t9t ALT.PBO neu.csv anrufe.t9a handy.pbb kosten.geb norvik.ini brief.txt "mit blank.t9t"
+touch alt.t9t ALT.PBO neu.csv anrufe.t9a kontakte.vcf handy.pbb kosten.geb norvik.ini brief.txt "mit blank.t9t"
 mkdir ordner.x
 
 # shellcheck source=/dev/null
@@ -64,7 +64,7 @@ expect "'##'" --null-weg '\\#'
 expect '' --preis ''
 
 # The source, then the target.
-expect 'ALT.PBO|alt.t9t|anrufe.t9a|mit blank.t9t|neu.csv|ordner.x' ''
+expect 'ALT.PBO|alt.t9t|anrufe.t9a|kontakte.vcf|mit blank.t9t|neu.csv|ordner.x' ''
 expect 'mit blank.t9t' mit
 expect 'ALT.PBO|alt.t9t|handy.pbb|kosten.geb|mit blank.t9t|neu.csv|ordner.x' alt.t9t ''
 expect 'kosten.geb' --unsortiert alt.t9t --ueberschreiben k

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 class LoadSourceTest : public testing::Test {
   protected:
     LoadResult Load(const ConverterOptions& options) {
-        return LoadSource(options, ReadSource(options.Source), Settings(), state, desktop);
+        return LoadSource(options, OpenSource(options), Settings(), state, desktop);
     }
 
     const TestFolder folder;

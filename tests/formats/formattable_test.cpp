@@ -9,11 +9,12 @@ namespace {
 using testing::ElementsAre;
 
 TEST(Formats, HaveTheirWords) {
-    EXPECT_THAT(SourceNames(), ElementsAre("195", "193", "175", "csv"));
+    EXPECT_THAT(SourceNames(), ElementsAre("195", "193", "175", "csv", "vcard"));
     EXPECT_EQ(SourceOfName("195"), FileFormat::Register195);
     EXPECT_EQ(SourceOfName("193"), FileFormat::Register193);
     EXPECT_EQ(SourceOfName("175"), FileFormat::Phonebook175);
     EXPECT_EQ(SourceOfName("csv"), FileFormat::Csv);
+    EXPECT_EQ(SourceOfName("vcard"), FileFormat::VCard);
     EXPECT_EQ(SourceOfName("ip286"), std::nullopt);
     EXPECT_THAT(TargetNames(),
                 ElementsAre("195", "193", "175", "csv", "ip286", "simsurf", "gebuehren"));
@@ -41,6 +42,7 @@ TEST(Formats, HaveTheirEndingsInAnyCase) {
     EXPECT_EQ(SourceOfEnding("a.b/c.PBO"), FileFormat::Phonebook175);
     EXPECT_EQ(SourceOfEnding("x.t9t.Csv"), FileFormat::Csv);
     EXPECT_EQ(SourceOfEnding("\xFF\xFE.t9A"), FileFormat::CallList);
+    EXPECT_EQ(SourceOfEnding("kontakte.VCF"), FileFormat::VCard);
     EXPECT_EQ(SourceOfEnding("a.pbb"), std::nullopt);
     EXPECT_EQ(SourceOfEnding("a.t9t/b"), std::nullopt);
     EXPECT_EQ(SourceOfEnding("at9t"), std::nullopt);

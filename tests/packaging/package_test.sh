@@ -131,6 +131,7 @@ program_lines() {
 ./usr/bin/norvik-telefonregister
 ./usr/share/applications/norvik-telefonregister.desktop
 ./usr/share/applications/zz-norvik-telefonregister-csv.desktop
+./usr/share/applications/zz-norvik-telefonregister-vcf.desktop
 ./usr/share/doc/norvik-telefonregister/changelog.gz
 ./usr/share/doc/norvik-telefonregister/copyright
 ./usr/share/icons/hicolor/scalable/apps/norvik-telefonregister.svg
@@ -178,16 +179,20 @@ for ending in t9t:telefonregister pbo:telefonbuch T9T:telefonregister; do
         fail "the type of .${ending%%:*} is not $type"
     [[ $(asked mime "$type") == *" norvik-telefonregister.desktop"* ]] || fail "no program for $type"
 done
-# A CSV file may be opened with it, but is not by itself where there is another program for it.
-[[ $(asked mime text/csv) == *"zz-norvik-telefonregister-csv.desktop"* ]] || fail "not offered for .csv"
-for other in abc zettel; do
-    printf '[Desktop Entry]\nType=Application\nName=%s\nExec=true %%f\nMimeType=text/csv;\n' "$other" \
-        > "$prefix/usr/share/applications/$other.desktop"
-    update-desktop-database "$prefix/usr/share/applications"
-    # shellcheck disable=SC1111  # gio's own quotes
-    [[ $(asked mime text/csv) == "Default application for “text/csv”: $other.desktop"*zz-norvik* ]] ||
-        fail "the programs for .csv: $(asked mime text/csv)"
-    rm "$prefix/usr/share/applications/$other.desktop"
+# A CSV or vCard file may be opened with it, but is not by itself where there is another program.
+for kind in csv:csv vcard:vcf; do
+    type=text/${kind%%:*}
+    ending=${kind##*:}
+    [[ $(asked mime "$type") == *"zz-norvik-telefonregister-$ending.desktop"* ]] || fail "not offered for .$ending"
+    for other in abc zettel; do
+        printf '[Desktop Entry]\nType=Application\nName=%s\nExec=true %%f\nMimeType=%s;\n' "$other" "$type" \
+            > "$prefix/usr/share/applications/$other.desktop"
+        update-desktop-database "$prefix/usr/share/applications"
+        # shellcheck disable=SC1111  # gio's own quotes
+        [[ $(asked mime "$type") == "Default application for “$type”: $other.desktop"*zz-norvik* ]] ||
+            fail "the programs for .$ending: $(asked mime "$type")"
+        rm "$prefix/usr/share/applications/$other.desktop"
+    done
 done
 update-desktop-database "$prefix/usr/share/applications"
 

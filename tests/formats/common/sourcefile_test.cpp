@@ -41,6 +41,27 @@ TEST(ReadSourceFile, GivesBytesPathAndDate) {
     EXPECT_THROW(ReadSourceFile(folder / "fehlt"), RuntimeError);
 }
 
+TEST(OpenSourceFile, GivesAStreamOfAnySize) {
+    const TestFolder folder;
+    const FilePath path = folder.Write("a.vcf", "abc");
+    std::filesystem::resize_file(path, MaximumFileSize + 1);
+    Source source = OpenSourceFile(path);
+    EXPECT_EQ(source.Path, path);
+    EXPECT_EQ(source.Modified, LastModified(path));
+    EXPECT_EQ(source.Content.Size(), MaximumFileSize + 1);
+    Bytes block(3);
+    EXPECT_EQ(source.Content.Read(block), 3U);
+    EXPECT_EQ(block, Raw("'abc'"));
+    EXPECT_THROW(ReadWhole(OpenSourceFile(path)), RuntimeError);
+    EXPECT_THROW(OpenSourceFile(folder.Path()), RuntimeError);
+}
+
+TEST(ReadWhole, GivesBackWhatIsInMemory) {
+    const SourceFile file = ReadWhole(SourceFile{Raw("'abc'"), "-", std::nullopt});
+    EXPECT_EQ(file.Content, Raw("'abc'"));
+    EXPECT_EQ(file.Path, "-");
+}
+
 TEST(LoadRegisterFile, TakesAFileThatHasBeenRead) {
     RegisterState state;
     ScriptedDesktop desktop;

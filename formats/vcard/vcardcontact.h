@@ -1,0 +1,101 @@
+// What a vCard tells of a person or firm, as far as a telephone register or an address book can use
+// it, and the reader that takes contacts from a file one by one.
+#pragma once
+
+#include "base/simplify.h"
+#include "formats/vcard/vcardkind.h"
+#include "formats/vcard/vcardlines.h"
+#include "formats/vcard/vcardproperty.h"
+#include "formats/vcard/vcardtext.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace norvik {
+
+struct VCardNumber {
+    Text Number;  ///< as the card has it, in ASCII but for strange characters; see Dialled
+    NumberKind Kind = NumberKind::Unknown;
+    std::string Group = {};  ///< lowered; the label of the same group may tell the kind
+};
+
+struct VCardAddress {
+    SimplifiedText Box;
+    SimplifiedText Extension;
+    SimplifiedText Street;
+    SimplifiedText City;
+    SimplifiedText Region;
+    SimplifiedText Code;
+    SimplifiedText Country;
+};
+
+/// A contact; what its card does not have is empty. Texts are one line each, but the note and the
+/// label, whose lines are separated by U+000A.
+struct VCardContact {
+    SimplifiedText Family;
+    SimplifiedText Given;
+    SimplifiedText Additional;
+    SimplifiedText FullName;
+    SimplifiedText Nickname;
+    SimplifiedText Organisation;
+    SimplifiedText Department;
+    SimplifiedText Mail;
+    VCardAddress Address;  ///< the preferred one, else the first that says anything
+    SimplifiedText Label;  ///< an address as it is written on a letter
+    SimplifiedText Note;
+    std::vector<VCardNumber> Numbers;  ///< in the card's order
+    long long NumbersLeftOut = 0;      ///< beyond MostVCardNumbers
+    bool IsGroup = false;              ///< stands for a list of contacts
+    bool IsWhole = true;               ///< the card has an end
+};
+
+/// More numbers of one contact are counted alone.
+inline constexpr std::size_t MostVCardNumbers = 2000;
+/// No more of a number is kept; nobody can dial it.
+inline constexpr std::size_t LongestVCardNumber = 100;
+
+/// Reads the contacts of a stream in a memory that does not grow with it. Bytes that belong to no
+/// card are passed over; a card in a card is passed over, too, it tells of somebody else.
+class VCardReader {
+  public:
+    /// `input` must live as long as the reader.
+    explicit VCardReader(InputStream& input) : lines_(input) {}
+
+    /// Puts the next contact into `contact`; false at the end. Raises what reading raises.
+    bool Next(VCardContact& contact);
+
+    [[nodiscard]] std::uintmax_t BytesRead() const { return lines_.BytesRead(); }
+
+  private:
+    enum class Place {
+        Outside,
+        Guessed,  ///< in a card whose beginning is missing, if its end comes
+        Inside,
+    };
+
+    bool Take(const VCardProperty& property, VCardContact& contact);
+    bool TakeEdge(VCardName edge, VCardContact& contact);
+    void TakeText(VCardName what, const VCardProperty& property, VCardContact& contact);
+    void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact) const;
+    void TakeAddress(const VCardProperty& property, std::string_view value, VCardCharset charset,
+                     VCardContact& contact);
+    void TakeNumber(const VCardProperty& property, VCardContact& contact);
+    void TakeLabel(const VCardProperty& property);
+    [[nodiscard]] VCardCharset CharsetOf(const VCardProperty& property) const;
+    bool Begin(Place place, VCardContact& contact);
+    void Finish(VCardContact& contact) const;
+
+    VCardLines lines_;
+    std::string line_;
+    Place place_ = Place::Outside;
+    bool hasBegun_ = false;  ///< the next card, whose first line has been read
+    bool isUtf8_ = false;    ///< by the card's version
+    bool hasAddress_ = false;
+    bool hasPreferred_ = false;  ///< … address
+    bool agentFollows_ = false;  ///< the line before announces a card in the card
+    unsigned nested_ = 0;        ///< cards in the card that have not ended
+    std::unordered_map<std::string, NumberKind> kindOfGroup_;
+};
+
+}  // namespace norvik

@@ -1,0 +1,51 @@
+// From contacts to entries of the register.
+#pragma once
+
+#include "base/longreport.h"
+#include "formats/vcard/vcardcontact.h"
+#include "register/entry.h"
+#include "register/settings.h"
+
+#include <vector>
+
+namespace norvik {
+
+/// Makes entries of contacts, one for each number, no more than the register has places, and
+/// reports what is cut, spelled otherwise or left out.
+class VCardEntries {
+  public:
+    explicit VCardEntries(const Settings& settings) : ownCountry_(OwnCountryOf(settings)) {}
+
+    void Take(const VCardContact& contact);
+
+    std::vector<RegisterEntry> Entries;
+    LongReport Report;    ///< lines ended by CR LF
+    bool IsFull = false;  ///< there were more numbers than places
+
+  private:
+    struct Number {
+        Text Dialled;
+        NumberKind Kind;
+    };
+
+    static Text OwnCountryOf(const Settings& settings);
+    std::vector<Number> NumbersOf(const VCardContact& contact, TextView name);
+    void Note(TextView finding, TextView name, TextView number = {});
+
+    Text ownCountry_;
+    bool plusIsReported_ = false;
+};
+
+/// "Nachname, Vorname" of a contact, else another name that it has; at last its first number.
+SimplifiedText VCardContactName(const VCardContact& contact);
+
+/// The contact's info text: organisation, address and note in lines of 21 characters, as far as
+/// the six lines go. The organisation is left out where it is the name.
+struct VCardInfo {
+    Text Info;
+    bool IsCut = false;
+    bool Replaced = false;
+};
+VCardInfo VCardContactInfo(const VCardContact& contact, TextView name);
+
+}  // namespace norvik

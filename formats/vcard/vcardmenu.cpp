@@ -1,0 +1,32 @@
+#include "formats/vcard/vcardmenu.h"
+
+#include "formats/common/followload.h"
+#include "formats/common/undefinederror.h"
+#include "formats/vcard/vcard.h"
+
+namespace norvik {
+
+void mnuDateiLoadVCard(RegisterState& state, const Settings& settings, Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToOpen(
+        {.filter = Text(vcard::DialogFilter), .ending = std::string(vcard::Ending)});
+    if (!chosen) {
+        return;
+    }
+    const FilePath path = WithEnding(*chosen, vcard::Ending);
+    const auto open = [&path] { return OpenSourceFile(path); };
+    if (LoadVCardOrReport(state, open, settings, desktop)) {
+        FollowLoad(state, desktop);
+    }
+}
+
+bool LoadVCardOrReport(RegisterState& state, const SourceReader& open, const Settings& settings,
+                       Desktop& desktop) {
+    bool hasNumbers = false;
+    const auto load = [&] { hasNumbers = LoadVCard(state, open(), settings, desktop); };
+    const auto report = [&desktop](const RuntimeError& error) {
+        ReportUndefinedError(u"mnuDateiLoadVCard", error, desktop);
+    };
+    return LoadOrReport(state, load, report, desktop) && hasNumbers;
+}
+
+}  // namespace norvik

@@ -1,0 +1,170 @@
+#include "formats/vcard/vcardtext.h"
+
+#include "base/utf8.h"
+#include "base/windows1252.h"
+#include "formats/vcard/vcardproperty.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace norvik {
+
+namespace {
+
+constexpr char16_t HardBlank = u'\u00A0';
+constexpr char16_t NewLine = u'\n';
+
+bool IsAscii(std::string_view bytes) {
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char byte) { return static_cast<Byte>(byte) < 0x80; });
+}
+
+std::u8string Utf8Of(std::string_view bytes) {
+    return {bytes.begin(), bytes.end()};
+}
+
+bool IsUtf8(std::u8string_view bytes) {
+    while (!bytes.empty()) {
+        if (!TakeCodePoint(bytes)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The eight characters in which ISO-8859-15 differs from Windows-1252.
+char32_t Latin9Point(Byte byte) {
+    constexpr std::array<std::pair<Byte, char32_t>, 8> Others = {{{0xA4, U'€'},
+                                                                  {0xA6, U'Š'},
+                                                                  {0xA8, U'š'},
+                                                                  {0xB4, U'Ž'},
+                                                                  {0xB8, U'ž'},
+                                                                  {0xBC, U'Œ'},
+                                                                  {0xBD, U'œ'},
+                                                                  {0xBE, U'Ÿ'}}};
+    const auto* found = std::find_if(Others.begin(), Others.end(),
+                                     [byte](const auto& other) { return other.first == byte; });
+    return found == Others.end() ? CharacterOf(byte) : found->second;
+}
+
+std::u32string PointsOf(std::string_view bytes, VCardCharset charset) {
+    if (charset == VCardCharset::Utf8 || charset == VCardCharset::Undeclared) {
+        const std::u8string utf8 = Utf8Of(bytes);
+        if (charset == VCardCharset::Utf8 || IsUtf8(utf8)) {
+            return CodePoints(utf8);
+        }
+    }
+    std::u32string points;
+    points.reserve(bytes.size());
+    for (const char character : bytes) {
+        const Byte byte = static_cast<Byte>(character);
+        points.push_back(charset == VCardCharset::Latin9 ? Latin9Point(byte) : CharacterOf(byte));
+    }
+    return points;
+}
+
+bool IsLineEnd(char16_t character) {
+    return character == NewLine || character == u'\r' || character == u'\v';
+}
+
+bool IsGap(char16_t character) {
+    return IsControl(character) || character == u' ' || character == HardBlank;
+}
+
+/// Puts a blank, or a line end where there is one, into the place of each gap; none at the ends.
+Text Tidied(TextView text) {
+    Text tidied;
+    tidied.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        if (!IsGap(text[i])) {
+            tidied.push_back(text[i++]);
+            continue;
+        }
+        bool lineEnds = false;
+        for (; i < text.size() && IsGap(text[i]); ++i) {
+            lineEnds = lineEnds || IsLineEnd(text[i]);
+        }
+        if (!tidied.empty() && i < text.size()) {
+            tidied.push_back(lineEnds ? NewLine : u' ');
+        }
+    }
+    return tidied;
+}
+
+/// A digit of another script, and the characters that programs put between digits.
+char32_t NumberPoint(char32_t point) {
+    constexpr std::array<char32_t, 6> Zeros = {0x0660, 0x06F0, 0x0966, 0x09E6, 0x0E50, 0xFF10};
+    for (const char32_t zero : Zeros) {
+        if (point >= zero && point <= zero + 9) {
+            return U'0' + (point - zero);
+        }
+    }
+    if ((point >= 0x2010 && point <= 0x2015) || point == 0x2212 || point == 0xFF0D) {
+        return U'-';
+    }
+    if (point == 0xFF0B) {  // a wide plus
+        return U'+';
+    }
+    const bool isBlank = (point >= 0x2000 && point <= 0x200A) || point == 0x202F || point == 0x3000;
+    return isBlank ? U' ' : point;
+}
+
+SimplifiedText Tidy(SimplifiedText text) {
+    text.Value = Tidied(text.Value);
+    return text;
+}
+
+}  // namespace
+
+VCardCharset VCardCharsetOf(std::string_view name) {
+    struct Row {
+        std::string_view Name;
+        VCardCharset Charset;
+    };
+    constexpr std::array<Row, 13> Rows = {{
+        {"utf-8", VCardCharset::Utf8},
+        {"utf8", VCardCharset::Utf8},
+        {"iso-8859-1", VCardCharset::Windows1252},
+        {"iso8859-1", VCardCharset::Windows1252},
+        {"iso_8859-1", VCardCharset::Windows1252},
+        {"latin1", VCardCharset::Windows1252},
+        {"windows-1252", VCardCharset::Windows1252},
+        {"cp1252", VCardCharset::Windows1252},
+        {"ansi", VCardCharset::Windows1252},
+        {"iso-8859-15", VCardCharset::Latin9},
+        {"iso8859-15", VCardCharset::Latin9},
+        {"iso_8859-15", VCardCharset::Latin9},
+        {"latin9", VCardCharset::Latin9},
+    }};
+    const auto* found = std::find_if(Rows.begin(), Rows.end(), [name](const Row& row) {
+        return EqualsIgnoringCase(row.Name, name);
+    });
+    return found == Rows.end() ? VCardCharset::Undeclared : found->Charset;
+}
+
+SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
+    if (IsAscii(bytes)) {
+        return {.Value = Tidied(Text(bytes.begin(), bytes.end()))};
+    }
+    return Tidy(Simplify(PointsOf(bytes, charset)));
+}
+
+SimplifiedText VCardLine(std::string_view bytes, VCardCharset charset) {
+    SimplifiedText text = VCardText(bytes, charset);
+    std::replace(text.Value.begin(), text.Value.end(), NewLine, u' ');
+    return text;
+}
+
+SimplifiedText VCardNumberText(std::string_view bytes, VCardCharset charset) {
+    if (IsAscii(bytes)) {
+        return VCardLine(bytes, charset);
+    }
+    std::u32string points = PointsOf(bytes, charset);
+    std::transform(points.begin(), points.end(), points.begin(), NumberPoint);
+    SimplifiedText text = Tidy(Simplify(points));
+    std::replace(text.Value.begin(), text.Value.end(), NewLine, u' ');
+    return text;
+}
+
+}  // namespace norvik
