@@ -53,7 +53,7 @@ struct RegisterState {
     RecordSelector Satzwahl;
     /// True while the register need not be saved before quitting.
     bool RegisterSaved = true;
-    Text LoadedModel;  ///< "195", "193", "175"; empty before the first device file and after any other
+    Text LoadedModel;  ///< "195", "193", "175"; empty before the first device file, after others
     CurrentFile File;
     LongReport LoadReport;  ///< findings of a load, lines ended by CR LF
     Text ReadTrace;         ///< the last 15 bytes read from a register file, as hexadecimal digits

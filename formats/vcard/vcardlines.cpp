@@ -70,6 +70,9 @@ bool VCardLines::Next(std::string& line) {
     if (line.starts_with(Utf8Mark)) {
         line.erase(0, Utf8Mark.size());
     }
+    if (EqualsIgnoringCase(line, "END:VCARD")) {  // is whole, even if nothing more can be read
+        return true;
+    }
     SoftBreaks softBreaks;
     for (;;) {
         if (last_ == '=' && softBreaks.MayStandIn(line)) {
@@ -97,20 +100,33 @@ bool VCardLines::Next(std::string& line) {
 
 /// Takes care that there is something to read; false at the end.
 bool VCardLines::Fill() {
-    while (rest_.empty()) {
-        const std::size_t count = input_.Read(block_);
-        if (count == 0) {
+    for (;;) {
+        if (rest_.empty() && !ReadBlock()) {
             return false;
         }
-        bytesRead_ += count;
-        const ByteView bytes = ByteView(block_).first(count);
-        rest_ = CharactersOf(bytes);
-        if (form_ == Form::Unknown) {
-            FindForm();
+        if (rest_.empty()) {  // of UTF-16, not even a character
+            continue;
         }
-        if (form_ != Form::Bytes) {
-            TakeUtf16(bytes);
+        if (!std::exchange(lineFeedBelongs_, false) || rest_.front() != '\n') {
+            return true;
         }
+        rest_.remove_prefix(1);
+    }
+}
+
+bool VCardLines::ReadBlock() {
+    const std::size_t count = input_.Read(block_);
+    if (count == 0) {
+        return false;
+    }
+    bytesRead_ += count;
+    const ByteView bytes = ByteView(block_).first(count);
+    rest_ = CharactersOf(bytes);
+    if (form_ == Form::Unknown) {
+        FindForm();
+    }
+    if (form_ != Form::Bytes) {
+        TakeUtf16(bytes);
     }
     return true;
 }
@@ -162,11 +178,8 @@ bool VCardLines::AppendPhysical(std::string& line) {
         const std::size_t length = LengthOfLine(rest_);
         Append(line, rest_.substr(0, length));
         if (length < rest_.size()) {
-            const bool mayGoOn = rest_[length] == '\r';
+            lineFeedBelongs_ = rest_[length] == '\r';
             rest_.remove_prefix(length + 1);
-            if (mayGoOn && Fill() && rest_.front() == '\n') {
-                rest_.remove_prefix(1);
-            }
             return true;
         }
         rest_ = {};

@@ -32,6 +32,7 @@ class VCardLines {
     enum class Form { Unknown, Bytes, LittleEndian, BigEndian };
 
     bool Fill();
+    bool ReadBlock();
     void FindForm();
     void TakeUtf16(ByteView bytes);
     bool AppendPhysical(std::string& line);
@@ -48,7 +49,8 @@ class VCardLines {
     char32_t firstHalf_ = 0;  ///< of a surrogate pair
     std::string next_;        ///< a line behind a soft line break
     bool nextIsWaiting_ = false;
-    char last_ = 0;  ///< of the line read last, blanks apart
+    char last_ = 0;                 ///< of the line read last, blanks apart
+    bool lineFeedBelongs_ = false;  ///< to the line end that has been read
 };
 
 }  // namespace norvik

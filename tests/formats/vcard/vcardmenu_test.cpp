@@ -51,7 +51,8 @@ TEST(MnuDateiLoadVCard, ReportsAFileThatCannotBeRead) {
     ScriptedDesktop desktop;
     desktop.AnswerFile(folder / "fehlt.vcf");
     mnuDateiLoadVCard(state, Settings(), desktop);
-    desktop.AnswerFile(folder.Path() / "");
+    std::filesystem::create_directory(folder / "b.vcf");
+    desktop.AnswerFile(folder / "b.vcf");
     mnuDateiLoadVCard(state, Settings(), desktop);
     EXPECT_EQ(desktop.Transcript.at(1),
               OkBox(u"Undef'd Error: mnuDateiLoadVCard:53Datei nicht gefunden"));

@@ -47,7 +47,7 @@ TEST(SplitVCardProperty, NeedsANameAndAColon) {
 TEST(VCardParameters, ComeOneByOne) {
     EXPECT_THAT(ParametersOf("TYPE=home,WORK;CELL; pref = 1;X=\"a,b;c\""),
                 ElementsAre("TYPE|home", "TYPE|WORK", "|CELL", "pref|1", "X|a,b;c"));
-    EXPECT_THAT(ParametersOf(";;TYPE="), ElementsAre("|", "|"));
+    EXPECT_THAT(ParametersOf(";;TYPE="), ElementsAre("|", "|", "TYPE|"));
     EXPECT_THAT(ParametersOf(""), IsEmpty());
 }
 

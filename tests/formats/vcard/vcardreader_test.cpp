@@ -104,6 +104,17 @@ TEST(LoadVCard, KeepsWhatWasReadBeforeAnError) {
     EXPECT_EQ(state.File.Type, u"vCard");
 }
 
+TEST(LoadVCard, TakesACardThatEndsDirectlyBeforeAnError) {
+    for (const char* const end : {"\n", "\r", "\r\n"}) {
+        RegisterState state = Old();
+        ScriptedDesktop desktop;
+        const std::string card = "BEGIN:VCARD\nFN:A\nTEL:1\nEND:VCARD";
+        EXPECT_EQ(ErrorOf([&] { LoadVCard(state, BrokenOff(card + end), Settings(), desktop); }),
+                  57);
+        EXPECT_EQ(state.RecordsRead, 1);
+    }
+}
+
 TEST(LoadVCard, LeavesTheRegisterWhenAnErrorComesFirst) {
     RegisterState state = Old();
     ScriptedDesktop desktop;
@@ -133,9 +144,9 @@ TEST(LoadVCard, ShowsHowFarItHasCome) {
     RegisterState state;
     ScriptedDesktop desktop;
     LoadVCard(state, SourceOf(file), Settings(), desktop, StepClock(std::chrono::seconds(1)));
-    EXPECT_THAT(desktop.Statuses(), ElementsAre("status \"vCard-Datei wird gelesen... 32 %\"",
-                                                "status \"vCard-Datei wird gelesen... 100 %\"",
-                                                "status \"vCard-Datei gelesen\""));
+    EXPECT_THAT(desktop.Statuses(),
+                ElementsAre("vCard-Datei wird gelesen... 32 %", "vCard-Datei wird gelesen... 100 %",
+                            "vCard-Datei gelesen"));
 }
 
 }  // namespace
