@@ -125,7 +125,7 @@ bool VCardLines::ReadBlock() {
     if (form_ == Form::Unknown) {
         FindForm();
     }
-    if (form_ != Form::Bytes) {
+    if (form_ != Form::Plain) {
         TakeUtf16(bytes);
     }
     return true;
@@ -134,8 +134,8 @@ bool VCardLines::ReadBlock() {
 void VCardLines::FindForm() {
     form_ = rest_.starts_with("\xFF\xFE")   ? Form::LittleEndian
             : rest_.starts_with("\xFE\xFF") ? Form::BigEndian
-                                            : Form::Bytes;
-    isMarked_ = form_ != Form::Bytes || rest_.starts_with(Utf8Mark);
+                                            : Form::Plain;
+    isMarked_ = form_ != Form::Plain || rest_.starts_with(Utf8Mark);
 }
 
 /// Makes UTF-8 of a block of UTF-16, which may end in the midst of a character. A half of a

@@ -29,7 +29,7 @@ class VCardLines {
     [[nodiscard]] bool IsMarked() const { return isMarked_; }
 
   private:
-    enum class Form { Unknown, Bytes, LittleEndian, BigEndian };
+    enum class Form { Unknown, Plain, LittleEndian, BigEndian };
 
     bool Fill();
     bool ReadBlock();
