@@ -21,7 +21,9 @@ TargetOptions TargetOptionsOf(const ConverterOptions& options, const Settings& s
             .OnlyMarked = options.OnlyMarked,
             .Exclusions = options.Exclusions,
             .Mobile = MobileOptions(options, settings),
-            .UnitPrice = settings.UnitPrice};
+            .UnitPrice = settings.UnitPrice,
+            .InternationalPrefix = settings.InternationalPrefix,
+            .AreaPrefix = settings.AreaPrefix};
 }
 
 bool WriteTarget(const ConverterOptions& options, const Settings& settings, RegisterState& state,

@@ -11,6 +11,7 @@
 #include "formats/registerfile/registerfilemenu.h"
 #include "formats/vcard/vcard.h"
 #include "formats/vcard/vcardmenu.h"
+#include "formats/vcard/vcardwriter.h"
 
 #include <algorithm>
 
@@ -107,6 +108,13 @@ bool LoadVCardSource(RegisterState& state, const SourceReader& open,
     return LoadVCardOrReport(state, open, settings, desktop);
 }
 
+bool WriteVCardFile(RegisterState& state, const OutputTarget& target,
+                    const TargetOptions& /*options*/, const Settings& settings,
+                    Desktop& /*desktop*/) {
+    WriteVCard(state, target, settings);
+    return true;
+}
+
 // clang-format off
 constexpr FormatRow Rows[] = {
     {FileFormat::Register195, "195", registerfile::Ending, u"195-Datei", "registerfile",
@@ -133,8 +141,8 @@ constexpr FormatRow Rows[] = {
     {FileFormat::CallList, "", calllist::Ending, u"Anrufliste", "calllist",
      calllist::DialogFilter, {}, nullptr, nullptr, nullptr},
     {FileFormat::VCard, "vcard", vcard::Ending, u"vCard-Datei", "vcard",
-     vcard::DialogFilter, {}, StartVCard, LoadVCardSource, nullptr,
-     false, WriteFailure::StatusLine, {}, true},
+     vcard::DialogFilter, vcard::DialogFilter, StartVCard, LoadVCardSource, WriteVCardFile,
+     false, WriteFailure::UndefinedError, u"mnuDateiSaveVCard", true},
 };
 // clang-format on
 

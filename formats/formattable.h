@@ -40,6 +40,9 @@ struct TargetOptions {
     /// The price of a charge unit, for the loss report alone: the writer takes the settings'.
     /// Without it no amount is looked at.
     std::optional<double> UnitPrice = {};
+    /// The codes of the settings, for the loss report alone, too.
+    Text InternationalPrefix = {};
+    Text AreaPrefix = {};
 };
 
 /// What the window shows when a file of the format cannot be written.

@@ -9,7 +9,7 @@
 namespace norvik {
 
 enum class LossKind {
-    EntryLeftOut,     ///< not in the charge statement: the entry has no charge counter
+    EntryLeftOut,     ///< not in the charge statement, or not loaded again
     TooManyEntries,   ///< behind the last entry that the telephone keeps
     BlankName,        ///< the telephone has nothing to show the entry under
     DoubledName,      ///< an entry before it has the same name in the file
@@ -24,7 +24,9 @@ enum class LossKind {
     NameCut,
     NumberCut,
     NumberCleaned,  ///< characters of the number are left out
+    NumberChanged,  ///< comes back in another form
     NumberDropped,  ///< the file holds no numbers
+    TextChanged,    ///< name or info text comes back otherwise
     InfoText,       ///< the file holds no info texts
     InfoCut,
     InfoFirstLine,  ///< an empty first info line falls away, the others move up

@@ -74,6 +74,7 @@ void ThroughIp286(RegisterEntry& entry, const TargetOptions& options, EntryLosse
 void ThroughMobileExport(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
 void ThroughChargeStatement(RegisterEntry& entry, const TargetOptions& options,
                             EntryLosses& losses);
+void ThroughVCard(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses);
 
 struct LossRow {
     FileFormat Target;
@@ -89,6 +90,7 @@ inline constexpr LossRow LossTable[] = {
     {FileFormat::Ip286, ThroughIp286},
     {FileFormat::MobileExport, ThroughMobileExport},
     {FileFormat::ChargeStatement, ThroughChargeStatement},
+    {FileFormat::VCard, ThroughVCard},
 };
 
 /// Notes what differs in the fields that are no text, and whether the export mark is gone.

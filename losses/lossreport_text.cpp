@@ -4,6 +4,7 @@
 #include "formats/common/transliterate.h"
 #include "formats/csv/csvsplit.h"
 #include "formats/csv/infoflow.h"
+#include "formats/vcard/vcardwriter.h"
 #include "losses/lossreport_entry.h"
 
 namespace norvik {
@@ -171,6 +172,32 @@ void ThroughChargeStatement(RegisterEntry& entry, const TargetOptions& options,
     DropValues(entry);
     entry.MsnFilter |= EnGeb;
     entry.GebEinh = charges;
+}
+
+void ThroughVCard(RegisterEntry& entry, const TargetOptions& options, EntryLosses& losses) {
+    Settings codes;
+    codes.InternationalPrefix = options.InternationalPrefix;
+    codes.AreaPrefix = options.AreaPrefix;
+    const std::optional<RegisterEntry> read = ThroughCard(entry, codes);
+    if (!read) {
+        losses.AddTear(LossKind::EntryLeftOut,
+                       u"keine Nummer, die ein Laden annimmt: der Eintrag kommt nicht zurück");
+        return;
+    }
+    const auto compare = [&losses](Text& text, const Text& after, const FieldWords& field,
+                                   LossKind kind) {
+        if (Changes(text, after)) {
+            losses.Add(kind, Sentence({field.Name, u" kommt zurück als: ", after}));
+        }
+    };
+    compare(entry.Name, read->Name, NameWords, LossKind::TextChanged);
+    compare(entry.Tel, read->Tel, NumberWords, LossKind::NumberChanged);
+    if (entry.Info.starts_with(ExportMark)) {  // that it goes is told of the mark
+        entry.Info.erase(0, ExportMark.size());
+    }
+    TrimEnd(entry.Info, InfoWords, losses);
+    compare(entry.Info, read->Info, InfoWords, LossKind::TextChanged);
+    DropValues(entry);
 }
 
 }  // namespace norvik

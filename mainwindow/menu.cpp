@@ -76,6 +76,7 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "MNUDateiSave193",   u"norvik 19&3 speichern",               "",       2, true,  Run<MNUDateiSave193>},
     {"mnuDatei", u"&Datei", "mnuDateiSave175",   u"norvik 1&75 speichern",               "",       2, true,  Run<mnuDateiSave175>, nullptr, u"norvik 175 speichern"},
     {"mnuDatei", u"&Datei", "mnuDateiSaveCSV",   u"&Als CSV speichern",                  "",       2, true,  Run<mnuDateiSaveCSV>},
+    {"mnuDatei", u"&Datei", "mnuDateiSaveVCard", u"Als vCa&rd speichern...",             "",       2, true,  Run<mnuDateiSaveVCard>},
     {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren...",      "",       3, false, Run<mnuDateiSaveIP286>},
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp",  u"&Handyexport...", "", 3, false, Run<mnuDateiHandyexp>},
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren...", "", 3, false, Run<mnuDateiConvCallListCSV>},

@@ -1,8 +1,10 @@
 #include "formats/vcard/vcardmenu.h"
 
 #include "formats/common/followload.h"
+#include "formats/common/quietsave.h"
 #include "formats/common/undefinederror.h"
 #include "formats/vcard/vcard.h"
+#include "formats/vcard/vcardwriter.h"
 
 namespace norvik {
 
@@ -17,6 +19,23 @@ void mnuDateiLoadVCard(RegisterState& state, const Settings& settings, Desktop& 
     if (LoadVCardOrReport(state, open, settings, desktop)) {
         FollowLoad(state, desktop);
     }
+}
+
+void mnuDateiSaveVCard(RegisterState& state, const Settings& settings, Desktop& desktop) {
+    const std::optional<FilePath> chosen = desktop.AskForFileToSave(
+        {.filter = Text(vcard::DialogFilter), .ending = std::string(vcard::Ending)});
+    if (!chosen) {
+        return;
+    }
+    const FilePath path = WithEnding(*chosen, vcard::Ending);
+    const SaveResult result = TrySave(
+        path, [&] { WriteVCard(state, path, settings); }, desktop);
+    if (result.Failure) {
+        ReportUndefinedError(u"mnuDateiSaveVCard", *result.Failure, desktop);
+        ShowNotSaved(*result.Failure, desktop);
+        return;
+    }
+    ShowSaved(path, desktop, result.Remark);
 }
 
 bool LoadVCardOrReport(RegisterState& state, const SourceReader& open, const Settings& settings,

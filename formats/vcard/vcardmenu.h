@@ -1,4 +1,4 @@
-// The menu item of the vCard file: loading.
+// The menu items of the vCard file: loading and saving.
 #pragma once
 
 #include "base/desktop.h"
@@ -11,6 +11,10 @@ namespace norvik {
 /// Asks for a vCard file, loads and sorts it and shows its first entry. A failure is reported and
 /// ends the operation; the register stays where no number could be read.
 void mnuDateiLoadVCard(RegisterState& state, const Settings& settings, Desktop& desktop);
+
+/// Asks for a name and saves the register as contacts, with the numbers in international form. The
+/// file holds a part of each entry, so the register counts as saved or not as before.
+void mnuDateiSaveVCard(RegisterState& state, const Settings& settings, Desktop& desktop);
 
 /// Loads a vCard file, neither sorted nor shown; a failure is reported as that of
 /// mnuDateiLoadVCard. Gives whether the file was loaded.

@@ -83,12 +83,12 @@ TEST(Help, NamesEveryFormat) {
         HasSubstr(
             "\r\n\r\nWandelt ein Telefonregister von einem Format in ein anderes um. Das Format "
             "folgt\r\naus der Endung: QUELLE .t9t, .pbo, .csv, .t9a (Anrufliste) oder .vcf, ZIEL "
-            ".t9t,\r\n.pbo, .csv, .pbb oder .geb. \"-\" ist die Standardein- oder "
+            ".t9t,\r\n.pbo, .csv, .pbb, .geb oder .vcf. \"-\" ist die Standardein- oder "
             "-ausgabe.\r\n\r\n"
             "  --von FORMAT          Format der QUELLE: 195, 193, 175, csv oder vcard\r\n"
-            "  --nach FORMAT         Format des ZIELs: 195, 193, 175, csv, ip286, simsurf\r\n"
-            "                        oder gebuehren; ein ZIEL .t9t wird ohne --nach eine\r\n"
-            "                        195-Datei, aus einer 193-Datei eine 193-Datei\r\n"
+            "  --nach FORMAT         Format des ZIELs: 195, 193, 175, csv, ip286, simsurf,\r\n"
+            "                        gebuehren oder vcard; ein ZIEL .t9t wird ohne --nach\r\n"
+            "                        eine 195-Datei, aus einer 193-Datei eine 193-Datei\r\n"
             "  --nur-markierte "));
 }
 

@@ -193,12 +193,12 @@ TEST(Options, NameTheNearestOneOfAWrongFormat) {
     EXPECT_EQ(ErrorOf({"--von", "cvs", "a", "b"}),
               "--von: unbekanntes Format cvs; am nächsten kommt csv");
     EXPECT_EQ(ErrorOf({"--von", "ip286", "a", "b"}),
-              "--von: unbekanntes Format ip286; bekannt sind 195, 193, 175, csv");
+              "--von: unbekanntes Format ip286; bekannt sind 195, 193, 175, csv, vcard");
     EXPECT_EQ(ErrorOf({"--nach", "gebühren", "a", "b"}),
               "--nach: unbekanntes Format gebühren; am nächsten kommt gebuehren");
     EXPECT_EQ(ErrorOf({"--nach=", "a", "b"}),
               "--nach: unbekanntes Format ; bekannt sind 195, 193, 175, csv, ip286, simsurf, "
-              "gebuehren");
+              "gebuehren, vcard");
     EXPECT_EQ(ErrorOf({"--nach=CSV", "a", "b"}),
               "--nach: unbekanntes Format CSV; am nächsten kommt csv");
 }

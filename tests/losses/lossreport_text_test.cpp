@@ -318,5 +318,41 @@ TEST(LossReportChargeStatement, CharactersThatShareADeviceByteAndLineEnds) {
                             "#1 Sá?: Zeilenende im Namen zerreißt die Zeile"));
 }
 
+/// Country 49, area 711.
+const TargetOptions Codes = {.InternationalPrefix = u"0049", .AreaPrefix = u"0711"};
+constexpr FileFormat ToVCard = FileFormat::VCard;
+
+TEST(LossReportVCard, NameNumberAndInfoTextLoseNothing) {
+    EXPECT_THAT(Lines(One(Entry(u"Müller, Jörg (m)", u"0171", u"Büro\\;,")), ToVCard, Codes),
+                IsEmpty());
+    EXPECT_THAT(Lines(One(Entry(u"Tür", u"**61")), ToVCard), IsEmpty());
+}
+
+TEST(LossReportVCard, WhatComesBackOtherwise) {
+    EXPECT_THAT(Lines(One(Entry(u"A  b", u"0049711 12", u"x  y ")), ToVCard, Codes),
+                ElementsAre("#2 A  b: Name kommt zurück als: A b",
+                            "#2 A  b: Nummer kommt zurück als: 071112",
+                            "#2 A  b: Leerzeichen am Ende des Infotexts fallen weg",
+                            "#2 A  b: Infotext kommt zurück als: x y"));
+}
+
+TEST(LossReportVCard, AnEntryWithoutANumberDoesNotComeBack) {
+    EXPECT_THAT(Lines(One(Entry(u"Bert", u"***")), ToVCard),
+                ElementsAre("#2 Bert: keine Nummer, die ein Laden annimmt: der Eintrag kommt nicht "
+                            "zurück"));
+}
+
+TEST(LossReportVCard, EverythingElse) {
+    RegisterEntry entry = Full();
+    entry.Info = u"()Büro";
+    EXPECT_THAT(
+        Lines(One(entry), ToVCard),
+        ElementsAre("#2 Müller, Jörg: Exportmarkierung fällt weg",
+                    "#2 Müller, Jörg: individueller Klingelton \"Klingel 3\" fällt weg", "#2 Müller, Jörg: Ansage 3 fällt weg",
+                    "#2 Müller, Jörg: MSN 3 fällt weg", "#2 Müller, Jörg: Anruffilter VIP fällt weg",
+                    "#2 Müller, Jörg: Gebührenzähler (eingeschaltet) fällt weg",
+                    "#2 Müller, Jörg: Gebührenstand 120 fällt weg"));
+}
+
 }  // namespace
 }  // namespace norvik::test

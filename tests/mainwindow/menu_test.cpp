@@ -33,6 +33,7 @@ constexpr NamedItem AllItems[] = {
     {"mnuDatei", u"&Datei", "MNUDateiSave193", u"norvik 19&3 speichern"},
     {"mnuDatei", u"&Datei", "mnuDateiSave175", u"norvik 1&75 speichern"},
     {"mnuDatei", u"&Datei", "mnuDateiSaveCSV", u"&Als CSV speichern"},
+    {"mnuDatei", u"&Datei", "mnuDateiSaveVCard", u"Als vCa&rd speichern..."},
     {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren..."},
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp", u"&Handyexport..."},
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren..."},
@@ -141,9 +142,10 @@ TEST(MenuTable, OnlyTheOptionForDoubledLinesHasACheckMark) {
     }
 }
 
-TEST(MenuTable, OnlyTheFourSavesOfTheRegisterAreEnabledTogether) {
+TEST(MenuTable, OnlyTheSavesOfTheRegisterAreEnabledTogether) {
     const std::set<std::string_view> saves = {"mnuDateiSaveNV", "MNUDateiSave193",
-                                              "mnuDateiSave175", "mnuDateiSaveCSV"};
+                                              "mnuDateiSave175", "mnuDateiSaveCSV",
+                                              "mnuDateiSaveVCard"};
     for (const MenuRow& row : MenuTable()) {
         EXPECT_EQ(row.SavesRegister, saves.count(row.Name) == 1) << row.Name;
     }
@@ -210,6 +212,7 @@ TEST_F(Menu, EachRowWhoseFileDialogIsCancelledEndsSilently) {
         {"mnuDateiLoadVCard", "open \"vCard-Datei|*.vcf|Alle Dateien|*.*\" ending .vcf -> cancel"},
         {"mnuDateiSave175",
          "save \"norvik-175-Datei|*.pbo|Alle Dateien|*.*\" ending .pbo -> cancel"},
+        {"mnuDateiSaveVCard", "save \"vCard-Datei|*.vcf|Alle Dateien|*.*\" ending .vcf -> cancel"},
         {"mnuDateiSaveCSV", "save \"CSV-Datei|*.csv|Alle Dateien|*.*\" ending .csv -> cancel"},
         {"mnuDateiSaveIP286",
          "save \"CSV-Datei(IP286)|*.csv|Alle Dateien|*.*\" ending .csv -> cancel"},

@@ -101,5 +101,50 @@ TEST(LoadVCardOrReport, TellsThatNothingWasLoaded) {
     EXPECT_THAT(Names(state), ElementsAre(u"x"));
 }
 
+const std::string SaveDialog = "save \"vCard-Datei|*.vcf|Alle Dateien|*.*\" ending .vcf -> ";
+
+TEST(MnuDateiSaveVCard, SavesAndSaysSo) {
+    const TestFolder folder;
+    RegisterState state = RegisterOf({Entry(u"Alt, Eva", u"0711")});
+    Settings settings;
+    settings.InternationalPrefix = u"0049";
+    for (const bool saved : {true, false}) {
+        state.RegisterSaved = saved;
+        ScriptedDesktop desktop;
+        desktop.AnswerFile(folder / "a");
+        desktop.OnBeforeReplacing = [](const FilePath& /*file*/) { return Text(u" (aufgehoben)"); };
+        mnuDateiSaveVCard(state, settings, desktop);
+        EXPECT_THAT(desktop.Questions(), ElementsAre(SaveDialog + (folder / "a").string()));
+        EXPECT_THAT(desktop.Statuses(),
+                    ElementsAre("Gespeichert: " + (folder / "a.vcf").string() + " (aufgehoben)"));
+        EXPECT_EQ(state.RegisterSaved, saved);
+    }
+    const Bytes file = ReadFile(folder / "a.vcf");
+    EXPECT_EQ(std::string(file.begin(), file.end()),
+              "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Alt;Eva;;;\r\nFN:Eva Alt\r\nTEL:+49711\r\n"
+              "END:VCARD\r\n");
+}
+
+TEST(MnuDateiSaveVCard, ACancelledDialogDoesNothing) {
+    RegisterState state = RegisterOfNames({u"x"});
+    ScriptedDesktop desktop;
+    desktop.AnswerFile(std::nullopt);
+    mnuDateiSaveVCard(state, Settings(), desktop);
+    EXPECT_THAT(desktop.Transcript, ElementsAre(SaveDialog + "cancel"));
+}
+
+TEST(MnuDateiSaveVCard, ReportsAFailure) {
+    const TestFolder folder;
+    RegisterState state = RegisterOfNames({u"x"});
+    ScriptedDesktop desktop;
+    desktop.AnswerFile(folder / "fehlt" / "a.vcf");
+    mnuDateiSaveVCard(state, Settings(), desktop);
+    EXPECT_THAT(desktop.Questions(),
+                ElementsAre(SaveDialog + (folder / "fehlt" / "a.vcf").string(),
+                            OkBox(u"Undef'd Error: mnuDateiSaveVCard:76Pfad nicht gefunden")));
+    EXPECT_THAT(desktop.Statuses(), ElementsAre("Nicht gespeichert: Pfad nicht gefunden"));
+    EXPECT_TRUE(state.RegisterSaved);
+}
+
 }  // namespace
 }  // namespace norvik::test
