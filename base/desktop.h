@@ -38,6 +38,7 @@ struct InputBox {
 
 struct FileDialog {
     /// Descriptions and patterns in turn, separated by "|": "CSV-Datei|*.csv|Alle Dateien|*.*".
+    /// Several patterns of one description have a blank between them.
     Text filter;
     /// Appended to a name without a "." of its own, for example ".t9t".
     std::string ending;

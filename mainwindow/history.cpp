@@ -184,11 +184,13 @@ bool RecordStep(History& history, const RegisterState& state, TextView what) {
     const bool changed = step.Loaded || !step.Entries.empty() || !step.Order.empty() ||
                          last.AnzGes != state.AnzGes ||
                          last.WarnLineAccessZero != state.WarnLineAccessZero;
+    // An entry that was erased and came back stands in its place as if nothing had happened.
+    const auto more = static_cast<std::size_t>(std::max(0, state.AnzGes - last.AnzGes));
     FollowRest(last, state);
     if (!changed) {
         return false;
     }
-    step.What = WhatOf(what, step.Entries.size());
+    step.What = WhatOf(what, std::max(step.Entries.size(), more));
     step.Bytes = BytesOf(step);
     history.Steps.resize(history.Done);
     history.Steps.push_back(std::move(step));

@@ -3,6 +3,7 @@
 #include "dialogs/help.h"
 #include "dialogs/mobileexportfields.h"
 #include "dialogs/settingsfields.h"
+#include "formats/addfile.h"
 #include "formats/calllist/calllist.h"
 #include "formats/charges/chargestatement.h"
 #include "formats/csv/csvmenu.h"
@@ -72,6 +73,7 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "mnuDateiLoad175",   u"norvik 175 la&den...",                "",       1, false, Run<mnuDateiLoad175>, nullptr, u"norvik 175 laden"},
     {"mnuDatei", u"&Datei", "mnuDateiLoadCSV",   u"&CSV laden...",                       "",       1, false, Run<mnuDateiLoadCSV>, nullptr, u"CSV laden"},
     {"mnuDatei", u"&Datei", "mnuDateiLoadVCard", u"&vCard laden...",                     "",       1, false, Run<mnuDateiLoadVCard>, nullptr, u"vCard laden"},
+    {"mnuDatei", u"&Datei", "mnuDateiAdd",       u"Datei da&zuladen...",                "",       1, false, Run<mnuDateiAdd>, nullptr, u"Datei dazugeladen (# Einträge)"},
     {"mnuDatei", u"&Datei", "mnuDateiSaveNV",    u"norvik 195 &speichern",               "",       2, true,  Run<mnuDateiSaveNV>},
     {"mnuDatei", u"&Datei", "MNUDateiSave193",   u"norvik 19&3 speichern",               "",       2, true,  Run<MNUDateiSave193>},
     {"mnuDatei", u"&Datei", "mnuDateiSave175",   u"norvik 1&75 speichern",               "",       2, true,  Run<mnuDateiSave175>, nullptr, u"norvik 175 speichern"},

@@ -29,6 +29,7 @@ constexpr NamedItem AllItems[] = {
     {"mnuDatei", u"&Datei", "mnuDateiLoad175", u"norvik 175 la&den..."},
     {"mnuDatei", u"&Datei", "mnuDateiLoadCSV", u"&CSV laden..."},
     {"mnuDatei", u"&Datei", "mnuDateiLoadVCard", u"&vCard laden..."},
+    {"mnuDatei", u"&Datei", "mnuDateiAdd", u"Datei da&zuladen..."},
     {"mnuDatei", u"&Datei", "mnuDateiSaveNV", u"norvik 195 &speichern"},
     {"mnuDatei", u"&Datei", "MNUDateiSave193", u"norvik 19&3 speichern"},
     {"mnuDatei", u"&Datei", "mnuDateiSave175", u"norvik 1&75 speichern"},
