@@ -8,12 +8,13 @@
 #include "console/loadsource.h"
 #include "console/messages.h"
 #include "console/printable.h"
+#include "console/reportlines.h"
 #include "console/standardstreams.h"
 #include "console/writetarget.h"
 #include "formats/calllist/calllist.h"
-#include "formats/common/doublednumbers.h"
+#include "formats/common/addentries.h"
+#include "formats/common/followload.h"
 #include "formats/common/undefinederror.h"
-#include "losses/lossreport.h"
 #include "mainwindow/operations.h"
 
 #include <algorithm>
@@ -58,45 +59,6 @@ ExitStatus Print(TextView lines) {
     return NotWritten(
         FilePath(StandardStream),
         RuntimeError(full ? ErrorNumber::DiskFull : ErrorNumber::DeviceError).Description());
-}
-
-/// One line for each loss in the target format, or in every format with its name in front.
-Text LossLines(const ConverterOptions& options, const Settings& settings,
-               const RegisterState& state) {
-    const TargetOptions targetOptions = TargetOptionsOf(options, settings);
-    const Text source = Shown(options.Source) + u": ";
-    Text lines;
-    for (const FileFormat format : TargetFormats()) {
-        if (options.To.value_or(format) != format) {
-            continue;
-        }
-        const Text prefix = options.To ? source : source + FromAscii(RowOf(format).Word) + u": ";
-        for (const Loss& loss : LossReport(state, format, targetOptions)) {
-            lines.append(prefix).append(Printable(LossLine(loss))).append(LineEnd);
-        }
-    }
-    return lines;
-}
-
-/// One line for each number of several entries.
-Text DoubleLines(const ConverterOptions& options, const Settings& settings,
-                 const RegisterState& state) {
-    Text lines;
-    for (const DoubledNumber& number : DoubledNumbers(state, settings)) {
-        lines.append(Shown(options.Source)).append(u": doppelt ").append(number.Key);
-        TextView separator = u": ";
-        for (const int position : number.Positions) {
-            const RegisterEntry& entry = EntryAt(state, position);
-            lines.append(separator)
-                .append(Printable(entry.Name))
-                .append(u" (")
-                .append(Printable(entry.Tel))
-                .append(u")");
-            separator = u", ";
-        }
-        lines.append(LineEnd);
-    }
-    return lines;
 }
 
 bool IsStandardOutput(const FilePath& target) {
@@ -252,31 +214,92 @@ ConverterOptions WithModel(const ConverterOptions& options, const RegisterState&
     return result;
 }
 
-ExitStatus ConvertRegister(const ConverterOptions& options) {
-    ConsoleDesktop desktop(MannerOf(options));
-    Settings settings;
-    try {
-        settings = ReadConverterSettings(options);
-    } catch (const RuntimeError& error) {
-        return NotRead(options.SettingsFile, error.Description());
-    }
+/// Loads the source and says what there is to say of that; gives the status where it is the end.
+std::optional<ExitStatus> Load(const ConverterOptions& options, const Settings& settings,
+                               RegisterState& state, ConsoleDesktop& desktop, bool& reported) {
     Source source;
     try {
         source = OpenSource(options);
     } catch (const RuntimeError& error) {
         return NotRead(options.Source, error.Description());
     }
-    RegisterState state;
     desktop.Know(state);
     const LoadResult loaded = LoadSource(options, std::move(source), settings, state, desktop);
     for (const Text& sentence : PassedOver(state.Damage)) {
         desktop.Ask({.text = sentence});
     }
-    if (const std::optional<ExitStatus> end = EndOfLoad(options, loaded, state, desktop)) {
+    reported = desktop.Findings() > 0 || loaded == LoadResult::TakenDespiteDamage;
+    return EndOfLoad(options, loaded, state, desktop);
+}
+
+/// The settings, or the status where they cannot be read.
+std::optional<ExitStatus> TakeSettings(const ConverterOptions& options, Settings& settings) {
+    try {
+        settings = ReadConverterSettings(options);
+    } catch (const RuntimeError& error) {
+        return NotRead(options.SettingsFile, error.Description());
+    }
+    return std::nullopt;
+}
+
+ExitStatus ConvertRegister(const ConverterOptions& options) {
+    ConsoleDesktop desktop(MannerOf(options));
+    Settings settings;
+    if (const auto end = TakeSettings(options, settings)) {
         return *end;
     }
-    return Deliver(WithModel(options, state), settings, state, desktop,
-                   desktop.Findings() > 0 || loaded == LoadResult::TakenDespiteDamage);
+    RegisterState state;
+    bool reported = false;
+    if (const auto end = Load(options, settings, state, desktop, reported)) {
+        return *end;
+    }
+    return Deliver(WithModel(options, state), settings, state, desktop, reported);
+}
+
+/// Adds a source to the register of those before it.
+void AddSource(RegisterState& all, const RegisterState& source, const Settings& settings,
+               Desktop& desktop) {
+    const AddedEntries added = AddEntries(all, source, settings);
+    if (added.AlreadyThere > 0 || !added.Findings.IsEmpty()) {
+        desktop.Ask(ReportOf(added));
+    }
+    if (source.LoadedModel != all.LoadedModel) {
+        all.LoadedModel = FromAscii(RowOf(FileFormat::Register195).Word);
+    }
+}
+
+/// Goes through all sources, also behind one that is the end, and writes if none is.
+ExitStatus ConvertAllTogether(const std::vector<ConverterOptions>& runs,
+                              const ConverterOptions& options) {
+    Settings settings;
+    if (const auto end = TakeSettings(options, settings)) {
+        return *end;
+    }
+    RegisterState all;
+    ExitStatus gravest = ExitStatus::Done;
+    for (const ConverterOptions& run : runs) {
+        RegisterState state;
+        ConsoleDesktop desktop(MannerOf(run));
+        bool reported = false;
+        if (const auto end = Load(run, settings, state, desktop, reported)) {
+            gravest = std::max(gravest, *end);
+        } else if (&run == &runs.front()) {
+            all = std::move(state);
+        } else if (gravest <= ExitStatus::Reported) {
+            AddSource(all, state, settings, desktop);
+        }
+        gravest = std::max(gravest, StatusOf(ExitStatus::Done, reported || desktop.Findings() > 0));
+    }
+    if (gravest > ExitStatus::Reported) {
+        return gravest;
+    }
+    ConsoleDesktop desktop(MannerOf(options));
+    desktop.Know(all);
+    if (options.Sorted && all.AnzGes > 0) {
+        FollowLoad(all, desktop);
+    }
+    return Deliver(WithModel(options, all), settings, all, desktop,
+                   gravest == ExitStatus::Reported);
 }
 
 ExitStatus RunTask(const ConverterOptions& options) {
@@ -289,11 +312,9 @@ ExitStatus RunTask(const ConverterOptions& options) {
     return Convert(options);
 }
 
-}  // namespace
-
-ExitStatus Convert(const ConverterOptions& options) {
+/// The status where the target may not be written: said before the work is done, not behind it.
+std::optional<ExitStatus> CheckTarget(const ConverterOptions& options) {
     try {
-        // Said before the work is done, not behind it.
         if (options.What == Task::Convert && !options.Overwrite &&
             !IsStandardOutput(options.Target) && IsNameTaken(options.Target)) {
             return AlreadyThere(options.Target);
@@ -301,17 +322,26 @@ ExitStatus Convert(const ConverterOptions& options) {
     } catch (const RuntimeError& error) {
         return NotWritten(options.Target, error.Description());
     }
+    return std::nullopt;
+}
+
+}  // namespace
+
+ExitStatus Convert(const ConverterOptions& options) {
+    if (const auto end = CheckTarget(options)) {
+        return *end;
+    }
     return options.From == FileFormat::CallList ? ConvertCalls(options) : ConvertRegister(options);
 }
 
 namespace {
 
 /// One run, to its end, whatever befalls it.
-ExitStatus RunToItsEnd(const ConverterOptions& options) {
+ExitStatus RunToItsEnd(const ConverterOptions& options, const std::function<ExitStatus()>& task) {
     ExitStatus status = ExitStatus::FileFailed;  // of what RunOperation reports
     try {
         ConsoleDesktop desktop({.Source = Shown(options.Source)});
-        RunOperation([&] { status = RunTask(options); }, desktop);
+        RunOperation([&] { status = task(); }, desktop);
     } catch (const HardStop&) {
         Say(InQuotes(options.Source) + u" ist beschädigt: Abbruch");
         return ExitStatus::Damaged;
@@ -319,13 +349,27 @@ ExitStatus RunToItsEnd(const ConverterOptions& options) {
     return status;
 }
 
+/// What is said of all sources together begins with the target's name.
+ExitStatus RunTogether(const std::vector<ConverterOptions>& runs) {
+    ConverterOptions options = runs.front();
+    options.Source = options.Target;
+    return RunToItsEnd(options, [&] {
+        const auto end = CheckTarget(options);
+        return end ? *end : ConvertAllTogether(runs, options);
+    });
+}
+
 }  // namespace
 
 ExitStatus RunConverter(std::span<const std::string_view> arguments) {
     ExitStatus gravest = ExitStatus::Done;
     try {
-        for (const ConverterOptions& options : ReadOptions(arguments)) {
-            gravest = std::max(gravest, RunToItsEnd(options));
+        const std::vector<ConverterOptions> runs = ReadOptions(arguments);
+        if (runs.front().Together) {
+            return RunTogether(runs);
+        }
+        for (const ConverterOptions& options : runs) {
+            gravest = std::max(gravest, RunToItsEnd(options, [&] { return RunTask(options); }));
         }
     } catch (const UsageError& error) {
         Say(error.Message);

@@ -14,6 +14,7 @@ constexpr std::size_t Explanations = 24;  ///< the column in which they stand
 
 constexpr TextView Calls = uR"(Aufruf: norvik-konverter [Optionen] QUELLE ZIEL
         norvik-konverter [Optionen] --nach FORMAT QUELLE... ORDNER
+        norvik-konverter [Optionen] QUELLE... --zusammen ZIEL
         norvik-konverter --pruefen [Optionen] QUELLE...
         norvik-konverter --verluste [--nach FORMAT] [Optionen] QUELLE
         norvik-konverter --doppelte [Optionen] QUELLE
@@ -42,6 +43,8 @@ constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Eint
                         ohne ZIEL nur melden, ohne --nach für alle Formate
   --doppelte            Rufnummern melden, die mehrere Einträge haben; ohne ZIEL
                         nur melden
+  --zusammen ZIEL       alle QUELLEN in ein ZIEL, die anderen zur ersten dazu;
+                        gleiche Einträge (Name und Nummer) nur einmal
   --ueberschreiben      ein vorhandenes ZIEL ersetzen
   --trotzdem            schreiben, was von einer beschädigten QUELLE lesbar ist
   --still               nur Fehler zeigen (Ende mit 2, 3 oder 4)

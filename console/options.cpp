@@ -24,8 +24,8 @@ bool IsOption(std::string_view argument) {
 }
 
 /// Options that exclude each other; neither has a meaning beside the other.
-constexpr std::array<std::array<std::string_view, 2>, 2> Exclusive = {
-    {{"--sortiert", "--unsortiert"}, {"--null-hinzu", "--null-weg"}}};
+constexpr std::array<std::array<std::string_view, 2>, 3> Exclusive = {
+    {{"--sortiert", "--unsortiert"}, {"--null-hinzu", "--null-weg"}, {"--pruefen", "--zusammen"}}};
 
 /// Takes the arguments one by one.
 class ArgumentReader {
@@ -85,6 +85,18 @@ class ArgumentReader {
     bool onlyFiles_ = false;
 };
 
+/// Sources that go together into one file, which an option names.
+std::vector<FilePath> TakeTogether(const ConverterOptions& options, std::vector<FilePath>& files) {
+    if (IsFolder(options.Target)) {
+        Fail(u"--zusammen braucht eine Datei; " + PrintablePath(options.Target) +
+             u" ist ein Ordner");
+    }
+    if (std::count(files.begin(), files.end(), FilePath(StandardStream)) > 1) {
+        Fail(u"- kann nur einmal QUELLE sein");
+    }
+    return files;
+}
+
 /// How many files the command line must name, and what it says when there are others. Gives the
 /// sources.
 std::vector<FilePath> TakeFiles(Reading& reading) {
@@ -97,9 +109,14 @@ std::vector<FilePath> TakeFiles(Reading& reading) {
                     [](const FilePath& file) { return file.empty(); })) {
         Fail(u"ein Dateiname ist leer");
     }
-    if (options.Check || ((options.Losses || options.Doubles) && files.size() == 1)) {
+    const bool reportsOne =
+        (options.Losses || options.Doubles) && files.size() == 1 && !options.Together;
+    if (options.Check || reportsOne) {
         options.What = Task::LoadOnly;
         return files;
+    }
+    if (options.Together) {
+        return TakeTogether(options, files);
     }
     if (files.size() == 1) {
         Fail(u"ZIEL fehlt (--hilfe zeigt, wie das Programm aufgerufen wird)");
@@ -203,7 +220,9 @@ std::vector<ConverterOptions> ReadOptions(std::span<const std::string_view> argu
         EnsureAllApply(one);
         runs.push_back(std::move(one.Options));
     }
-    EnsureDifferentTargets(runs);
+    if (!reading.Options.Together) {
+        EnsureDifferentTargets(runs);
+    }
     return runs;
 }
 

@@ -31,6 +31,9 @@ struct ConverterOptions {
     /// Nothing for the file that a call list gives, and where the losses in every format are
     /// wanted.
     std::optional<FileFormat> To = {};
+    /// "--zusammen": the target holds this source and all others. The first one is the register to
+    /// which the others are added.
+    bool Together = false;
     /// A register file becomes one of the same model, whatever `To` is.
     bool KeepsModel = false;
 
@@ -61,7 +64,8 @@ struct UsageError {
 };
 
 /// Reads the arguments behind the program's name and gives the runs that they ask for, one for each
-/// source. Throws UsageError. After "--hilfe" or "--version" nothing more is looked at.
+/// source; those of sources that go together are one. Throws UsageError. After "--hilfe" or
+/// "--version" nothing more is looked at.
 std::vector<ConverterOptions> ReadOptions(std::span<const std::string_view> arguments);
 
 /// The names of all options that begin with two dashes.

@@ -109,6 +109,14 @@ void TakeSettingsFile(Reading& reading, std::string_view value) {
     reading.Options.SettingsFile = platform::PathOfArgument(value);
 }
 
+void TakeTogether(Reading& reading, std::string_view value) {
+    if (value.empty()) {
+        Fail(u"--zusammen braucht einen Wert, der nicht leer ist");
+    }
+    reading.Options.Together = true;
+    reading.Options.Target = platform::PathOfArgument(value);
+}
+
 template <bool ConverterOptions::*Flag>
 void Set(Reading& reading, std::string_view /*value*/) {
     reading.Options.*Flag = true;
@@ -166,7 +174,7 @@ constexpr TextView ForRegisters = u"für ein Register als QUELLE";
 constexpr TextView ForMobileExport = u"für das Ziel simsurf";
 
 // clang-format off
-constexpr std::array<OptionRow, 29> Rows = {{
+constexpr std::array<OptionRow, 30> Rows = {{
     {"--von", true, [](Reading& reading, std::string_view value) {
          reading.From = FormatValue(u"--von", value, SourceOfName(value), SourceNames());
      }, Anywhere, u""},
@@ -201,6 +209,7 @@ constexpr std::array<OptionRow, 29> Rows = {{
     {"--pruefen", false, Set<&ConverterOptions::Check>, OfRegister, ForRegisters},
     {"--verluste", false, Set<&ConverterOptions::Losses>, OfRegister, ForRegisters},
     {"--doppelte", false, Set<&ConverterOptions::Doubles>, OfRegister, ForRegisters},
+    {"--zusammen", true, TakeTogether, OfRegister, ForRegisters},
     {"--ueberschreiben", false, Set<&ConverterOptions::Overwrite>, ToFile, u"mit einem ZIEL"},
     {"--trotzdem", false, Set<&ConverterOptions::DespiteDamage>, NeedsWholeSource, u"mit einem ZIEL, mit --verluste oder mit --doppelte"},
     {"--still", false, Set<&ConverterOptions::Silent>, Anywhere, u""},

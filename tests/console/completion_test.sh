@@ -69,6 +69,9 @@ expect 'mit blank.t9t' mit
 expect 'ALT.PBO|alt.t9t|handy.pbb|kosten.geb|mit blank.t9t|neu.csv|ordner.x' alt.t9t ''
 expect 'kosten.geb' --unsortiert alt.t9t --ueberschreiben k
 expect 'neu.csv' --zeichensatz auto n
+expect 'handy.pbb' a.t9t b.t9t --zusammen h
+expect 'neu.csv' --zusammen = n
+expect 'alt.t9t|anrufe.t9a' --zusammen neu.t9t x.csv a
 expect 'anrufe.t9a' --ini norvik.ini --msn = 5 an
 expect 'brief.txt' --von csv b
 expect '' b
