@@ -37,8 +37,7 @@ struct InputBox {
 };
 
 struct FileDialog {
-    /// Descriptions and patterns in turn, separated by "|": "CSV-Datei|*.csv|Alle Dateien|*.*".
-    /// Several patterns of one description have a blank between them.
+    /// Descriptions and patterns in turn, separated by "|": "Alle|*.t9t *.csv|CSV-Datei|*.csv".
     Text filter;
     /// Appended to a name without a "." of its own, for example ".t9t".
     std::string ending;
