@@ -16,6 +16,7 @@ struct SimplifiedText {
 
 /// A letter and the accents behind it become one letter; what Windows-1252 lacks is spelled with
 /// the letters that it has ("ł" as "l", "ẞ" as "SS"), else "?".
+/// Nothing becomes a semicolon, double quote, tab or line end, which divide the lines of files.
 SimplifiedText Simplify(std::u32string_view points);
 
 /// The same of UTF-8; every byte that fits nowhere becomes "?".

@@ -23,13 +23,17 @@ REPERTOIRE = {chr(byte) if byte in UNDEFINED else bytes([byte]).decode("cp1252")
 # What the Unicode data do not say: letters that are no letter with a mark, signs that look alike.
 BY_HAND = {
     "ı": "i", "ȷ": "j", "ĸ": "k", "ŋ": "n", "Ŋ": "N", "ə": "e", "Ə": "E", "ẞ": "SS",
-    "\u02b9": "'", "\u02ba": '"', "\u02bb": "‘", "\u02bc": "’", "\u02bd": "‘", "\u02be": "’",
+    "\u02b9": "'", "\u02ba": "''", "\u02bb": "‘", "\u02bc": "’", "\u02bd": "‘", "\u02be": "’",
     "\u02bf": "‘", "\u02c8": "'",
     "\u2010": "-", "\u2011": "-", "\u2012": "–", "\u2015": "—", "\u2043": "-", "\u2212": "-",
-    "\u201b": "‘", "\u201f": "“", "\u2032": "'", "\u2033": '"', "\u2035": "`",
+    "\u201b": "‘", "\u201f": "“", "\u2032": "'", "\u2033": "''", "\u2035": "`",
     "\u2027": "·", "\u2219": "·", "\u22c5": "·", "\u2044": "/", "\u2215": "/", "\u2216": "\\",
+    "\u037e": "?", "\ufe14": ",", "\ufe54": ",", "\uff1b": ",", "\uff02": "''",
     "\u2217": "*", "\u2223": "|", "\u2236": ":", "\u223c": "~", "\u2028": " ", "\u2029": " ",
 }
+
+# These divide a line into fields: no character may become one of them.
+DIVIDING = set(';"\r\n\t')
 
 # Characters that show nothing themselves.
 INVISIBLE = [(0x034F, 0x034F), (0x061C, 0x061C), (0x180B, 0x180F), (0x200B, 0x200F), (0x202A, 0x202E),
@@ -153,6 +157,7 @@ def table():
         if character in REPERTOIRE or is_mark(character):
             continue
         spelling = spelled(character)
+        assert not DIVIDING & set(spelling), character
         if spelling:
             is_same = unicodedata.normalize("NFC", character) == spelling
             (same if is_same else others).append(f"{{0x{ord(character):04X}, {literal(spelling)}}}")
