@@ -11,7 +11,7 @@ TEST_F(WindowTest, AFileIsAddedAndTakenAwayAgain) {
     const std::string caption = Caption();
     Dialogs.Transcript.clear();
     Folder.Write("neu.csv", "\xEF\xBB\xBFName;Tel\r\nAnna;1\r\nM\xC3\xBCller;1\r\nBert;3\r\n");
-    Dialogs.ChooseFile(PathIn("neu.csv"));
+    Dialogs.ChooseFile(PathIn("neu.csv")).Click(QMessageBox::Ok);
     Trigger("mnuDateiAdd");
     EXPECT_THAT(
         Dialogs.Transcript,
