@@ -158,9 +158,9 @@ TEST_F(ConverterOption, ZeichensatzTellsHowTheSourceIsRead) {
     EXPECT_EQ(names({"--zeichensatz=windows-1252"}, utf8), "M\xC3\xBCller 0 ");
     EXPECT_EQ(names({"--zeichensatz=utf-8"}, windows),
               "M?ller 1 " + WithSource("Zeichen ersetzt: M?ller\n"
-                                           "Es wurden 0 Fehler korrigiert\n"
-                                           "Zeichen ersetzt: M?ller\n",
-                                           folder / "alt.csv"));
+                                       "Es wurden 0 Fehler korrigiert\n"
+                                       "Zeichen ersetzt: M?ller\n",
+                                       folder / "alt.csv"));
 }
 
 TEST_F(ConverterOption, IniGivesThePriceOfTheUnit) {
