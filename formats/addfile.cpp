@@ -75,7 +75,7 @@ bool LoadBehindTheScreen(RegisterState& source, const FormatRow& row, const File
     const unsigned before = source.Generation;
     try {
         isWhole = row.Load(
-            source, [&path] { return ReadSourceFile(path); }, options, settings, desktop);
+            source, [&path] { return OpenSourceFile(path); }, options, settings, desktop);
     } catch (const HardStop&) {  // a broken entry; the register on the screen is as it was
         isWhole = false;
         SetCount(source, source.RecordsRead);

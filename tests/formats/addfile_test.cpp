@@ -60,9 +60,9 @@ class MnuDateiAdd : public testing::Test {
         return lines;
     }
 
-    const std::string Dialog =
-        "open \"Register und Kontakte|*.t9t *.pbo *.csv|NV-195-Datei|*.t9t|norvik-175-Datei|*.pbo|"
-        "CSV-Datei|*.csv|Alle Dateien|*.*\" ending .t9t";
+    const std::string Dialog = "open \"Register und Kontakte|*.t9t *.pbo *.csv "
+                               "*.vcf|NV-195-Datei|*.t9t|norvik-175-Datei|*.pbo|"
+                               "CSV-Datei|*.csv|vCard-Datei|*.vcf|Alle Dateien|*.*\" ending .t9t";
     const TestFolder folder;
     Settings settings;
     RegisterState state = RegisterOf({Entry(u"Anna", u"1"), Entry(u"Dora", u"2")});
@@ -129,7 +129,11 @@ TEST_F(MnuDateiAdd, TakesEveryFormatThatCanBeLoaded) {
         phonebook += "I=\r\n";
     }
     EXPECT_EQ(Add(folder.Write("a.pbo", phonebook)).back(), "status \"1 Eintrag dazugeladen\"");
-    EXPECT_THAT(Names(state), ElementsAre(u"Anna", u"B", u"C", u"Dora"));
+    EXPECT_EQ(Add(folder.Write("a.vcf", "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Cora\r\nTEL:040 7\r\n"
+                                        "END:VCARD\r\n"))
+                  .back(),
+              "status \"1 Eintrag dazugeladen\"");
+    EXPECT_THAT(Names(state), ElementsAre(u"Anna", u"B", u"C", u"Cora", u"Dora"));
 }
 
 TEST_F(MnuDateiAdd, RefusesOthers) {

@@ -15,8 +15,9 @@ TEST_F(WindowTest, AFileIsAddedAndTakenAwayAgain) {
     Trigger("mnuDateiAdd");
     EXPECT_THAT(
         Dialogs.Transcript,
-        ElementsAre("open \"Register und Kontakte (*.t9t *.pbo *.csv)|NV-195-Datei (*.t9t)|"
-                    "norvik-175-Datei (*.pbo)|CSV-Datei (*.csv)|Alle Dateien (*)\" name \"\"",
+        ElementsAre("open \"Register und Kontakte (*.t9t *.pbo *.csv *.vcf)|NV-195-Datei (*.t9t)|"
+                    "norvik-175-Datei (*.pbo)|CSV-Datei (*.csv)|vCard-Datei (*.vcf)|Alle Dateien "
+                    "(*)\" name \"\"",
                     OkBox("Es wurden 2 Einträge dazugeladen, 1 war schon da\n\n"
                           "Gleiche Rufnummer: Müller (1) wie Anna\n",
                           "Dazuladen", "Information")));
