@@ -70,6 +70,9 @@ class Desktop {
     /// A save is about to replace the file, if there is one. Gives what the status is to say behind
     /// the path of the file that was saved.
     virtual Text BeforeReplacing(const FilePath& /*file*/) { return {}; }
+    /// Any file that the program writes is about to be overwritten where it stands, so that the end
+    /// of the program in the midst of it would leave half a file. Gives the same.
+    virtual Text BeforeOverwriting(const FilePath& /*file*/) { return {}; }
 
     // Show. A desktop without a screen shows nothing.
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <random>
 #include <string>
 #include <utility>
@@ -44,17 +45,29 @@ FilePath FolderOf(const FilePath& path) {
     return folder.empty() ? FilePath(".") : folder;
 }
 
+// The name of an unfinished file: ".norvik-", digits, ".neu".
+constexpr std::string_view UnfinishedBeginning = ".norvik-";
+constexpr std::size_t UnfinishedDigits = 32;
+constexpr std::string_view UnfinishedEnding = ".neu";
+
 /// A name that cannot be guessed, so that nobody can have put anything there.
 std::string UnguessableName() {
     constexpr std::string_view Digits = "0123456789abcdef";
     std::random_device random;
-    std::string name = ".norvik-";
-    for (int word = 0; word < 4; ++word) {
+    std::string name(UnfinishedBeginning);
+    while (name.size() < UnfinishedBeginning.size() + UnfinishedDigits) {
         for (unsigned bits = random(), k = 0; k < 8; ++k, bits /= 16) {
             name.push_back(Digits[bits % 16]);
         }
     }
-    return name + ".neu";
+    return name.append(UnfinishedEnding);
+}
+
+bool IsUnguessableName(const FilePath& name) {
+    const FilePath::string_type& text = name.native();
+    return text.size() == UnfinishedBeginning.size() + UnfinishedDigits + UnfinishedEnding.size() &&
+           std::equal(UnfinishedBeginning.begin(), UnfinishedBeginning.end(), text.begin()) &&
+           std::equal(UnfinishedEnding.rbegin(), UnfinishedEnding.rend(), text.rbegin());
 }
 
 /// Whether the error forbids to put a file beside or in place of another, which may be writable
@@ -148,6 +161,7 @@ OutputFile::~OutputFile() {
 void OutputFile::CreateBeside(bool exists) {
     constexpr int MostAttempts = 100;
     like_ = exists ? place_ : FilePath();
+    RemoveAbandoned(FolderOf(place_), IsUnguessableName);
     std::error_code error = std::make_error_code(std::errc::file_exists);
     for (int i = 0; i < MostAttempts && error == std::errc::file_exists; ++i) {
         beside_ = FolderOf(place_) / UnguessableName();
@@ -250,12 +264,28 @@ void OutputFile::ForgetBeside() {
     beside_.clear();
 }
 
-void ReplaceFile(const FilePath& path, ByteView bytes) {
-    OutputTarget target(path);
+void ReplaceFile(OutputTarget target, ByteView bytes) {
     target.MakeFolder = true;
     OutputFile file(std::move(target));
     file.Write(bytes);
     file.Close();
+}
+
+void RemoveAbandoned(const FilePath& folder, bool (*unfinished)(const FilePath& name)) {
+    constexpr int MostLooks = 1000;  // a large folder is not worth the time of a save
+    constexpr std::chrono::minutes Age(10);
+    const auto oldest = fs::file_time_type::clock::now() - Age;
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (int looks = 0; !error && looks < MostLooks && entry != fs::directory_iterator();
+         ++looks, entry.increment(error)) {
+        std::error_code unknown;
+        if (unfinished(entry->path().filename()) &&
+            fs::is_regular_file(entry->symlink_status(unknown)) &&
+            entry->last_write_time(unknown) < oldest && !unknown) {
+            platform::RemoveIfClosed(entry->path());
+        }
+    }
 }
 
 bool IsNameTaken(const FilePath& path) {

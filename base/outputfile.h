@@ -10,6 +10,9 @@
 
 namespace norvik {
 
+/// Called with a file's path before its bytes are overwritten where they stand.
+using OverwritingHook = std::function<void(const FilePath&)>;
+
 /// Where bytes are to go, and what may happen to what is there.
 struct OutputTarget {
     /// A path is a target without further wishes.
@@ -24,10 +27,9 @@ struct OutputTarget {
     bool MakeFolder = false;
     /// Takes the bytes in place of the file, all of them or none.
     Bytes* Memory = nullptr;
-    /// Called with the file's path before its bytes are overwritten where they stand. That is the
-    /// one way in which the end of the process or the machine can leave half a file, so whoever
-    /// keeps earlier versions keeps this one.
-    std::function<void(const FilePath&)> BeforeOverwriting;
+    /// Overwriting is the one way in which the end of the process or the machine can leave half a
+    /// file, so whoever keeps earlier versions keeps this one.
+    OverwritingHook BeforeOverwriting;
 };
 
 /// The target's name is taken, and nothing was to be replaced.
@@ -38,7 +40,8 @@ class FileExists : public RuntimeError {
 
 /// A file being written. Until Close() has gone through, the target is as it was: the bytes go into
 /// a file of another name beside it, which takes its place, its owner and its permissions at the
-/// end. Without Close(), after a failure, and when a signal ends the process, nothing stays behind.
+/// end. Without Close(), after a failure, and when a signal ends the process, nothing stays behind;
+/// what stays of a process that was killed, a later one removes.
 ///
 /// A link stays a link; the file that it leads to is written. A device is written directly. Where
 /// nothing can be put beside the file, where it has several names, or an owner that a new file
@@ -81,7 +84,11 @@ class OutputFile {
 };
 
 /// Puts `bytes` into the file as a whole, in a folder that is made where it is missing.
-void ReplaceFile(const FilePath& path, ByteView bytes);
+void ReplaceFile(OutputTarget target, ByteView bytes);
+
+/// Removes those of the folder's files that are `unfinished` and that nobody writes any more: their
+/// process died in the midst of it. They are closed, and have not changed for ten minutes.
+void RemoveAbandoned(const FilePath& folder, bool (*unfinished)(const FilePath& name));
 
 /// Whether something bears the name, be it a link to nowhere. Raises error 64, 70 or 57 when the
 /// system cannot tell.

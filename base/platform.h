@@ -42,6 +42,9 @@ struct NewFile {
 /// errc::operation_not_permitted, and there is no file, when the owner cannot be the same.
 NewFile CreateBeside(const FilePath& path, const FilePath& like, std::error_code& error);
 
+/// Removes a file of CreateBeside(), unless it is still open, here or in another process.
+void RemoveIfClosed(const FilePath& path);
+
 /// Gives a file of CreateBeside() its permissions.
 void GivePermissions(const NewFile& file, const FilePath& like, std::error_code& error);
 

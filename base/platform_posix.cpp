@@ -167,7 +167,22 @@ NewFile CreateBeside(const FilePath& path, const FilePath& like, std::error_code
         error = std::make_error_code(std::errc::operation_not_permitted);
         return {};
     }
+    // Tells RemoveIfClosed() that somebody has it; where nothing can be locked, that removes
+    // nothing.
+    static_cast<void>(flock(Descriptor(file), LOCK_EX | LOCK_NB));
     return {.File = file, .Permissions = wanted.st_mode & PermissionBits};
+}
+
+void RemoveIfClosed(const FilePath& path) {
+    std::error_code ignored;
+    const Handle file = Open(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK, 0, ignored);
+    if (file == NoHandle) {
+        return;
+    }
+    if (flock(Descriptor(file), LOCK_EX | LOCK_NB) == 0) {
+        unlink(path.c_str());
+    }
+    Close(file, ignored);
 }
 
 void GivePermissions(const NewFile& file, const FilePath& like, std::error_code& error) {

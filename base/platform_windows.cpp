@@ -89,6 +89,10 @@ NewFile CreateBeside(const FilePath& path, const FilePath& /*like*/, std::error_
     return {.File = Open(path, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, error)};
 }
 
+void RemoveIfClosed(const FilePath& path) {
+    DeleteFileW(path.c_str());  // fails while it is open
+}
+
 void GivePermissions(const NewFile& /*file*/, const FilePath& /*like*/, std::error_code& error) {
     error.clear();
 }

@@ -1,5 +1,7 @@
 #include "dialogs/mobileexportfields.h"
 
+#include "formats/common/quietsave.h"
+
 #include <utility>
 
 namespace norvik {
@@ -76,9 +78,10 @@ void btnSaveSettings_Click(const MobileExportFields& fields, Settings& settings,
         table.SetValue(BoxSettings.at(box), fields.chkHE.at(box) ? Yes : No);
     }
     table.SetValue(Setting::DataSeparator, fields.InpSeparator);
-    WriteSettingsFile(folder, table);
+    Text remark;
+    WriteSettingsFile(folder, table, TellDesktop(desktop, remark));
     settings.Table = std::move(table);
-    desktop.SetStatus(u"Einstellungen gespeichert");
+    desktop.SetStatus(u"Einstellungen gespeichert" + remark);
 }
 
 }  // namespace norvik

@@ -1,7 +1,7 @@
 #include "dialogs/settingsfields.h"
 
+#include "formats/common/quietsave.h"
 #include "formats/formattable.h"
-
 #include "sync/quotedfields.h"
 
 #include <charconv>
@@ -175,8 +175,9 @@ void btnMakeChanges_Click(const SettingsFields& fields, Settings& settings, cons
     }
     table.SetValue(Setting::LoadSyncOnStart, fields.chkLoadSyncOnStart ? Yes : No);
     table.SetValue(Setting::Language, u"deutsch");
-    WriteSettingsFile(folder, table);
-    desktop.SetStatus(u"Einstellungen gespeichert");
+    Text remark;
+    WriteSettingsFile(folder, table, TellDesktop(desktop, remark));
+    desktop.SetStatus(u"Einstellungen gespeichert" + remark);
 }
 
 void NVSET_btnCancel_Click(Desktop& desktop) {

@@ -1,6 +1,7 @@
 #include "mainwindow/handlers.h"
 
 #include "formats/common/globalize.h"
+#include "formats/common/quietsave.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/showentry.h"
 #include "registertools/clearcharges.h"
@@ -196,7 +197,11 @@ void mnuNameRingtones(Program& program, Desktop& desktop) {
     FillTones(program.Fields, *names);
     program.Fields.DDTon = 0;
     desktop.ShowEntry();  // its tone stays selected, also when the names cannot be written
-    WriteToneNames(program.Folder, *names);
+    Text remark;
+    WriteToneNames(program.Folder, *names, TellDesktop(desktop, remark));
+    if (!remark.empty()) {
+        desktop.SetStatus(u"Klingeltonnamen gespeichert" + remark);
+    }
     program.Fields.btnSaveChange = EditState::Neutral;
 }
 

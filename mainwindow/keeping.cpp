@@ -21,6 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr TextView NotKept = u" (der frühere Stand konnte nicht aufgehoben werden)";
 constexpr std::string_view FolderName = "staende";
 constexpr std::string_view SessionName = "sitzung-";
 constexpr std::string_view LockEnding = ".lock";
@@ -198,6 +199,7 @@ int StartKeeping(Program& program) {
         for (const FilePath& file : SessionFiles(keep.Folder)) {
             dead += KeepOfDead(keep.Folder, file) ? 1 : 0;
         }
+        RemoveUnfinishedVersions(keep.Folder);
         keep.Note = TakeNote(keep.Folder);
         return true;
     });
@@ -269,9 +271,17 @@ void EndKeepingEarly(Program& program, Ending ending) {
     });
 }
 
-bool EndSession(Program& program, bool mayAsk, Desktop& desktop) {
+bool EndSession(Program& program, SessionManager& manager, bool busy, Desktop& desktop) {
     KeepUnsaved(program, VersionReason::NotSavedAtQuit);
-    return !mayAsk || MayClose(program, desktop);
+    if (program.State.RegisterSaved || busy || !manager.AllowsQuestion()) {
+        return true;
+    }
+    if (MayClose(program, desktop)) {
+        manager.Release();
+        return true;
+    }
+    manager.Cancel();
+    return false;
 }
 
 Text KeepReplaced(Program& program, const FilePath& path) {
@@ -295,9 +305,26 @@ Text KeepReplaced(Program& program, const FilePath& path) {
         return KeepVersion(keep.Folder, version);
     });
     if (!kept) {
-        return u" (der frühere Stand konnte nicht aufgehoben werden)";
+        return Text(NotKept);
     }
     return changed ? u" (inzwischen geändert; der andere Stand ist aufgehoben)" : Text();
+}
+
+Text KeepOverwritten(Program& program, const FilePath& path) {
+    Keeping& keep = program.Keep;
+    if (keep.Folder.empty()) {
+        return {};
+    }
+    ++keep.Changes;
+    const bool kept = Quietly([&] {
+        return KeepVersion(keep.Folder,
+                           {.When = SecondsNow(),
+                            .Why = VersionReason::Replaced,
+                            .Original = path,
+                            .Content = ReadWholeFile(path)},
+                           Flush::Now);
+    });
+    return kept ? Text() : Text(NotKept);
 }
 
 void RememberFile(Program& program, const FilePath& path, bool held) {

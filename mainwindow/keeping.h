@@ -35,14 +35,38 @@ enum class Ending { HardStop, Signal };
 /// The same, and the next start tells of it.
 void EndKeepingEarly(Program& program, Ending ending);
 
-/// The user's session ends: keeps what no save holds. Asks, where that is allowed, as closing the
-/// window does. Gives false when the session is to go on.
-bool EndSession(Program& program, bool mayAsk, Desktop& desktop);
+/// The session manager, as far as the end of the session has to do with it.
+class SessionManager {
+  public:
+    SessionManager() = default;
+    SessionManager(const SessionManager&) = delete;
+    SessionManager& operator=(const SessionManager&) = delete;
+    SessionManager(SessionManager&&) = delete;
+    SessionManager& operator=(SessionManager&&) = delete;
+    virtual ~SessionManager() = default;
+
+    /// Whether the program may ask its user now. Waits until it is its turn; another program's
+    /// comes when one of the two below has been called.
+    virtual bool AllowsQuestion() = 0;
+    /// The question is answered, and the session may end.
+    virtual void Release() = 0;
+    /// The session is to go on.
+    virtual void Cancel() = 0;
+};
+
+/// The user's session ends: keeps what no save holds. Asks as closing the window does where there
+/// is something to ask, it is allowed and the program is not `busy` with an operation. Gives false
+/// when the session is to go on.
+bool EndSession(Program& program, SessionManager& manager, bool busy, Desktop& desktop);
 
 /// Keeps the bytes of a file that a save is about to replace. Gives what the status is to add
 /// behind the path: nothing, " (inzwischen geändert; der andere Stand ist aufgehoben)", or that it
 /// could not be kept.
 Text KeepReplaced(Program& program, const FilePath& path);
+
+/// Keeps the bytes of a file that is about to be overwritten where it stands, and waits until they
+/// are on the disk. Gives what the status is to add when that was not possible.
+Text KeepOverwritten(Program& program, const FilePath& path);
 
 /// Remembers what the file that was just loaded or saved holds, so that a later change by somebody
 /// else is noticed; with `held`, that it holds the register without a loss.

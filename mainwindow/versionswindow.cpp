@@ -163,18 +163,18 @@ FileFormat TargetFormat(const FilePath& path, const RegisterState& state) {
                : FileFormat::Register195;
 }
 
-void WriteVersion(const Version& version, RegisterState& state, const FilePath& path,
+void WriteVersion(const Version& version, RegisterState& state, const OutputTarget& target,
                   const Settings& settings, Desktop& desktop) {
     const auto ending = [](const FilePath& file) {
         return LowerCase(TextFromPath(file.extension()));
     };
-    if (!version.IsRegister && ending(path) == ending(version.Original)) {
-        OutputFile file(path);
+    if (!version.IsRegister && ending(target.Path) == ending(version.Original)) {
+        OutputFile file(target);
         file.Write(version.Content);
         file.Close();
         return;
     }
-    RowOf(TargetFormat(path, state)).Write(state, path, {}, settings, desktop);
+    RowOf(TargetFormat(target.Path, state)).Write(state, target, {}, settings, desktop);
 }
 
 }  // namespace
@@ -240,7 +240,10 @@ void VERSIONS_btnSaveAs_Click(Program& program, Desktop& desktop) {
     }
     const FilePath path = WithEnding(*name, SaveEnding);
     const SaveResult result = TrySave(
-        path, [&] { WriteVersion(chosen->first, chosen->second, path, program.Set, desktop); },
+        path,
+        [&](const OutputTarget& target) {
+            WriteVersion(chosen->first, chosen->second, target, program.Set, desktop);
+        },
         desktop);
     EndSave(chosen->second, result, desktop);
 }

@@ -1,12 +1,13 @@
 #include "qt/filedialog.h"
 
 #include "qt/textconversion.h"
+#include "versions/versionstore.h"
 
 #include <QFileInfo>
 #include <QFileSystemModel>
-#include <QIdentityProxyModel>
 #include <QLocale>
 #include <QMessageBox>
+#include <QSortFilterProxyModel>
 
 namespace norvik {
 
@@ -37,25 +38,35 @@ bool ConfirmsReplacing(const QString& name, const QString& title, QWidget* paren
 }
 
 /// The toolkit's dialog with an overwrite question of ours, which is asked for the name with its
-/// ending; the toolkit itself appends one to typed names alone, not to those of clicked rows.
+/// ending; the toolkit itself appends one to typed names alone, not to those of clicked rows. It
+/// does not go where earlier versions lie, also not by a name that is typed.
 class PlainFileDialog : public QFileDialog {
   public:
-    PlainFileDialog(std::string ending, QWidget* parent)
-        : QFileDialog(parent), ending_(std::move(ending)) {
+    PlainFileDialog(std::string ending, FilePath hidden, QWidget* parent)
+        : QFileDialog(parent), ending_(std::move(ending)), hidden_(std::move(hidden)) {
         setOption(QFileDialog::DontConfirmOverwrite);
         setDefaultSuffix(QString::fromStdString(ending_).mid(1));
     }
 
     void accept() override {
-        if (acceptMode() == AcceptOpen || MayReplace()) {
+        if (IsHidden()) {
+            QMessageBox::information(
+                this, windowTitle(),
+                QStringLiteral("In diesem Ordner hebt das Programm frühere Stände auf. Sie finden "
+                               "sie im Menü Datei unter „Frühere Stände...“."));
+        } else if (acceptMode() == AcceptOpen || MayReplace()) {
             QFileDialog::accept();
         }
     }
 
   private:
-    bool MayReplace() {
+    QString Chosen() const {
         const QStringList files = selectedFiles();
-        const QFileInfo chosen(files.isEmpty() ? QString() : files.constFirst());
+        return files.isEmpty() ? QString() : files.constFirst();
+    }
+    bool IsHidden() const { return IsInFolder(ToFilePath(Chosen()), hidden_); }
+    bool MayReplace() {
+        const QFileInfo chosen(Chosen());
         const QFileInfo file(FromFilePath(WithEnding(ToFilePath(chosen.filePath()), ending_)));
         if (chosen.isDir() || !file.exists() || file.isDir()) {
             return true;
@@ -64,13 +75,18 @@ class PlainFileDialog : public QFileDialog {
     }
 
     std::string ending_;
+    FilePath hidden_;
 };
 
 /// Shows sizes and dates as the program's language has them; the toolkit's own model takes them
-/// from the system's.
-class GermanDetails : public QIdentityProxyModel {
+/// from the system's. Leaves the hidden folder out.
+class GermanDetails : public QSortFilterProxyModel {
   public:
-    using QIdentityProxyModel::QIdentityProxyModel;
+    GermanDetails(FilePath hidden, QObject* parent)
+        : QSortFilterProxyModel(parent), hidden_(std::move(hidden)) {}
+
+    /// The toolkit's model puts folders first and knows numbers from texts.
+    void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
 
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
         constexpr int SizeColumn = 1;
@@ -85,19 +101,38 @@ class GermanDetails : public QIdentityProxyModel {
                 return QLocale().toString(files->lastModified(source), QLocale::ShortFormat);
             }
         }
-        return QIdentityProxyModel::data(index, role);
+        return QSortFilterProxyModel::data(index, role);
     }
+
+  protected:
+    [[nodiscard]] bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
+        const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
+        if (files == nullptr || hidden_.empty()) {
+            return true;
+        }
+        const FilePath path = ToFilePath(files->filePath(files->index(row, 0, parent)));
+        std::error_code ignored;  // only a name of its own or a link can lead to the folder
+        return (path.filename() != hidden_.filename() &&
+                !std::filesystem::is_symlink(path, ignored)) ||
+               !IsInFolder(path, hidden_);
+    }
+
+  private:
+    FilePath hidden_;
 };
 
 }  // namespace
 
 std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
-                                      QWidget* parent) {
-    PlainFileDialog fileDialog(dialog.ending, parent);
+                                      const FilePath& hidden, QWidget* parent) {
+    PlainFileDialog fileDialog(dialog.ending, hidden, parent);
+    if (IsInFolder(ToFilePath(fileDialog.directory().path()), hidden)) {
+        fileDialog.setDirectory(FromFilePath(hidden.parent_path()));
+    }
     fileDialog.setAcceptMode(mode);
     fileDialog.setFileMode(QFileDialog::AnyFile);
     fileDialog.setNameFilters(NameFilters(dialog.filter));
-    fileDialog.setProxyModel(new GermanDetails(&fileDialog));
+    fileDialog.setProxyModel(new GermanDetails(hidden, &fileDialog));
     if (fileDialog.exec() != QDialog::Accepted || fileDialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

@@ -8,9 +8,10 @@
 namespace norvik {
 
 /// Shows a file dialog above `parent` and gives the chosen name, or nothing when it was cancelled.
-/// Before a file is replaced the user is asked for the name with its ending.
+/// Before a file is replaced the user is asked for the name with its ending. What lies in `hidden`,
+/// the folder of earlier versions, is neither shown nor taken.
 std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
-                                      QWidget* parent);
+                                      const FilePath& hidden, QWidget* parent);
 
 /// Asks whether `file` may be replaced, as a file dialog for saving does.
 bool AskToReplaceFile(const FilePath& file, QWidget* parent);

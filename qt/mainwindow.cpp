@@ -177,6 +177,7 @@ void MainWindow::ConnectSelection() {
 void MainWindow::Run(const std::function<void()>& operation, TextView what) {
     ReadFields();
     sessionEnds_ = false;
+    quits_ = false;
     statusPainted_.invalidate();
     ++running_;
     try {
@@ -189,6 +190,9 @@ void MainWindow::Run(const std::function<void()>& operation, TextView what) {
     Draw();
     if (std::exchange(statusWaits_, false)) {
         widgets_.Status->repaint();
+    }
+    if (running_ == 0 && std::exchange(closesLater_, false)) {
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     }
 }
 
@@ -280,11 +284,14 @@ void MainWindow::RunSettings() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     // An operation that waits for an answer is not torn down under its own feet.
+    const bool sessionQuits = sessionEnds_ && quits_;
     if (running_ > 0 && !closingByMenu_) {
+        closesLater_ = sessionQuits;
         event->ignore();
         return;
     }
-    bool mayClose = sessionEnds_;
+    // The user's own click is asked about, also where another program kept the session from ending.
+    bool mayClose = sessionQuits;
     if (!mayClose) {
         Run([&] { mayClose = MayClose(program_, desktop_); });
     }

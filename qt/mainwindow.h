@@ -16,6 +16,7 @@ namespace norvik {
 
 class RegisterListWindow;
 class DoublesWindow;
+class SessionManager;
 class VersionsWindow;
 class EntryListModel;
 
@@ -36,8 +37,9 @@ class MainWindow : public QMainWindow {
     [[nodiscard]] const RegisterState& State() const { return program_.State; }
 
     /// The user's session ends: keeps what no save holds, and asks where that is allowed. Gives
-    /// false when the user wants to go on. Closing the window afterwards asks nothing.
-    bool MayEndSession(bool mayAsk);
+    /// false when the user wants to go on. When the end of the session then closes the window,
+    /// nothing more is asked.
+    bool MayEndSession(SessionManager& manager);
     /// A signal ends the program: keeps what no save holds.
     void KeepAtSignal();
 
@@ -61,6 +63,11 @@ class MainWindow : public QMainWindow {
     void ShowDoubles();
     void CloseDoubles();
     Text KeepReplacedFile(const FilePath& file);
+    Text KeepOverwrittenFile(const FilePath& file);
+    [[nodiscard]] const FilePath& VersionFolder() const { return program_.Keep.Folder; }
+
+    /// Sees the application being told to quit.
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -107,7 +114,11 @@ class MainWindow : public QMainWindow {
     /// The status text is set and not painted yet.
     bool statusWaits_ = false;
     bool closingByMenu_ = false;
+    /// The session may end; the application was told to quit.
     bool sessionEnds_ = false;
+    bool quits_ = false;
+    /// It was told so in the midst of an operation.
+    bool closesLater_ = false;
 };
 
 }  // namespace norvik

@@ -4,38 +4,63 @@
 #include "qt/mainwindow.h"
 #include "qt/versionswindow.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QSessionManager>
 
 namespace norvik {
 
+namespace {
+
+class ToolkitsSessionManager : public SessionManager {
+  public:
+    explicit ToolkitsSessionManager(QSessionManager& manager) : manager_(manager) {}
+
+    bool AllowsQuestion() override { return manager_.allowsInteraction(); }
+    void Release() override { manager_.release(); }
+    void Cancel() override { manager_.cancel(); }
+
+  private:
+    QSessionManager& manager_;
+};
+
+}  // namespace
+
 void MainWindow::ConnectSession() {
+    // Words of the session manager's own would be taken for a file's; the next session begins
+    // without the program. It is told with each answer, the first at the start of the program.
+    connect(
+        qGuiApp, &QGuiApplication::saveStateRequest, this,
+        [](QSessionManager& manager) { manager.setRestartHint(QSessionManager::RestartNever); },
+        Qt::DirectConnection);
+    qGuiApp->installEventFilter(this);
     // The session manager goes on as soon as this returns.
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this,
         [this](QSessionManager& manager) {
             manager.setRestartHint(QSessionManager::RestartNever);
-            const bool mayAsk =
-                !program_.State.RegisterSaved && running_ == 0 && manager.allowsInteraction();
-            if (!MayEndSession(mayAsk)) {
-                manager.cancel();
-            }
-            if (mayAsk) {
-                manager.release();
-            }
+            ToolkitsSessionManager answers(manager);
+            MayEndSession(answers);
         },
         Qt::DirectConnection);
 }
 
-bool MainWindow::MayEndSession(bool mayAsk) {
+bool MainWindow::MayEndSession(SessionManager& manager) {
     bool mayEnd = true;
     if (running_ > 0) {  // no question in the midst of an operation
-        EndSession(program_, false, desktop_);
+        mayEnd = EndSession(program_, manager, true, desktop_);
     } else {
-        Run([&] { mayEnd = EndSession(program_, mayAsk, desktop_); });
+        Run([&] { mayEnd = EndSession(program_, manager, false, desktop_); });
     }
     sessionEnds_ = mayEnd;
     return mayEnd;
+}
+
+bool MainWindow::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::Quit && object == qGuiApp) {
+        quits_ = true;
+    }
+    return QMainWindow::eventFilter(object, event);
 }
 
 void MainWindow::KeepAtSignal() {
@@ -44,6 +69,10 @@ void MainWindow::KeepAtSignal() {
 
 Text MainWindow::KeepReplacedFile(const FilePath& file) {
     return KeepReplaced(program_, file);
+}
+
+Text MainWindow::KeepOverwrittenFile(const FilePath& file) {
+    return KeepOverwritten(program_, file);
 }
 
 void MainWindow::ConnectVersions() {

@@ -157,12 +157,12 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
 
 std::optional<FilePath> ScreenDesktop::AskForFileToOpen(const FileDialog& dialog) {
     const NormalPointer whileAsking(hourglass_);
-    return RunFileDialog(dialog, QFileDialog::AcceptOpen, Front());
+    return RunFileDialog(dialog, QFileDialog::AcceptOpen, window_.VersionFolder(), Front());
 }
 
 std::optional<FilePath> ScreenDesktop::AskForFileToSave(const FileDialog& dialog) {
     const NormalPointer whileAsking(hourglass_);
-    return RunFileDialog(dialog, QFileDialog::AcceptSave, Front());
+    return RunFileDialog(dialog, QFileDialog::AcceptSave, window_.VersionFolder(), Front());
 }
 
 bool ScreenDesktop::AskToReplace(const FilePath& file) {
@@ -172,6 +172,10 @@ bool ScreenDesktop::AskToReplace(const FilePath& file) {
 
 Text ScreenDesktop::BeforeReplacing(const FilePath& file) {
     return window_.KeepReplacedFile(file);
+}
+
+Text ScreenDesktop::BeforeOverwriting(const FilePath& file) {
+    return window_.KeepOverwrittenFile(file);
 }
 
 void ScreenDesktop::SetStatus(TextView text) {

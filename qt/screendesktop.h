@@ -24,6 +24,7 @@ class ScreenDesktop : public Desktop, public Windows {
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
     bool AskToReplace(const FilePath& file) override;
     Text BeforeReplacing(const FilePath& file) override;
+    Text BeforeOverwriting(const FilePath& file) override;
 
     void SetStatus(TextView text) override;
     void Beep() override;

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -36,6 +37,7 @@ VersionsWindow::VersionsWindow(QWidget* parent)
     layout->addLayout(MakeTable(), 0, 0);
     layout->addLayout(MakeNames(), 0, 1);
     layout->addLayout(MakeButtons(), 1, 0, 1, 2);
+    MakeKeys();
     layout->setColumnStretch(0, 3);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(0, 1);
@@ -98,6 +100,20 @@ QLayout* VersionsWindow::MakeButtons() {
         add("btnRemove", QStringLiteral("&Entfernen"), &VersionsWindow::removeClicked)};
     add("btnClose", QStringLiteral("S&chließen"), &VersionsWindow::closed)->setDefault(true);
     return line;
+}
+
+void VersionsWindow::MakeKeys() {
+    QPushButton* load = ofChosen_.front();
+    QPushButton* remove = ofChosen_.back();
+    const auto bind = [this](Qt::Key key, QPushButton* button) {
+        auto* shortcut =
+            new QShortcut(key, ListVersions_, button, &QPushButton::click, Qt::WidgetShortcut);
+        shortcut->setAutoRepeat(false);  // a key held down removes one version, not all
+    };
+    bind(Qt::Key_Return, load);
+    bind(Qt::Key_Enter, load);
+    bind(Qt::Key_Delete, remove);
+    connect(ListVersions_, &QTableWidget::cellDoubleClicked, load, &QPushButton::click);
 }
 
 void VersionsWindow::DrawRows(const std::vector<VersionRow>& rows) {

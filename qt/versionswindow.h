@@ -36,6 +36,7 @@ class VersionsWindow : public QDialog {
     QLayout* MakeTable();
     QLayout* MakeNames();
     QLayout* MakeButtons();
+    void MakeKeys();
     void DrawRows(const std::vector<VersionRow>& rows);
 
     QTableWidget* ListVersions_ = nullptr;

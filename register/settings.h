@@ -2,6 +2,7 @@
 // from it.
 #pragma once
 
+#include "base/outputfile.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/windows1252.h"
@@ -102,6 +103,7 @@ void ApplySettings(Settings& settings);
 
 /// Writes the whole table to "norvik.ini" in the program's folder, replacing the old file only when
 /// the new one is complete. Raises error 5 for a value outside Windows-1252.
-void WriteSettingsFile(const FilePath& folder, const SettingsTable& table);
+void WriteSettingsFile(const FilePath& folder, const SettingsTable& table,
+                       OverwritingHook beforeOverwriting = {});
 
 }  // namespace norvik

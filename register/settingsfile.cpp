@@ -3,6 +3,8 @@
 #include "base/files.h"
 #include "base/outputfile.h"
 
+#include <utility>
+
 namespace norvik {
 
 namespace {
@@ -18,8 +20,11 @@ void ReadSettingsFile(const FilePath& folder, SettingsTable& table) {
     ReadSettings(ReadWholeFile(SettingsPath(folder)), table);
 }
 
-void WriteSettingsFile(const FilePath& folder, const SettingsTable& table) {
-    ReplaceFile(SettingsPath(folder), BytesFromText(SettingsText(table)));
+void WriteSettingsFile(const FilePath& folder, const SettingsTable& table,
+                       OverwritingHook beforeOverwriting) {
+    OutputTarget target(SettingsPath(folder));
+    target.BeforeOverwriting = std::move(beforeOverwriting);
+    ReplaceFile(std::move(target), BytesFromText(SettingsText(table)));
 }
 
 }  // namespace norvik

@@ -6,6 +6,8 @@
 #include "base/runtimeerror.h"
 #include "base/windows1252.h"
 
+#include <utility>
+
 namespace norvik {
 
 namespace {
@@ -52,12 +54,15 @@ std::vector<Text> ReadToneNames(const FilePath& folder) {
     }
 }
 
-void WriteToneNames(const FilePath& folder, const std::vector<Text>& names) {
+void WriteToneNames(const FilePath& folder, const std::vector<Text>& names,
+                    OverwritingHook beforeOverwriting) {
     Text file;
     for (std::size_t item = 1; item < names.size(); ++item) {
         file.append(names[item]).append(LineEnd);
     }
-    ReplaceFile(FindIgnoringCase(folder, FilePath(ToneNamesFileName)), BytesFromText(file));
+    OutputTarget target(FindIgnoringCase(folder, FilePath(ToneNamesFileName)));
+    target.BeforeOverwriting = std::move(beforeOverwriting);
+    ReplaceFile(std::move(target), BytesFromText(file));
 }
 
 }  // namespace norvik

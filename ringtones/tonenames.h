@@ -1,6 +1,7 @@
 // The names of the ring tones, as the main window's choice list shows them.
 #pragma once
 
+#include "base/outputfile.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/windows1252.h"
@@ -30,6 +31,7 @@ std::vector<Text> ReadToneNames(const FilePath& folder);
 
 /// Writes the names behind "kein", a line each, to "rt.lng" in the program's folder, replacing the
 /// old file only when the new one is complete.
-void WriteToneNames(const FilePath& folder, const std::vector<Text>& names);
+void WriteToneNames(const FilePath& folder, const std::vector<Text>& names,
+                    OverwritingHook beforeOverwriting = {});
 
 }  // namespace norvik

@@ -1,12 +1,13 @@
 #include "versions/versionstore.h"
 
+#include "base/outputfile.h"
+#include "base/platform.h"
 #include "base/runtimeerror.h"
 #include "versions/bytes.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <fstream>
 #include <limits>
 #include <system_error>
 
@@ -19,6 +20,8 @@ namespace fs = std::filesystem;
 /// "NORVIK" and what it is, then the number of the form.
 constexpr std::array<Byte, 8> Magic = {'N', 'O', 'R', 'V', 'I', 'K', 'S', 'T'};
 constexpr std::int64_t Form = 1;
+/// Behind the name of a file that is being written.
+constexpr std::string_view UnfinishedEnding = ".neu";
 constexpr int FlagSize = 1;
 constexpr int TimeSize = 8;
 constexpr int HashSize = 8;
@@ -89,18 +92,20 @@ std::uintmax_t SizeOfFile(const FilePath& file) {
     return error ? 0 : size;
 }
 
-/// Removes the other versions of the same content.
-void RemoveEqual(const FilePath& folder, const Version& version, const FilePath& kept) {
+/// The versions of the same content.
+std::vector<FilePath> EqualTo(const Version& version, const FilePath& folder) {
     const std::string ending = "-" + Hexadecimal(ContentHash(version)) + std::string(VersionEnding);
+    std::vector<FilePath> equal;
     for (const FilePath& file : KeptFiles(folder)) {
-        if (file == kept || !file.filename().string().ends_with(ending)) {
+        if (!file.filename().string().ends_with(ending)) {
             continue;
         }
         const std::optional<Version> other = ReadVersion(file);
         if (other && other->IsRegister == version.IsRegister && other->Content == version.Content) {
-            Remove(file);
+            equal.push_back(file);
         }
     }
+    return equal;
 }
 
 /// Removes the oldest until the rest is within the limits; the newest always stays.
@@ -119,6 +124,22 @@ void RemoveOldest(const FilePath& folder) {
         --count;
         Remove(file);
     }
+}
+
+/// Makes the file, for the user alone.
+std::error_code WriteNewFile(const FilePath& path, ByteView bytes, Flush flush) {
+    std::error_code error;
+    const platform::NewFile file = platform::CreateBeside(path, {}, error);
+    if (error) {
+        return error;
+    }
+    platform::Write(file.File, bytes, error);
+    if (!error && flush == Flush::Now) {
+        platform::Synchronise(file.File, error);
+    }
+    std::error_code notClosed;
+    platform::Close(file.File, notClosed);
+    return error ? error : notClosed;
 }
 
 ByteView BytesOf(const std::u8string& utf8) {
@@ -189,41 +210,57 @@ std::optional<Version> DecodeVersion(ByteView bytes) {
     return taker.IsDone() ? std::optional(std::move(version)) : std::nullopt;
 }
 
-bool WriteKeptFile(const FilePath& file, ByteView bytes) {
-    FilePath beside = file;
-    beside += ".neu";
+bool IsInFolder(const FilePath& path, const FilePath& folder) {
     std::error_code error;
-    {
-        std::ofstream stream(beside, std::ios::binary | std::ios::trunc);
-        fs::permissions(beside, fs::perms::owner_read | fs::perms::owner_write, error);
-        stream.write(reinterpret_cast<const char*>(bytes.data()),
-                     static_cast<std::streamsize>(bytes.size()));
-        stream.close();
-        if (!stream) {
-            Remove(beside);
-            return false;
-        }
+    const FilePath whole = folder.empty() ? folder : fs::weakly_canonical(folder, error);
+    const FilePath asked = error ? path : fs::weakly_canonical(path, error);
+    return !whole.empty() && !error &&
+           std::mismatch(whole.begin(), whole.end(), asked.begin(), asked.end()).first ==
+               whole.end();
+}
+
+bool WriteKeptFile(const FilePath& file, ByteView bytes, Flush flush) {
+    FilePath beside = file;
+    beside += UnfinishedEnding;
+    Remove(beside);  // of a process that died in the midst of it
+    std::error_code error = WriteNewFile(beside, bytes, flush);
+    if (!error) {
+        fs::rename(beside, file, error);
     }
-    fs::rename(beside, file, error);
     if (error) {
         Remove(beside);
         return false;
     }
-    return true;
+    if (flush == Flush::Now) {
+        platform::SynchroniseFolder(file.parent_path(), error);
+    }
+    return !error;
 }
 
-bool KeepVersion(const FilePath& folder, const Version& version) {
+bool KeepVersion(const FilePath& folder, const Version& version, Flush flush) {
     try {
         const FilePath file = folder / NameOf(version);
-        if (!PrepareVersionFolder(folder) || !WriteKeptFile(file, EncodeVersion(version))) {
+        if (!PrepareVersionFolder(folder)) {
             return false;
         }
-        RemoveEqual(folder, version, file);
+        if (!WriteKeptFile(file, EncodeVersion(version), flush)) {
+            return !EqualTo(version, folder).empty();
+        }
+        for (const FilePath& equal : EqualTo(version, folder)) {
+            if (equal != file) {
+                Remove(equal);
+            }
+        }
         RemoveOldest(folder);
         return true;
     } catch (const std::exception&) {  // no memory, or a name that no path can hold
         return false;
     }
+}
+
+void RemoveUnfinishedVersions(const FilePath& folder) {
+    RemoveAbandoned(folder,
+                    [](const FilePath& name) { return name.extension() == UnfinishedEnding; });
 }
 
 std::vector<Version> ListVersions(const FilePath& folder) {

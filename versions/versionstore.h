@@ -33,6 +33,9 @@ struct Version {
     Bytes Content = {};
 };
 
+/// When a version is on the disk: before the call returns, or when the system likes to.
+enum class Flush { Now, Later };
+
 /// The endings of the files of a store.
 inline constexpr std::string_view VersionEnding = ".stand";
 
@@ -44,9 +47,16 @@ inline constexpr std::uintmax_t MostVersionBytes = std::uintmax_t{50} * 1024 * 1
 bool PrepareVersionFolder(const FilePath& folder);
 
 /// Keeps a version (File does not matter) under a name made of its time and content; one of equal
-/// content goes, and so do the oldest beyond the limits. Does not wait for the disk. Gives false
-/// when it could not be kept; the folder then is as it was.
-bool KeepVersion(const FilePath& folder, const Version& version);
+/// content goes, and so do the oldest beyond the limits. Gives false when it could not be kept;
+/// the folder then is as it was.
+bool KeepVersion(const FilePath& folder, const Version& version, Flush flush = Flush::Later);
+
+/// Whether the path is that of the folder or of something in it, links followed. Without a folder
+/// nothing is.
+bool IsInFolder(const FilePath& path, const FilePath& folder);
+
+/// Removes what processes left in the folder that died while they kept something.
+void RemoveUnfinishedVersions(const FilePath& folder);
 
 /// The whole versions of the folder, the newest first, without their contents.
 std::vector<Version> ListVersions(const FilePath& folder);
@@ -58,8 +68,8 @@ std::optional<Version> ReadVersion(const FilePath& file);
 Bytes EncodeVersion(const Version& version);
 std::optional<Version> DecodeVersion(ByteView bytes);
 
-/// Puts `bytes` into the file, whole or not at all, without waiting for the disk; the user alone
-/// may read it. Gives whether that worked.
-bool WriteKeptFile(const FilePath& file, ByteView bytes);
+/// Puts `bytes` into the file, whole or not at all; the user alone may read it. Gives whether that
+/// worked.
+bool WriteKeptFile(const FilePath& file, ByteView bytes, Flush flush = Flush::Later);
 
 }  // namespace norvik

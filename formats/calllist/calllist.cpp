@@ -136,16 +136,17 @@ FilePath CallListOutput(const FilePath& file) {
     return output;
 }
 
-bool ConvertCallList(const FilePath& file, Desktop& desktop) {
+std::optional<Text> ConvertCallList(const FilePath& file, Desktop& desktop) {
     const FilePath outputPath = CallListOutput(file);
     const Bytes bytes = ReadWholeFile(file);
     EnsureNotItself(file, outputPath);
     if (IsFile(outputPath) && !desktop.AskToReplace(outputPath)) {
-        return false;
+        return std::nullopt;
     }
-    WriteCallList(bytes, outputPath, desktop);
+    Text remark;
+    WriteCallList(bytes, TargetOf(outputPath, desktop, remark), desktop);
     ReportCallList(outputPath, desktop);
-    return true;
+    return remark;
 }
 
 CallListExtent ExtentOf(ByteView calls) {
@@ -201,8 +202,8 @@ void mnuDateiConvCallListCSV(Desktop& desktop) {
     }
     const FilePath file = WithEnding(*chosen, calllist::Ending);
     try {
-        if (ConvertCallList(file, desktop)) {
-            ShowSaved(CallListOutput(file), desktop);
+        if (const std::optional<Text> remark = ConvertCallList(file, desktop)) {
+            ShowSaved(CallListOutput(file), desktop, *remark);
         }
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiConvCallListCSV", error, desktop);

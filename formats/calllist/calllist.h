@@ -24,11 +24,12 @@ FilePath CallListOutput(const FilePath& file);
 void EnsureNotItself(const FilePath& file, const FilePath& output);
 
 /// Writes a line for each call of `file` into CallListOutput(file), asking for the MSN of each, and
-/// tells where they are. Asks before it replaces a file; gives false, with nothing done, when the
-/// user does not want that. Raises what reading and writing raise, error 55 when the output would
-/// be the input itself, and error 6 for a call number of 2^63 and more. Throws HardStop for a date
-/// or number with a wrong tag; the output is then as it was.
-bool ConvertCallList(const FilePath& file, Desktop& desktop);
+/// tells where they are. Asks before it replaces a file; gives nothing, with nothing done, when the
+/// user does not want that, else what the status is to say behind the path. Raises what reading and
+/// writing raise, error 55 when the output would be the input itself, and error 6 for a call number
+/// of 2^63 and more. Throws HardStop for a date or number with a wrong tag; the output is then as
+/// it was.
+std::optional<Text> ConvertCallList(const FilePath& file, Desktop& desktop);
 
 /// How far a list that has been read is one.
 struct CallListExtent {

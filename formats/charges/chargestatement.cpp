@@ -55,8 +55,11 @@ void mnuGebAuszug(const RegisterState& state, const Settings& settings, Desktop&
     }
     desktop.SetStatus(u"Gebührenauszug wird erstellt...");
     const FilePath path = WithEnding(*chosen, chargestatement::Ending);
-    SaveOrSay([&] { WriteChargeStatement(state, settings.UnitPrice, path); }, desktop);
-    desktop.SetStatus(u"Gebührenauszug erstellt.");
+    Text remark;
+    SaveOrSay(
+        [&] { WriteChargeStatement(state, settings.UnitPrice, TargetOf(path, desktop, remark)); },
+        desktop);
+    desktop.SetStatus(u"Gebührenauszug erstellt." + remark);
     desktop.ShowEntry();
 }
 

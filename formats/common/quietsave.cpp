@@ -1,11 +1,28 @@
 #include "formats/common/quietsave.h"
 
+#include <utility>
+
 namespace norvik {
 
-SaveResult TrySave(const FilePath& path, const std::function<void()>& write, Desktop& desktop) {
+OverwritingHook TellDesktop(Desktop& desktop, Text& remark) {
+    return [&desktop, &remark](const FilePath& file) {
+        if (Text said = desktop.BeforeOverwriting(file); !said.empty()) {
+            remark = std::move(said);
+        }
+    };
+}
+
+OutputTarget TargetOf(const FilePath& path, Desktop& desktop, Text& remark) {
+    OutputTarget target(path);
+    target.BeforeOverwriting = TellDesktop(desktop, remark);
+    return target;
+}
+
+SaveResult TrySave(const FilePath& path, const std::function<void(const OutputTarget&)>& write,
+                   Desktop& desktop) {
     SaveResult result = {.Path = path, .Remark = desktop.BeforeReplacing(path)};
     try {
-        write();
+        write(TargetOf(path, desktop, result.Remark));
     } catch (const RuntimeError& error) {
         desktop.SetPointer(Pointer::Normal);
         result.Failure = error;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/desktop.h"
+#include "base/outputfile.h"
 #include "base/runtimeerror.h"
 #include "register/register.h"
 
@@ -17,9 +18,17 @@ struct SaveResult {
     std::optional<RuntimeError> Failure = {};
 };
 
-/// Tells the desktop that the file at `path` is to be replaced, runs `write` and gives the run-time
-/// error that ended it early, if any. The pointer is normal then.
-SaveResult TrySave(const FilePath& path, const std::function<void()>& write, Desktop& desktop);
+/// Tells the desktop of a file that is overwritten where it stands. What the status is to say of it
+/// goes into `remark`, which lives as long as the hook.
+OverwritingHook TellDesktop(Desktop& desktop, Text& remark);
+
+/// The file at `path` with that hook.
+OutputTarget TargetOf(const FilePath& path, Desktop& desktop, Text& remark);
+
+/// Tells the desktop that the file at `path` is to be replaced, runs `write` with it and gives the
+/// run-time error that ended it early, if any. The pointer is normal then.
+SaveResult TrySave(const FilePath& path, const std::function<void(const OutputTarget&)>& write,
+                   Desktop& desktop);
 
 /// Says in the status line that nothing was saved, and why: the error's description and, in
 /// brackets, what in particular is at fault.

@@ -54,7 +54,7 @@ void mnuDateiSaveCSV(RegisterState& state, Desktop& desktop) {
     const FilePath path = WithEnding(*chosen, csvformat::Ending);
     SaveResult result = {.Path = path, .Remark = desktop.BeforeReplacing(path)};
     try {
-        SaveCSV(state, path, desktop);
+        SaveCSV(state, TargetOf(path, desktop, result.Remark), desktop);
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiSaveCSV", error, desktop);
         result.Failure = error;

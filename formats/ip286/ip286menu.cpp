@@ -44,15 +44,16 @@ void mnuDateiSaveIP286(RegisterState& state, Desktop& desktop) {
     }
     const Text exclusions = AskForExclusions(desktop);
     const FilePath path = WithEnding(*chosen, ip286::Ending);
+    Text remark;
     try {
-        ExportIP286(state, path, exclusions, desktop);
+        ExportIP286(state, TargetOf(path, desktop, remark), exclusions, desktop);
     } catch (const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiSaveIP286", error, desktop);
         ShowNotSaved(error, desktop);
         return;
     }
     desktop.ShowEntry();
-    ShowSaved(path, desktop);
+    ShowSaved(path, desktop, remark);
 }
 
 }  // namespace norvik

@@ -109,10 +109,13 @@ void ExportMobile(const RegisterState& state, const MobileExportOptions& options
     }
     desktop.SetStatus(u"Exportiere Telefonbuch in Textdatei...");
     bool complete = false;
-    SaveOrSay([&] { complete = WriteEntries(state, options, settings, target, desktop); }, desktop);
-    desktop.SetStatus(u"Telefonbuch exportiert");
+    Text remark;
+    OutputTarget told = target;
+    told.BeforeOverwriting = TellDesktop(desktop, remark);
+    SaveOrSay([&] { complete = WriteEntries(state, options, settings, told, desktop); }, desktop);
+    desktop.SetStatus(u"Telefonbuch exportiert" + remark);
     if (!complete) {
-        desktop.SetStatus(u"Telefonbuchexport durch Benutzer abgebrochen.");
+        desktop.SetStatus(u"Telefonbuchexport durch Benutzer abgebrochen." + remark);
     }
 }
 

@@ -40,7 +40,8 @@ void mnuDateiSave175(RegisterState& state, Desktop& desktop) {
     }
     const FilePath path = WithEnding(*chosen, phonebookfile::Ending);
     const SaveResult result = TrySave(
-        path, [&] { WritePhonebookFile(state, path, desktop); }, desktop);
+        path, [&](const OutputTarget& target) { WritePhonebookFile(state, target, desktop); },
+        desktop);
     ShowFirstEntry(state, desktop);
     EndSave(state, result, desktop);
 }

@@ -54,7 +54,8 @@ void mnuDateiSaveNV(RegisterState& state, Desktop& desktop) {
     }
     const FilePath path = WithEnding(*chosen, registerfile::Ending);
     const SaveResult result = TrySave(
-        path, [&] { WriteRegisterFile195(state, path, desktop); }, desktop);
+        path, [&](const OutputTarget& target) { WriteRegisterFile195(state, target, desktop); },
+        desktop);
     RefreshStatus(state, desktop);
     EndSave(state, result, desktop);
 }
@@ -84,7 +85,11 @@ void MNUDateiSave193(RegisterState& state, Desktop& desktop) {
     const bool onlyMarked = AskForReduction(state, desktop);
     bool wanted = true;
     const SaveResult result = TrySave(
-        path, [&] { wanted = WriteRegisterFile193(state, path, onlyMarked, desktop); }, desktop);
+        path,
+        [&](const OutputTarget& target) {
+            wanted = WriteRegisterFile193(state, target, onlyMarked, desktop);
+        },
+        desktop);
     ShowFirstEntry(state, desktop);
     if (wanted) {
         EndSave(state, result, desktop);

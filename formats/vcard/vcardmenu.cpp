@@ -29,7 +29,7 @@ void mnuDateiSaveVCard(RegisterState& state, const Settings& settings, Desktop& 
     }
     const FilePath path = WithEnding(*chosen, vcard::Ending);
     const SaveResult result = TrySave(
-        path, [&] { WriteVCard(state, path, settings); }, desktop);
+        path, [&](const OutputTarget& target) { WriteVCard(state, target, settings); }, desktop);
     if (result.Failure) {
         ReportUndefinedError(u"mnuDateiSaveVCard", *result.Failure, desktop);
         ShowNotSaved(*result.Failure, desktop);

@@ -3,6 +3,7 @@
 #include "base/outputfile.h"
 
 #include "tests/support/processlimits.h"
+#include "tests/support/smalldisk.h"
 #include "tests/support/testfolder.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,6 @@
 #include <functional>
 #include <string>
 
-#include <sys/mount.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/user.h>
@@ -261,28 +261,6 @@ TEST(OutputFileFaults, AProcessThatEndsAtAnyCallLeavesAWholeFile) {
 }
 
 #endif
-
-/// A disk of a few pages, which is taken away with the object.
-class SmallDisk {
-  public:
-    explicit SmallDisk(FilePath path) : path_(std::move(path)) {
-        mounted_ = mount("none", path_.c_str(), "tmpfs", 0, "size=64k") == 0;
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-    SmallDisk(SmallDisk&&) = delete;
-    SmallDisk& operator=(SmallDisk&&) = delete;
-    ~SmallDisk() {
-        if (mounted_) {
-            umount(path_.c_str());
-        }
-    }
-    [[nodiscard]] bool IsMounted() const { return mounted_; }
-
-  private:
-    FilePath path_;
-    bool mounted_ = false;
-};
 
 TEST(OutputFileFaults, AFullDiskLeavesTheOldFile) {
     const TestFolder folder;

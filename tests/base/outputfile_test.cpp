@@ -376,7 +376,7 @@ TEST(ReplaceFile, MakesAMissingFolder) {
 TEST(ReplaceFile, ANameWithoutAFolderIsOneInTheWorkingFolder) {
     const TestFolder folder;
     const WorkingFolder working(folder.Path());
-    ReplaceFile("a.ini", Raw("'x'"));
+    ReplaceFile(FilePath("a.ini"), Raw("'x'"));
     EXPECT_EQ(ReadFile(folder / "a.ini"), Raw("'x'"));
 }
 

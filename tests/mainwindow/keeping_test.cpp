@@ -1,14 +1,8 @@
 #include "mainwindow/keeping.h"
 
 #include "base/runtimeerror.h"
-#include "formats/registerfile/registerfilemenu.h"
 #include "mainwindow/startup.h"
-#include "mainwindow/undo.h"
-#include "tests/support/handlerfixture.h"
-#include "tests/support/testfolder.h"
-#include "versions/keptregister.h"
-
-#include <gmock/gmock.h>
+#include "tests/mainwindow/keepingfixture.h"
 
 namespace norvik::test {
 namespace {
@@ -17,76 +11,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 namespace fs = std::filesystem;
-
-class KeepingTest : public HandlerFixture {
-  protected:
-    KeepingTest() {
-        program.Keep.Folder = Store();
-        desktop.OnBeforeReplacing = [this](const FilePath& path) {
-            return KeepReplaced(program, path);
-        };
-    }
-
-    [[nodiscard]] FilePath Store() const { return folder / "staende"; }
-
-    void Start(RegisterState state, int position = 1) {
-        Given(std::move(state), position);
-        StartHistory(program.Past, program.State);
-        desktop.Transcript.clear();
-    }
-
-    /// Runs an operation as the window does.
-    void Do(const std::function<void()>& operation) {
-        RunStep(program, u"Änderung", operation, desktop);
-    }
-    void Erase() {
-        Do([&] { btnErase_Click(program, desktop); });
-    }
-    void Save195(const FilePath& path) {
-        desktop.AnswerFile(path);
-        Do([&] { mnuDateiSaveNV(program.State, desktop); });
-    }
-    void Save193(const FilePath& path, Button onlyMarked) {
-        desktop.AnswerFile(path).AnswerBox(onlyMarked);
-        Do([&] { MNUDateiSave193(program.State, desktop); });
-    }
-    void Load(const FilePath& path) {
-        desktop.AnswerFile(path);
-        Do([&] { mnuDateiLoadNV(program.State, desktop); });
-    }
-
-    /// "why: names" of every version, the newest first; the bytes of a file count as its length.
-    [[nodiscard]] std::vector<std::string> Kept() const {
-        std::vector<std::string> kept;
-        for (const Version& version : ListVersions(Store())) {
-            const Version whole = ReadVersion(version.File).value();
-            std::string line = Utf8(DescriptionOf(whole.Why)) + ":";
-            if (whole.IsRegister) {
-                const RegisterState state = DecodeRegister(whole.Content).value();
-                for (const Text& name : Names(state)) {
-                    line += " " + Utf8(name);
-                }
-            } else {
-                line += " " + std::to_string(whole.Content.size()) + " bytes of " +
-                        whole.Original.filename().string();
-            }
-            kept.push_back(line);
-        }
-        return kept;
-    }
-    /// How many files of processes stand.
-    [[nodiscard]] std::ptrdiff_t Sessions() const {
-        if (!fs::exists(Store())) {
-            return 0;
-        }
-        const auto files = FilesIn(Store());
-        return std::count_if(files.begin(), files.end(), [](const std::string& name) {
-            return name.starts_with("sitzung-") && name.ends_with(".stand");
-        });
-    }
-
-    TestFolder folder;
-};
 
 TEST_F(KeepingTest, WhereItLies) {
     EXPECT_EQ(VersionFolder("/usb/norvik", "/usb/norvik", "/home/a/.local/state"),
@@ -252,22 +176,6 @@ TEST_F(KeepingTest, TheNextStartTellsOfASignal) {
                               u"steht unter Datei, Frühere Stände.");
 }
 
-TEST_F(KeepingTest, TheEndOfTheSessionAsksWhereItMay) {
-    Start(RegisterOfNames({u"Anna", u"Bert"}));
-    EXPECT_TRUE(EndSession(program, true, desktop));
-    Erase();
-    desktop.Transcript.clear();
-    EXPECT_TRUE(EndSession(program, false, desktop));
-    EXPECT_THAT(desktop.Transcript, IsEmpty());
-    EXPECT_THAT(Kept(), ElementsAre("beim Beenden nicht gesichert: Bert"));
-    desktop.AnswerBox(Button::Cancel);
-    EXPECT_FALSE(EndSession(program, true, desktop));
-    desktop.AnswerBox(Button::Ok);
-    EXPECT_TRUE(EndSession(program, true, desktop));
-    EXPECT_THAT(desktop.Questions(), SizeIs(2));
-    EXPECT_THAT(Kept(), SizeIs(1));
-}
-
 TEST_F(KeepingTest, ASaveKeepsTheBytesThatItReplaces) {
     Start(RegisterOfNames({u"Anna"}));
     Save195(folder.Write("a.t9t", "alt"));
@@ -318,22 +226,6 @@ TEST_F(KeepingTest, ALoadedFileThatChangedIsNoticed) {
     EXPECT_EQ(desktop.Statuses().back(),
               "Gespeichert: " + path.string() +
                   " (inzwischen geändert; der andere Stand ist aufgehoben)");
-}
-
-TEST_F(KeepingTest, AFolderThatCannotBeMadeStopsNothing) {
-    folder.Write("staende", "eine Datei");
-    Start(RegisterOfNames({u"Anna", u"Bert", u"Carl"}));
-    EXPECT_EQ(StartKeeping(program), 0);
-    Erase();
-    Save195(folder.Write("a.t9t", "alt"));
-    EXPECT_EQ(desktop.Statuses().back(), "Gespeichert: " + (folder / "a.t9t").string() +
-                                             " (der frühere Stand konnte nicht aufgehoben werden)");
-    Erase();
-    Load(folder / "a.t9t");
-    EndKeepingEarly(program, Ending::Signal);
-    for (const std::string& line : desktop.Transcript) {
-        EXPECT_FALSE(line.starts_with("box")) << line;
-    }
 }
 
 TEST_F(KeepingTest, WithoutAFolderNothingIsKept) {

@@ -1,5 +1,6 @@
 #include "mainwindow/keeping.h"
 #include "tests/qt/windowfixture.h"
+#include "tests/support/scriptedsession.h"
 #include "versions/keptregister.h"
 
 #include <QTableWidget>
@@ -11,6 +12,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
+
+const std::string QuitQuestion =
+    "box \"Beenden ohne zu sichern?\" title \"Sicherheitsabfrage\" icon Question buttons "
+    "OK+Abbrechen default Abbrechen";
 
 class WindowVersions : public WindowTest {
   protected:
@@ -40,6 +45,11 @@ class WindowVersions : public WindowTest {
         return reasons;
     }
     std::vector<std::string> NamesShown() const { return RowsOf(*Find<QListView>("ListNames")); }
+    /// What the toolkit does when the session manager tells the program to go.
+    void Quit() const {
+        QEvent quit(QEvent::Quit);
+        Window->eventFilter(qApp, &quit);
+    }
     std::string MenuItem() const {
         return WithoutMnemonic(Find<QAction>("mnuDateiVersions")->text()).toStdString();
     }
@@ -73,6 +83,46 @@ TEST_F(WindowVersions, ShowsTheVersionsAndTheNamesOfTheChosenOne) {
     EXPECT_THAT(ShownNames(), ElementsAre("Anna", "Bernd"));
     Click("btnClose");
     EXPECT_EQ(Versions(), nullptr);
+}
+
+TEST_F(WindowVersions, TheKeyboardAloneWillDo) {
+    for (int i = 0; i < 2; ++i) {
+        Click("btnErase");
+        Dialogs.ChooseFile(PathIn("register.t9t"));
+        Trigger("mnuDateiLoadNV");
+        Folder.Write("register.t9t",
+                     RegisterFile({{.name = "Carl", .tel = "3"}, {.name = "Dora", .tel = "4"}}));
+    }
+    Dialogs.ChooseFile(PathIn("register.t9t"));
+    Trigger("mnuDateiLoadNV");
+    Trigger("mnuDateiVersions");
+    ASSERT_EQ(Table()->rowCount(), 2);
+    EXPECT_THAT(TabOrder(*Versions()), ElementsAre("ListVersions", "ListNames", "btnLoad",
+                                                   "btnSaveAs", "btnRemove", "btnClose"));
+    const std::vector<std::string> newest = NamesShown();
+    QTest::keyClick(Table(), Qt::Key_Down);
+    const std::vector<std::string> older = NamesShown();
+    EXPECT_NE(older, newest);
+    QTest::keyClick(Table(), Qt::Key_Return);
+    EXPECT_EQ(ShownNames(), older);
+    QTest::keyClick(Table(), Qt::Key_Delete);
+    ASSERT_EQ(Table()->rowCount(), 1);
+    EXPECT_EQ(NamesShown(), newest);
+    QTest::keyClick(Table(), Qt::Key_Enter);
+    EXPECT_EQ(ShownNames(), newest);
+    QTest::keyClick(Table(), Qt::Key_Escape);
+    EXPECT_EQ(Versions(), nullptr);
+}
+
+TEST_F(WindowVersions, ADoubleClickLoads) {
+    Click("btnErase");
+    Dialogs.ChooseFile(PathIn("register.t9t"));
+    Trigger("mnuDateiLoadNV");
+    Trigger("mnuDateiVersions");
+    const QPoint place = Table()->visualItemRect(Table()->item(0, 0)).center();
+    QTest::mouseClick(Table()->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(Table()->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_THAT(ShownNames(), ElementsAre("Bernd"));
 }
 
 TEST_F(WindowVersions, WithoutAVersionOnlyClosingIsPossible) {
@@ -122,22 +172,56 @@ TEST_F(WindowVersions, ClosingKeepsWhatIsNotSaved) {
 }
 
 TEST_F(WindowVersions, TheEndOfTheSessionAsksAndThenClosesWithoutAnotherQuestion) {
+    ScriptedSession session;
     Click("btnErase");
     Dialogs.Click(QMessageBox::Cancel);
-    EXPECT_FALSE(Window->MayEndSession(true));
+    EXPECT_FALSE(Window->MayEndSession(session));
     Dialogs.Click(QMessageBox::Ok);
-    EXPECT_TRUE(Window->MayEndSession(true));
-    EXPECT_THAT(Dialogs.Transcript, SizeIs(2));
+    EXPECT_TRUE(Window->MayEndSession(session));
+    EXPECT_THAT(session.Transcript, ElementsAre("ask", "cancel", "ask", "release"));
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(QuitQuestion, QuitQuestion));
     EXPECT_THAT(KeptReasons(), ElementsAre("beim Beenden nicht gesichert"));
+    Quit();
     EXPECT_TRUE(Window->close());
     EXPECT_THAT(Dialogs.Transcript, SizeIs(2));
 }
 
 TEST_F(WindowVersions, WhereNothingMayBeAskedTheEndOfTheSessionKeepsAll) {
+    ScriptedSession session;
+    session.Allows = false;
     Click("btnErase");
-    EXPECT_TRUE(Window->MayEndSession(false));
+    EXPECT_TRUE(Window->MayEndSession(session));
+    EXPECT_THAT(session.Transcript, ElementsAre("ask"));
     EXPECT_THAT(KeptReasons(), ElementsAre("beim Beenden nicht gesichert"));
+    Quit();
     EXPECT_TRUE(Window->close());
+}
+
+TEST_F(WindowVersions, TheEndOfTheSessionAsksNothingInTheMidstOfAnOperation) {
+    ScriptedSession session;
+    Click("btnErase");
+    Dialogs
+        .Look([&](QDialog&) {
+            EXPECT_TRUE(Window->MayEndSession(session));
+            Quit();
+            EXPECT_FALSE(Window->close());
+        })
+        .Click(QMessageBox::No);
+    Trigger("mnuBearbeitenNullHinzu");
+    EXPECT_THAT(session.Transcript, IsEmpty());
+    EXPECT_THAT(KeptReasons(), ElementsAre("beim Beenden nicht gesichert"));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(Window->isVisible()) << "it closes when the operation has ended";
+}
+
+TEST_F(WindowVersions, TheUsersOwnClosingAsksWhenTheSessionDidNotEndAfterAll) {
+    ScriptedSession session;
+    Click("btnErase");
+    Dialogs.Click(QMessageBox::Ok);
+    EXPECT_TRUE(Window->MayEndSession(session));
+    Dialogs.Click(QMessageBox::Cancel);
+    EXPECT_FALSE(Window->close());
+    EXPECT_THAT(Dialogs.Transcript, ElementsAre(QuitQuestion, QuitQuestion));
 }
 
 TEST_F(WindowVersions, AHardStopKeepsTheRegisterAndTheNextStartTellsOfIt) {

@@ -272,6 +272,10 @@ Text ScriptedDesktop::BeforeReplacing(const FilePath& file) {
     return OnBeforeReplacing ? OnBeforeReplacing(file) : Text();
 }
 
+Text ScriptedDesktop::BeforeOverwriting(const FilePath& file) {
+    return OnBeforeOverwriting ? OnBeforeOverwriting(file) : Text();
+}
+
 int ScriptedDesktop::OpenDocument(const FilePath& document) {
     Transcript.push_back("document " + document.string() + " -> " + std::to_string(ShellResult));
     return ShellResult;

@@ -61,6 +61,7 @@ class ScriptedDesktop : public Desktop, public Windows {
     std::function<void(TextView)> OnStatus;
     /// What the status adds to the path of a file that is replaced; nothing by default.
     std::function<Text(const FilePath&)> OnBeforeReplacing;
+    std::function<Text(const FilePath&)> OnBeforeOverwriting;
 
     Button Ask(const MessageBox& box) override;
     std::optional<Text> AskForText(const InputBox& box) override;
@@ -68,6 +69,7 @@ class ScriptedDesktop : public Desktop, public Windows {
     std::optional<FilePath> AskForFileToSave(const FileDialog& dialog) override;
     bool AskToReplace(const FilePath& file) override;
     Text BeforeReplacing(const FilePath& file) override;
+    Text BeforeOverwriting(const FilePath& file) override;
     void SetStatus(TextView text) override;
     void Beep() override;
     void SetPointer(Pointer pointer) override;

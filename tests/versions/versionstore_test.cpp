@@ -165,5 +165,55 @@ TEST_F(VersionStore, TellsWhy) {
     EXPECT_EQ(DescriptionOf(VersionReason::Aborted), u"Programmabbruch");
 }
 
+TEST_F(VersionStore, AVersionThatGoesToTheDiskAtOnceIsLikeAnyOther) {
+    ASSERT_TRUE(KeepVersion(store, Of(1, "abc"), Flush::Now));
+    EXPECT_EQ(Times(), std::vector<std::int64_t>{1});
+    EXPECT_EQ(fs::status(ListVersions(store).front().File).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(VersionStore, WhatAProcessLeftThatDiedInTheMidstIsNoHindrance) {
+    ASSERT_TRUE(KeepVersion(store, Of(1, "abc")));
+    const FilePath file = ListVersions(store).front().File;
+    fs::rename(file, FilePath(file) += ".neu");
+    ASSERT_TRUE(KeepVersion(store, Of(1, "abc")));
+    EXPECT_EQ(Times(), std::vector<std::int64_t>{1});
+    EXPECT_EQ(FilesIn(store).size(), 1U);
+}
+
+TEST_F(VersionStore, RemovesWhatWasLeftUnfinishedLongAgo) {
+    ASSERT_TRUE(KeepVersion(store, Of(1, "abc")));
+    for (const char* const name : {"alt.stand.neu", "jung.stand.neu", "alt.txt"}) {
+        std::ofstream(store / name) << "x";
+        if (name[0] == 'a') {
+            fs::last_write_time(store / name,
+                                fs::file_time_type::clock::now() - std::chrono::hours(1));
+        }
+    }
+    RemoveUnfinishedVersions(store);
+    EXPECT_THAT(FilesIn(store),
+                testing::UnorderedElementsAre(ListVersions(store).front().File.filename().string(),
+                                              "alt.txt", "jung.stand.neu"));
+}
+
+TEST_F(VersionStore, KnowsWhatLiesInAFolder) {
+    ASSERT_TRUE(PrepareVersionFolder(store));
+    fs::create_directory_symlink(store, folder / "link");
+    for (const FilePath& inside :
+         {store, store / "", store / "a.stand", store / "fehlt" / "a", folder / "link",
+          folder / "link" / "a.stand", folder / "tief" / "." / "staende",
+          store / ".." / "staende" / "a"}) {
+        EXPECT_TRUE(IsInFolder(inside, store)) << inside;
+        EXPECT_TRUE(IsInFolder(inside, folder / "link")) << inside;
+    }
+    for (const FilePath& outside :
+         {folder.Path(), folder / "tief", folder / "tief" / "staende2", store / "..",
+          store / ".." / "a.t9t", FilePath("/"), FilePath("staende"), FilePath()}) {
+        EXPECT_FALSE(IsInFolder(outside, store)) << outside;
+    }
+    EXPECT_TRUE(IsInFolder(folder / "noch nicht" / "a", folder / "noch nicht"));
+    EXPECT_FALSE(IsInFolder(store / "a", FilePath()));
+}
+
 }  // namespace
 }  // namespace norvik::test

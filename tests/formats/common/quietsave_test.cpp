@@ -16,7 +16,7 @@ TEST(TrySave, RunsTheWriteOnce) {
     ScriptedDesktop desktop;
     int runs = 0;
     const SaveResult result = TrySave(
-        "/a.t9t", [&] { ++runs; }, desktop);
+        "/a.t9t", [&](const OutputTarget& /*target*/) { ++runs; }, desktop);
     EXPECT_FALSE(result.Failure.has_value());
     EXPECT_EQ(result.Path, "/a.t9t");
     EXPECT_EQ(result.Remark, u"");
@@ -26,9 +26,12 @@ TEST(TrySave, RunsTheWriteOnce) {
 
 TEST(TrySave, GivesTheErrorThatEndedTheWriteWithoutAMessage) {
     ScriptedDesktop desktop;
-    const auto error = TrySave(
-                           "/a.t9t", [] { throw RuntimeError(ErrorNumber::DiskFull); }, desktop)
-                           .Failure;
+    const auto error =
+        TrySave(
+            "/a.t9t",
+            [](const OutputTarget& /*target*/) { throw RuntimeError(ErrorNumber::DiskFull); },
+            desktop)
+            .Failure;
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->Number(), ErrorNumber::DiskFull);
     EXPECT_THAT(desktop.Questions(), IsEmpty());
@@ -38,7 +41,7 @@ TEST(TrySave, ThePointerIsNormalAfterAnError) {
     ScriptedDesktop desktop;
     TrySave(
         "/a.t9t",
-        [&] {
+        [&](const OutputTarget& /*target*/) {
             desktop.SetPointer(Pointer::Hourglass);
             throw RuntimeError(ErrorNumber::DeviceError);
         },
@@ -49,7 +52,7 @@ TEST(TrySave, ThePointerIsNormalAfterAnError) {
 TEST(TrySave, AHardStopIsNotHeld) {
     ScriptedDesktop desktop;
     EXPECT_THROW(TrySave(
-                     "/a.t9t", [] { throw HardStop(); }, desktop),
+                     "/a.t9t", [](const OutputTarget& /*target*/) { throw HardStop(); }, desktop),
                  HardStop);
 }
 
@@ -61,12 +64,30 @@ TEST(TrySave, TellsTheDesktopFirstAndTheStatusWhatThatSays) {
         return Text(u" (anders)");
     };
     RegisterState state;
-    EndSave(state,
-            TrySave(
-                "/a.t9t", [&] { order.emplace_back("writes"); }, desktop),
-            desktop);
-    EXPECT_THAT(order, ElementsAre("replaces /a.t9t", "writes"));
+    EndSave(
+        state,
+        TrySave(
+            "/a.t9t",
+            [&](const OutputTarget& target) { order.push_back("writes " + target.Path.string()); },
+            desktop),
+        desktop);
+    EXPECT_THAT(order, ElementsAre("replaces /a.t9t", "writes /a.t9t"));
     EXPECT_THAT(desktop.Transcript, ElementsAre("status \"Gespeichert: /a.t9t (anders)\""));
+}
+
+TEST(TrySave, TellsTheDesktopWhenTheFileIsOverwrittenWhereItStands) {
+    ScriptedDesktop desktop;
+    std::vector<std::string> order;
+    desktop.OnBeforeOverwriting = [&](const FilePath& path) {
+        order.push_back("overwrites " + path.string());
+        return Text(u" (nicht aufgehoben)");
+    };
+    const auto overwrite = [](const OutputTarget& target) { target.BeforeOverwriting("/b.t9t"); };
+    EXPECT_EQ(TrySave("/a.t9t", overwrite, desktop).Remark, u" (nicht aufgehoben)");
+    EXPECT_THAT(order, ElementsAre("overwrites /b.t9t"));
+    desktop.OnBeforeOverwriting = nullptr;
+    desktop.OnBeforeReplacing = [](const FilePath&) { return Text(u" (anders)"); };
+    EXPECT_EQ(TrySave("/a.t9t", overwrite, desktop).Remark, u" (anders)");
 }
 
 TEST(ShowNotSaved, SaysTheDescriptionInTheStatusLine) {
