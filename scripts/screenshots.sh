@@ -134,7 +134,7 @@ search_for() {
 
 main='^norvik Telefonregister - Datei: '
 cd "$program_folder"
-./norvik-telefonregister &
+./norvik-telefonregister --datei telefonbuch.t9t &  # the caption shows no path
 program=$!
 processes+=("$program")
 
@@ -202,3 +202,56 @@ xdotool type --delay 30 "$folder/register.csv"
 press Return
 await '^Speichern im CSV-Format$'
 picture csvfrage '^Speichern im CSV-Format$'
+press Return
+wait_until is_gone '^Speichern im CSV-Format$'
+await "$main"
+
+# The earlier versions: of a register with a new entry that a load drops, of a file that a save
+# replaces, and once more of the first kind, with two.
+load() {
+    press ctrl+o
+    await '^.*ffnen$'
+    xdotool type --delay 30 telefonbuch.t9t
+    press Return
+    await '^Fehlerpr'
+    press Return
+    await "$main"
+}
+press alt+e
+load
+press alt+e
+press alt+d s
+await '^Speichern unter$'
+xdotool type --delay 30 telefonbuch.t9t
+press Return
+await_still
+press alt+j
+await "$main"
+press alt+e alt+e
+load
+# The same days, the same place and another reason, whenever and wherever the script runs.
+python3 - staende/*.stand <<'VERSIONS'
+import calendar, os, struct, sys
+
+days = [(2026, 5, 2, 18, 12, 0), (2026, 5, 3, 9, 40, 0), (2026, 5, 4, 10, 31, 0)]
+reasons = [2, 1, 4]
+original = b"/home/anna/telefonbuch.t9t"
+files = sorted(sys.argv[1:], key=os.path.getmtime)
+for file, day, reason in zip(files, days, reasons):
+    with open(file, "rb") as stream:
+        version = stream.read()
+    (length,) = struct.unpack_from("<I", version, 19)
+    content = version[23 + length : -8]
+    when = calendar.timegm(day)
+    version = version[:9] + struct.pack("<Bq", reason, when) + version[18:19]
+    version += struct.pack("<I", len(original)) + original + content
+    check = 0xCBF29CE484222325
+    for byte in version:
+        check = (check ^ byte) * 0x100000001B3 % 2**64
+    with open(f"staende/{when:012}-{check:016x}.stand", "wb") as stream:
+        stream.write(version + struct.pack("<Q", check))
+    os.remove(file)
+VERSIONS
+press alt+d f
+await '^Fr.*here St'
+picture staende '^Fr.*here St'
