@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
 #include <QSortFilterProxyModel>
@@ -50,10 +51,7 @@ class PlainFileDialog : public QFileDialog {
 
     void accept() override {
         if (IsHidden()) {
-            QMessageBox::information(
-                this, windowTitle(),
-                QStringLiteral("In diesem Ordner hebt das Programm frühere Stände auf. Sie finden "
-                               "sie im Menü Datei unter „Frühere Stände...“."));
+            TellOfVersions();
         } else if (acceptMode() == AcceptOpen || MayReplace()) {
             QFileDialog::accept();
         }
@@ -64,7 +62,22 @@ class PlainFileDialog : public QFileDialog {
         const QStringList files = selectedFiles();
         return files.isEmpty() ? QString() : files.constFirst();
     }
-    bool IsHidden() const { return IsInFolder(ToFilePath(Chosen()), hidden_); }
+    /// The toolkit may lose a typed name that leads to where it sees nothing.
+    bool IsHidden() const {
+        const QString typed = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+        return IsInFolder(ToFilePath(Chosen()), hidden_) ||
+               (!typed.isEmpty() &&
+                IsInFolder(ToFilePath(directory().absoluteFilePath(typed)), hidden_));
+    }
+    void TellOfVersions() {
+        QMessageBox notice(QMessageBox::Information, windowTitle(),
+                           QStringLiteral("In diesem Ordner hebt das Programm frühere Stände auf. "
+                                          "Sie finden sie im Menü Datei unter „Frühere "
+                                          "Stände...“."),
+                           QMessageBox::Ok, this);
+        notice.setTextFormat(Qt::PlainText);
+        notice.exec();
+    }
     bool MayReplace() {
         const QFileInfo chosen(Chosen());
         const QFileInfo file(FromFilePath(WithEnding(ToFilePath(chosen.filePath()), ending_)));
@@ -126,9 +139,6 @@ class GermanDetails : public QSortFilterProxyModel {
 std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
                                       const FilePath& hidden, QWidget* parent) {
     PlainFileDialog fileDialog(dialog.ending, hidden, parent);
-    if (IsInFolder(ToFilePath(fileDialog.directory().path()), hidden)) {
-        fileDialog.setDirectory(FromFilePath(hidden.parent_path()));
-    }
     fileDialog.setAcceptMode(mode);
     fileDialog.setFileMode(QFileDialog::AnyFile);
     fileDialog.setNameFilters(NameFilters(dialog.filter));

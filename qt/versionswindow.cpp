@@ -7,10 +7,10 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -37,7 +37,9 @@ VersionsWindow::VersionsWindow(QWidget* parent)
     layout->addLayout(MakeTable(), 0, 0);
     layout->addLayout(MakeNames(), 0, 1);
     layout->addLayout(MakeButtons(), 1, 0, 1, 2);
-    MakeKeys();
+    ListVersions_->installEventFilter(this);
+    connect(ListVersions_, &QTableWidget::cellDoubleClicked, ofChosen_.front(),
+            &QPushButton::click);
     layout->setColumnStretch(0, 3);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(0, 1);
@@ -102,18 +104,21 @@ QLayout* VersionsWindow::MakeButtons() {
     return line;
 }
 
-void VersionsWindow::MakeKeys() {
-    QPushButton* load = ofChosen_.front();
-    QPushButton* remove = ofChosen_.back();
-    const auto bind = [this](Qt::Key key, QPushButton* button) {
-        auto* shortcut =
-            new QShortcut(key, ListVersions_, button, &QPushButton::click, Qt::WidgetShortcut);
-        shortcut->setAutoRepeat(false);  // a key held down removes one version, not all
-    };
-    bind(Qt::Key_Return, load);
-    bind(Qt::Key_Enter, load);
-    bind(Qt::Key_Delete, remove);
-    connect(ListVersions_, &QTableWidget::cellDoubleClicked, load, &QPushButton::click);
+bool VersionsWindow::eventFilter(QObject* object, QEvent* event) {
+    if (object == ListVersions_ && event->type() == QEvent::KeyPress) {
+        const auto* press = dynamic_cast<QKeyEvent*>(event);
+        const int key = press->key();
+        QPushButton* button = key == Qt::Key_Return || key == Qt::Key_Enter ? ofChosen_.front()
+                              : key == Qt::Key_Delete                       ? ofChosen_.back()
+                                                                            : nullptr;
+        if (button != nullptr) {
+            if (!press->isAutoRepeat()) {  // a key held down removes one version, not all
+                button->click();
+            }
+            return true;
+        }
+    }
+    return QDialog::eventFilter(object, event);
 }
 
 void VersionsWindow::DrawRows(const std::vector<VersionRow>& rows) {

@@ -25,6 +25,9 @@ class VersionsWindow : public QDialog {
     /// "Schließen", the Escape key and the window's own button.
     void reject() override;
 
+    /// Enter loads the chosen version, Del removes it.
+    bool eventFilter(QObject* object, QEvent* event) override;
+
   signals:
     void rowChosen(int row);
     void loadClicked();
@@ -36,7 +39,6 @@ class VersionsWindow : public QDialog {
     QLayout* MakeTable();
     QLayout* MakeNames();
     QLayout* MakeButtons();
-    void MakeKeys();
     void DrawRows(const std::vector<VersionRow>& rows);
 
     QTableWidget* ListVersions_ = nullptr;
