@@ -66,8 +66,9 @@ void btnExport_Click(const MobileExportFields& fields, const RegisterState& stat
     if (!chosen) {
         return;
     }
-    ExportMobile(state, OptionsOf(fields), settings, WithEnding(*chosen, mobileexport::Ending),
-                 desktop);
+    const FilePath path = WithEnding(*chosen, mobileexport::Ending);
+    desktop.BeforeReplacing(path);
+    ExportMobile(state, OptionsOf(fields), settings, path, desktop);
     desktop.ShowEntry();
 }
 

@@ -166,6 +166,31 @@ bool StandsStill(const Keeping& keep) {
            Quietly([&] { return HashOf(ReadWholeFile(keep.HeldFile)) == keep.HeldHash; });
 }
 
+/// So much waits at most for a disk that has room again; it can be undone all the same.
+constexpr std::size_t MostNotKept = 10;
+
+/// Writes the version, now or as soon as that works. Gives whether it is written.
+bool KeepOrWait(Keeping& keep, Version version) {
+    if (KeepVersion(keep.Folder, version)) {
+        return true;
+    }
+    std::erase_if(keep.NotKept,
+                  [&](const Version& other) { return other.Content == version.Content; });
+    if (keep.NotKept.size() == MostNotKept) {
+        keep.NotKept.erase(keep.NotKept.begin());
+    }
+    keep.NotKept.push_back(std::move(version));
+    return false;
+}
+
+void KeepWaiting(Keeping& keep) {
+    std::erase_if(keep.NotKept, [&](const Version& version) {
+        const bool kept = KeepVersion(keep.Folder, version);
+        keep.Changes += kept ? 1 : 0;
+        return kept;
+    });
+}
+
 FilePath KeyOf(const FilePath& path) {
     std::error_code error;
     FilePath key = fs::weakly_canonical(path, error);
@@ -218,7 +243,7 @@ bool KeepUnsaved(Program& program, VersionReason why) {
         return true;
     }
     ++program.Keep.Changes;
-    return Quietly([&] { return KeepVersion(program.Keep.Folder, VersionOf(before, why)); });
+    return Quietly([&] { return KeepOrWait(program.Keep, VersionOf(before, why)); });
 }
 
 void KeepSession(Program& program) {
@@ -226,21 +251,31 @@ void KeepSession(Program& program) {
     if (keep.Folder.empty()) {
         return;
     }
-    if (!IsHeld(program.Past, program.State)) {
+    KeepWaiting(keep);
+    if (!IsHeld(program.Past, program.State) || !StandsStill(keep)) {
         keep.SessionFileStands = true;
-        Quietly([&] {
+        keep.SessionFileLags = !Quietly([&] {
             return BeginSession(keep) &&
                    WriteKeptFile(keep.SessionFile,
                                  EncodeVersion(VersionOf(program.State, VersionReason::Aborted)));
         });
-    } else if (keep.SessionFileStands) {
-        RemoveSessionFile(keep);
+    } else {
+        keep.SessionFileLags = false;
+        // What waits may stand in it.
+        if (keep.SessionFileStands && keep.NotKept.empty()) {
+            RemoveSessionFile(keep);
+        }
     }
+}
+
+bool IsKeepingBehind(const Program& program) {
+    return program.Keep.SessionFileLags || !program.Keep.NotKept.empty();
 }
 
 void EndKeeping(Program& program, VersionReason why) {
     Keeping& keep = program.Keep;
-    if (!KeepUnsaved(program, why)) {
+    KeepWaiting(keep);
+    if (!KeepUnsaved(program, why) || !keep.NotKept.empty()) {
         return;  // the next start makes a version of this process's file
     }
     if (keep.SessionFileStands) {
@@ -302,7 +337,7 @@ Text KeepReplaced(Program& program, const FilePath& path) {
         keep.Replaced = HashOf(version.Content);
         const auto known = keep.Known.find(KeyOf(path));
         changed = known != keep.Known.end() && known->second != keep.Replaced;
-        return KeepVersion(keep.Folder, version);
+        return KeepOrWait(keep, std::move(version));
     });
     if (!kept) {
         return Text(NotKept);

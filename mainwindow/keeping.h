@@ -3,7 +3,6 @@
 #pragma once
 
 #include "mainwindow/program.h"
-#include "versions/versionstore.h"
 
 namespace norvik {
 
@@ -24,8 +23,11 @@ bool LosesNothing(const RegisterState& state);
 /// loss. Gives false when it could not be kept.
 bool KeepUnsaved(Program& program, VersionReason why);
 
-/// Brings this process's file up to date: it holds the register while no save does.
+/// Brings this process's file up to date: it holds the register while no save does. Tries again
+/// to keep what could not be kept before.
 void KeepSession(Program& program);
+/// Whether something is to be kept that could not be.
+bool IsKeepingBehind(const Program& program);
 
 /// The program ends: keeps what no save holds, and this process's file goes.
 void EndKeeping(Program& program, VersionReason why);

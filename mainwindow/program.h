@@ -10,6 +10,7 @@
 #include "register/settings.h"
 #include "registertools/fillregisterlist.h"
 #include "sync/loadsyncdatabase.h"
+#include "versions/versionstore.h"
 
 #include <cstdint>
 #include <map>
@@ -22,6 +23,9 @@ struct Keeping {
     FilePath Folder;       ///< of the versions; empty where nothing is kept
     FilePath SessionFile;  ///< holds the register of this process while no save does
     bool SessionFileStands = false;
+    bool SessionFileLags = false;  ///< it could not be written
+    /// Versions that could not be written; each operation tries again.
+    std::vector<Version> NotKept;
     /// Tells other processes that the session file's one is alive.
     std::shared_ptr<platform::FileLock> Lock;
     /// The contents of the files that this process loaded or saved, as hashes.

@@ -121,7 +121,8 @@ void RunStep(Program& program, TextView what, const std::function<void()>& opera
     if (program.State.WholeFiles != wholeFiles) {
         FollowFile(program, loaded);
     }
-    if (changed || program.State.WholeFiles != wholeFiles) {
+    const bool saved = program.State.WholeFiles != wholeFiles || !program.Keep.Target.empty();
+    if (changed || saved || IsKeepingBehind(program)) {
         KeepSession(program);
     }
     RememberTarget(program);

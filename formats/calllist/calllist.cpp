@@ -143,7 +143,7 @@ std::optional<Text> ConvertCallList(const FilePath& file, Desktop& desktop) {
     if (IsFile(outputPath) && !desktop.AskToReplace(outputPath)) {
         return std::nullopt;
     }
-    Text remark;
+    Text remark = desktop.BeforeReplacing(outputPath);
     WriteCallList(bytes, TargetOf(outputPath, desktop, remark), desktop);
     ReportCallList(outputPath, desktop);
     return remark;

@@ -55,7 +55,7 @@ void mnuGebAuszug(const RegisterState& state, const Settings& settings, Desktop&
     }
     desktop.SetStatus(u"Gebührenauszug wird erstellt...");
     const FilePath path = WithEnding(*chosen, chargestatement::Ending);
-    Text remark;
+    Text remark = desktop.BeforeReplacing(path);
     SaveOrSay(
         [&] { WriteChargeStatement(state, settings.UnitPrice, TargetOf(path, desktop, remark)); },
         desktop);

@@ -44,7 +44,7 @@ void mnuDateiSaveIP286(RegisterState& state, Desktop& desktop) {
     }
     const Text exclusions = AskForExclusions(desktop);
     const FilePath path = WithEnding(*chosen, ip286::Ending);
-    Text remark;
+    Text remark = desktop.BeforeReplacing(path);
     try {
         ExportIP286(state, TargetOf(path, desktop, remark), exclusions, desktop);
     } catch (const RuntimeError& error) {

@@ -1,6 +1,7 @@
 // The window under random use: a seeded monkey types, pastes, clicks, chooses menu items, loads
-// random and broken files and answers every box at random. After each event the register is in
-// order. NORVIK_MONKEY="EVENTS SEEDS" in the environment makes it work longer.
+// random and broken files, undoes and redoes, loads and removes earlier versions and answers every
+// box at random. After each event the register is in order. NORVIK_MONKEY="EVENTS SEEDS" in the
+// environment makes it work longer.
 #include "tests/qt/windowfixture.h"
 
 #include <QApplication>
@@ -122,7 +123,7 @@ class Monkey : public QObject {
 
     /// One event in a window or in whatever lies above it.
     void Act(QWidget& window) {
-        switch (Below(random_, 12)) {
+        switch (Below(random_, 14)) {
         case 0:
         case 1:
         case 2:
@@ -140,10 +141,17 @@ class Monkey : public QObject {
             return ChangeSomething(window);
         case 10:
             return TriggerMenu(window);
+        case 11:
+            return UndoOrRedo(window);
+        case 12:
+            return UseVersions(window);
         default:
             return PressKey(window);
         }
     }
+
+    /// Whether it turns to the main window although another one stands beside it.
+    bool WorksBelow() { return Below(random_, 2) == 0; }
 
     static void EndAllMenus() {
         while (QWidget* popup = QApplication::activePopupWidget()) {
@@ -193,7 +201,7 @@ class Monkey : public QObject {
 
     void ClickSomething(QWidget& window) {
         auto* button = Any<QAbstractButton>(window);
-        if (button != nullptr && qobject_cast<QDialog*>(&window) == nullptr) {
+        if (button != nullptr && !window.isModal()) {
             QTest::mouseClick(button, Qt::LeftButton);
         } else if (auto* box = Any<QCheckBox>(window)) {
             box->click();
@@ -233,14 +241,39 @@ class Monkey : public QObject {
         }
     }
 
+    void UndoOrRedo(QWidget& window) {
+        const bool undo = Below(random_, 3) != 0;
+        if (auto* item =
+                window.findChild<QAction*>(undo ? "mnuBearbeitenUndo" : "mnuBearbeitenRedo")) {
+            for (int i = Below(random_, 4); i >= 0; --i) {
+                item->trigger();
+            }
+        }
+    }
+
+    /// Loads, saves or removes an earlier version, or opens and closes their window.
+    void UseVersions(QWidget& window) {
+        static const std::vector<const char*> Buttons = {"btnLoad",   "btnLoad",   "btnLoad",
+                                                         "btnSaveAs", "btnRemove", "btnClose"};
+        if (window.objectName() != "VERSIONS") {
+            if (auto* item = window.findChild<QAction*>("mnuDateiVersions")) {
+                item->trigger();
+            }
+            return;
+        }
+        ChooseRow(window);
+        QTest::mouseClick(window.findChild<QPushButton*>(OneOf(random_, Buttons)), Qt::LeftButton);
+    }
+
     void PressKey(QWidget& window) {
         static const std::vector<Qt::Key> Keys = {
             Qt::Key_Return, Qt::Key_Down,      Qt::Key_Up,     Qt::Key_Tab,      Qt::Key_Backtab,
             Qt::Key_Home,   Qt::Key_End,       Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Delete,
             Qt::Key_Insert, Qt::Key_Backspace, Qt::Key_Left,   Qt::Key_Right,    Qt::Key_Space,
-            Qt::Key_F3,     Qt::Key_Z};
+            Qt::Key_F3,     Qt::Key_Z,         Qt::Key_Y};
         static const std::vector<Qt::KeyboardModifiers> Modifiers = {
-            Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier};
+            Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier,
+            Qt::ControlModifier | Qt::ShiftModifier};
         QWidget* target = window.focusWidget() == nullptr ? &window : window.focusWidget();
         QTest::keyClick(target, OneOf(random_, Keys), OneOf(random_, Modifiers));
     }
@@ -277,7 +310,8 @@ class Monkey : public QObject {
 class WindowMonkey : public testing::Test {
   protected:
     void Open() {
-        Window = std::make_unique<MainWindow>(Folder.Path(), [this] { ++HardStops; });
+        Window = std::make_unique<MainWindow>(
+            Folder.Path(), [this] { ++HardStops; }, FilePath(), Folder / "staende");
         Window->show();
         Window->Start("/g0,12");
     }
@@ -307,7 +341,8 @@ class WindowMonkey : public testing::Test {
             Window->show();
         }
         QWidget* above = QApplication::activeWindow();
-        monkey.Act(above == nullptr ? *Window : *above);
+        const bool reachable = above == nullptr || !above->isModal();
+        monkey.Act(above == nullptr || (reachable && monkey.WorksBelow()) ? *Window : *above);
         Monkey::EndAllMenus();
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -341,7 +376,7 @@ class WindowMonkey : public testing::Test {
 
 TEST_F(WindowMonkey, FindsNothing) {
     qputenv("PATH", "");  // no document is opened
-    int events = 2000;
+    int events = 1000;
     unsigned seeds = 1;
     if (const char* wanted = std::getenv("NORVIK_MONKEY")) {
         std::istringstream(wanted) >> events >> seeds;

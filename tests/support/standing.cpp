@@ -1,0 +1,119 @@
+#include "tests/support/standing.h"
+
+#include "base/files.h"
+#include "formats/formattable.h"
+#include "tests/support/idledesktop.h"
+#include "tests/support/scripteddesktop.h"
+#include "versions/bytes.h"
+#include "versions/keptregister.h"
+#include "versions/versionstore.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace norvik::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsEmptyEntry(const RegisterEntry& entry) {
+    return entry.Name.empty() && entry.Tel.empty() && entry.Info.empty();
+}
+
+FileFormat FormatOf(const Bytes& bytes) {
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (text.substr(0, 32).find("TStCollection") != std::string_view::npos) {
+        return FileFormat::Register195;
+    }
+    return text.starts_with("norvik 175") ? FileFormat::Phonebook175 : FileFormat::Csv;
+}
+
+EntrySet EntriesInBytes(const Bytes& bytes, const FilePath& path) {
+    RegisterState state;
+    ResetRegister(state);
+    IdleDesktop desktop;
+    const auto source = [&] { return SourceFile{bytes, path, std::nullopt}; };
+    try {
+        RowOf(FormatOf(bytes)).Load(state, source, {}, Settings(), desktop);
+    } catch (const HardStop&) {
+        return {};
+    }
+    return EntriesOf(state);
+}
+
+EntrySet EntriesInFile(const Bytes& bytes, const FilePath& path) {
+    const std::optional<Version> version = DecodeVersion(bytes);
+    if (!version) {
+        return EntriesInBytes(bytes, path);
+    }
+    if (!version->IsRegister) {
+        return EntriesInBytes(version->Content, path);
+    }
+    const std::optional<RegisterState> state = DecodeRegister(version->Content);
+    return state ? EntriesOf(*state) : EntrySet();
+}
+
+}  // namespace
+
+std::string LineOf(const RegisterEntry& entry) {
+    std::string line = Utf8(entry.Name) + "|" + Utf8(entry.Tel) + "|" + Utf8(entry.Info);
+    for (const int number : {int{entry.Ton}, int{entry.MsnFilter}, entry.GebEinh, int{entry.AB}}) {
+        line += "|" + std::to_string(number);
+    }
+    return line;
+}
+
+EntrySet EntriesOf(const RegisterState& state) {
+    EntrySet entries;
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        const RegisterEntry& entry = EntryAt(state, position);
+        if (!IsEmptyEntry(entry)) {
+            entries.insert(LineOf(entry));
+        }
+    }
+    return entries;
+}
+
+EntrySet UndoableEntries(const RegisterState& state, const History& history) {
+    RegisterState shown = state;
+    History steps = history;
+    EntrySet entries;
+    while (StepToUndo(steps) != nullptr) {
+        Undo(steps, shown);
+        entries.merge(EntriesOf(shown));
+    }
+    while (StepToRedo(steps) != nullptr) {
+        Redo(steps, shown);
+        entries.merge(EntriesOf(shown));
+    }
+    return entries;
+}
+
+const EntrySet& FileReader::EntriesIn(const FilePath& file) {
+    const Bytes bytes = ReadWholeFile(file);
+    const auto [found, isNew] = read_.try_emplace(HashOf(bytes));
+    if (isNew) {
+        found->second = EntriesInFile(bytes, file);
+    }
+    return found->second;
+}
+
+EntrySet FileReader::EntriesBelow(const FilePath& folder) {
+    EntrySet entries;
+    for (const auto& file : fs::recursive_directory_iterator(folder)) {
+        if (file.is_regular_file()) {
+            entries.merge(EntrySet(EntriesIn(file.path())));
+        }
+    }
+    return entries;
+}
+
+EntrySet Without(const EntrySet& entries, const EntrySet& others) {
+    EntrySet rest;
+    std::set_difference(entries.begin(), entries.end(), others.begin(), others.end(),
+                        std::inserter(rest, rest.end()));
+    return rest;
+}
+
+}  // namespace norvik::test
