@@ -112,6 +112,8 @@ class RandomDesktop : public Desktop, public Windows {
     void ShowRegisterList() override {}
     void CloseRegisterList() override {}
     void ShowSettings() override {}
+    void ShowDoubles() override {}
+    void CloseDoubles() override {}
     void ShowVersions() override {}
     void CloseVersions() override {}
     int OpenDocument(const FilePath& /*document*/) override { return 33; }
