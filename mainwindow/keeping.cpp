@@ -275,7 +275,9 @@ bool IsKeepingBehind(const Program& program) {
 void EndKeeping(Program& program, VersionReason why) {
     Keeping& keep = program.Keep;
     KeepWaiting(keep);
-    if (!KeepUnsaved(program, why) || !keep.NotKept.empty()) {
+    const bool kept = KeepUnsaved(program, why) && keep.NotKept.empty();
+    std::error_code error;
+    if (!kept && fs::exists(keep.SessionFile, error)) {
         return;  // the next start makes a version of this process's file
     }
     if (keep.SessionFileStands) {
