@@ -3,6 +3,7 @@
 #include "formats/common/quietsave.h"
 #include "formats/formattable.h"
 #include "sync/quotedfields.h"
+#include "sync/synccontacts.h"
 
 #include <charconv>
 #include <limits>
@@ -15,6 +16,12 @@ constexpr TextView Yes = u"yes";
 constexpr TextView No = u"no";
 /// So many fields of a sample record are shown.
 constexpr std::size_t SampleFields = 50;
+/// What stands in place of the samples of a vCard.
+constexpr TextView NoNumbersNeeded = u"Eine vCard braucht keine Feldnummern";
+constexpr TextView FromVCard = u"aus der vCard";
+/// The sync file's.
+constexpr TextView SyncFilter =
+    u"CSV-Datei|*.csv|Textdatei|*.txt|Alle Dateien|*.*|vCard-Datei|*.vcf";
 
 Setting ItemSetting(std::size_t item) {
     return static_cast<Setting>(static_cast<int>(Setting::SyncName) + static_cast<int>(item));
@@ -45,6 +52,15 @@ void ShowMappedFields(SettingsFields& fields, const std::vector<TextView>& sampl
                 number <= sample.size() ? Text(sample[number - 1]) : Text();
         }
     }
+}
+
+/// The samples of a vCard do not stay for another file.
+void NoteKindOfFile(SettingsFields& fields, TextView file) {
+    const bool isVCard = NamesVCard(file);
+    if (isVCard != fields.SyncFileIsVCard) {
+        fields.Testausgabe.fill(isVCard ? Text(FromVCard) : Text());
+    }
+    fields.SyncFileIsVCard = isVCard;
 }
 
 /// Returns whether a file was chosen.
@@ -83,7 +99,13 @@ SettingsFields NVSET_Load(const Settings& settings) {
 void SetSyncItemList(SettingsFields& fields, TextView file, int record) {
     fields.ListSyncFileItems.clear();
     fields.SelectedItem = -1;
+    NoteKindOfFile(fields, file);
     if (file.empty()) {
+        return;
+    }
+    if (fields.SyncFileIsVCard) {
+        fields.ListSyncFileItems.emplace_back(
+            fields.Sample.CanBeOpened(file) ? NoNumbersNeeded : u"SyncDatei n. gefunden");
         return;
     }
     const std::optional<Text> line = fields.Sample.Line(file, record);
@@ -104,7 +126,7 @@ void ShowSampleRecord(SettingsFields& fields) {
 }
 
 void ShowMappedField(SettingsFields& fields, std::size_t box) {
-    if (box < FirstItemValue) {
+    if (box < FirstItemValue || fields.SyncFileIsVCard) {
         return;
     }
     Text& output = fields.Testausgabe.at(box - FirstItemValue);
@@ -134,15 +156,14 @@ void btnChangeLoadfile_Click(SettingsFields& fields, Desktop& desktop) {
 }
 
 void btnChangeSyncfile_Click(SettingsFields& fields, Desktop& desktop) {
-    if (ChooseFile(fields.InpSyncFile, u"CSV-Datei|*.csv|Textdatei|*.txt|Alle Dateien|*.*", ".csv",
-                   desktop)) {
+    if (ChooseFile(fields.InpSyncFile, SyncFilter, ".csv", desktop)) {
         ShowSampleRecord(fields);
     }
 }
 
 void itemexpl_Click(SettingsFields& fields, int label) {
     const int item = label - FirstItemLabel;
-    if (item < 0 || item >= static_cast<int>(SyncItems)) {
+    if (item < 0 || item >= static_cast<int>(SyncItems) || fields.SyncFileIsVCard) {
         return;
     }
     const auto place = static_cast<std::size_t>(item);

@@ -39,6 +39,7 @@ struct SettingsFields {
     int SelectedItem = -1;  ///< the selected line of ListSyncFileItems, or -1
     std::array<Text, SyncItems> Testausgabe;
     SyncSample Sample;
+    bool SyncFileIsVCard = false;  ///< which needs no field numbers
 };
 
 /// Shows the dialog.
@@ -48,7 +49,7 @@ void mnuSettingsBasic(Windows& windows);
 SettingsFields NVSET_Load(const Settings& settings);
 
 /// Shows the fields of a record of a database, counted from 1, and those that the items are mapped
-/// to. A record behind the end is the last one.
+/// to. A record behind the end is the last one. Of a vCard it is said that it needs no numbers.
 void SetSyncItemList(SettingsFields& fields, TextView file, int record);
 /// The same for the dialog's file and record.
 void ShowSampleRecord(SettingsFields& fields);

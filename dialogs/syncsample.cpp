@@ -31,6 +31,15 @@ std::optional<Text> SyncSample::Line(TextView file, int record) {
     return lines_[std::min(static_cast<std::size_t>(std::max(record, 1)), lines_.size()) - 1];
 }
 
+bool SyncSample::CanBeOpened(TextView file) const {
+    try {
+        OpenFile(FindIgnoringCase(folder_, PathFromText(file)));
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 void SyncSample::Read(const FilePath& path) {
     const Bytes bytes = ReadWholeFile(path);
     path_ = path;

@@ -19,6 +19,9 @@ class SyncSample {
     /// line for an empty file. Nothing when the file cannot be read.
     std::optional<Text> Line(TextView file, int record);
 
+    /// Whether the file is there and may be read; nothing is read of it.
+    [[nodiscard]] bool CanBeOpened(TextView file) const;
+
   private:
     void Read(const FilePath& path);
 

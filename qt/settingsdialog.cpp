@@ -181,6 +181,7 @@ QLayout* SettingsDialog::MakeItems(QWidget* parent) {
         const int label = FirstItemLabel + static_cast<int>(item);
         auto* explanation = MakeButton("", ItemCaption(item), ItemCaption(item), parent);
         explanation->setObjectName(IndexedName("itemexpl", label));
+        itemexpl_.at(item) = explanation;
         connect(explanation, &QPushButton::clicked, this,
                 [this, label] { Handle([this, label] { itemexpl_Click(fields_, label); }); });
         QLineEdit* value = MakeValue(FirstItemValue + item,
@@ -298,7 +299,10 @@ void SettingsDialog::DrawSample() {
     }
     for (std::size_t item = 0; item < Testausgabe_.size(); ++item) {
         Testausgabe_.at(item)->setText(Shown(fields_.Testausgabe.at(item)));
+        SetValue_.at(FirstItemValue + item)->setEnabled(!fields_.SyncFileIsVCard);
+        itemexpl_.at(item)->setEnabled(!fields_.SyncFileIsVCard);
     }
+    ScrollSyncFile_->setEnabled(!fields_.SyncFileIsVCard);
 }
 
 void SettingsDialog::CloseStored() {
@@ -319,8 +323,11 @@ bool SettingsDialog::eventFilter(QObject* object, QEvent* event) {
         key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_Down;
     for (std::size_t box = 0; box < SetValue_.size(); ++box) {
         if (SetValue_.at(box) == object && (down || key->key() == Qt::Key_Up)) {
-            QLineEdit* next = SetValue_.at(NextValueBox(box, !down));
-            next->setFocus(Qt::TabFocusReason);  // its text is selected
+            std::size_t next = NextValueBox(box, !down);
+            while (!SetValue_.at(next)->isEnabled()) {  // those of the location always are
+                next = NextValueBox(next, !down);
+            }
+            SetValue_.at(next)->setFocus(Qt::TabFocusReason);  // its text is selected
             return true;
         }
     }

@@ -14,6 +14,7 @@ class QLabel;
 class QLayout;
 class QLineEdit;
 class QListWidget;
+class QPushButton;
 class QScrollBar;
 
 namespace norvik {
@@ -68,6 +69,7 @@ class SettingsDialog : public QDialog {
     QScrollBar* ScrollSyncFile_ = nullptr;
     QLabel* record_ = nullptr;
     QListWidget* ListSyncFileItems_ = nullptr;
+    std::array<QPushButton*, SyncItems> itemexpl_{};
     std::array<QLabel*, SyncItems> Testausgabe_{};
     bool drawing_ = false;
 };

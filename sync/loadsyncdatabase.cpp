@@ -2,38 +2,43 @@
 
 #include "base/files.h"
 #include "base/runtimeerror.h"
+#include "sync/synccontacts.h"
 
 namespace norvik {
 
 namespace {
 
-/// The file's bytes, or nothing when it does not exist. One that cannot be read counts as empty.
-std::optional<Bytes> ReadDatabase(const SettingsTable& settings) {
+void ShowNotLoaded(Desktop& desktop) {
+    desktop.SetStatus(u"Adress-Synchronisationsdaten nicht geladen");
+}
+
+/// Fills the tables as far as the file can be read; gives the number of records.
+std::size_t ReadDatabase(const SettingsTable& settings, SyncTables& tables, Desktop& desktop,
+                         const Clock& clock) {
+    const TextView name = settings.Value(Setting::SyncDatabase);
+    const FilePath path = FindIgnoringCase(settings.Folder(), PathFromText(name));
+    if (NamesVCard(name)) {
+        InputStream input = OpenFile(path);
+        return ReadSyncContacts(input, tables, desktop, clock);
+    }
+    return ReadSyncRecords(ReadWholeFile(path), settings, tables);
+}
+
+/// Fills the emptied tables; gives the number of records, or nothing when there is no file. One
+/// that cannot be read counts as empty.
+std::optional<std::size_t> FillTables(const SettingsTable& settings, SyncTables& tables,
+                                      Desktop& desktop, const Clock& clock) {
+    tables = SyncTables();
     try {
-        const FilePath path = PathFromText(settings.Value(Setting::SyncDatabase));
-        return ReadWholeFile(FindIgnoringCase(settings.Folder(), path));
+        return ReadDatabase(settings, tables, desktop, clock);
     } catch (const RuntimeError& error) {
         if (error.Number() == ErrorNumber::FileNotFound ||
             error.Number() == ErrorNumber::PathNotFound ||
             error.Number() == ErrorNumber::BadFileName) {
             return std::nullopt;
         }
-        return Bytes();
+        return 0;
     }
-}
-
-void ShowNotLoaded(Desktop& desktop) {
-    desktop.SetStatus(u"Adress-Synchronisationsdaten nicht geladen");
-}
-
-/// Fills the emptied tables; gives the number of records, or nothing when there is no file.
-std::optional<std::size_t> FillTables(const SettingsTable& settings, SyncTables& tables) {
-    tables = SyncTables();
-    const std::optional<Bytes> file = ReadDatabase(settings);
-    if (!file) {
-        return std::nullopt;
-    }
-    return ReadSyncRecords(*file, settings, tables);
 }
 
 /// What the status line says of a load: it has no report.
@@ -52,11 +57,12 @@ Text Imported(std::size_t records, const SyncTables& tables) {
 
 }  // namespace
 
-void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop) {
+void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop,
+                      const Clock& clock) {
     desktop.SetStatus(u"Lade Adress-Synchronisationsdaten...");
     std::optional<std::size_t> records;
     try {
-        records = FillTables(settings, sync.Tables);
+        records = FillTables(settings, sync.Tables, desktop, clock);
     } catch (const std::exception&) {  // memory ran out
         ShowNotLoaded(desktop);
         throw;

@@ -1,8 +1,9 @@
-// Loading the address database: a text export of an address book whose records are looked up by
-// telephone number.
+// Loading the address database: an address book, exported as text or as vCard, whose records are
+// looked up by telephone number.
 #pragma once
 
 #include "base/desktop.h"
+#include "formats/common/loadprogress.h"
 #include "sync/synctables.h"
 
 namespace norvik {
@@ -14,8 +15,8 @@ struct SyncState {
 
 /// Replaces the tables by the records of the database that the settings name. A missing file is
 /// reported, in the status line too; the tables are empty then. The status line also tells of
-/// replaced characters. Any other failure ends the reading
-/// without a message.
-void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop);
+/// replaced characters. Any other failure ends the reading without a message.
+void LoadSyncDatabase(const SettingsTable& settings, SyncState& sync, Desktop& desktop,
+                      const Clock& clock = std::chrono::steady_clock::now);
 
 }  // namespace norvik

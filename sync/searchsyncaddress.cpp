@@ -1,6 +1,7 @@
 #include "sync/searchsyncaddress.h"
 
 #include "formats/common/globalize.h"
+#include "formats/vcard/vcardnumber.h"
 
 #include <algorithm>
 
@@ -38,6 +39,13 @@ bool PassesWarning(RegisterState& state, Desktop& desktop) {
 Text KeyOf(TextView number, const Settings& settings, RepeatedBox& reports) {
     const Text whole = Globalize(number, GlobalizeMode::International, settings, reports);
     return whole.substr(whole.size() - std::min(whole.size(), KeyLength));
+}
+
+/// The key of a number of the database. That of a contact may have what no telephone dials, such as
+/// the "(0)" behind a country code.
+Text KeyOfStored(TextView number, bool ofContact, TextView ownCountry, const Settings& settings,
+                 RepeatedBox& reports) {
+    return KeyOf(ofContact ? Dialled(number, ownCountry).Number : number, settings, reports);
 }
 
 /// A record of the database with the telephone column that was found.
@@ -92,11 +100,13 @@ Answer AskForHit(const Text& header, const Hit& hit, RepeatedBox& withoutAddress
 bool TakeAddresses(RegisterState& state, const SyncTables& tables, const Text& key,
                    const Settings& settings, RepeatedBox& reports, Desktop& desktop) {
     RepeatedBox withoutAddress(desktop);
+    const Text ownCountry = OwnCountryCode(settings);
     const Text header = u"Suche nach " + key + u", gefunden:" + Text(LineEnd);
     bool taken = false;
     for (std::size_t record = 1; record < tables.SyncPhoneTable.size(); ++record) {
         for (std::size_t phone = 0; phone < SyncTables::PhoneColumns; ++phone) {
-            if (KeyOf(tables.SyncPhoneTable[record][phone], settings, reports) != key) {
+            if (KeyOfStored(tables.SyncPhoneTable[record][phone], tables.OfContacts, ownCountry,
+                            settings, reports) != key) {
                 continue;
             }
             const Hit hit = {tables, record, phone};

@@ -48,13 +48,6 @@ Record NextRecord(LineReader& lines, bool isUtf8) {
     return record;
 }
 
-void NoteReplaced(SyncTables& tables, TextView field) {
-    if (tables.ReplacedRecords == 0) {
-        tables.FirstReplaced = field;
-    }
-    ++tables.ReplacedRecords;
-}
-
 template <typename Row>
 void FillRow(Row& row, const std::vector<TextView>& fields, const std::size_t* numbers) {
     for (std::size_t column = 0; column < row.size(); ++column) {
@@ -70,6 +63,13 @@ SyncTables::SyncTables()
       SyncAddressTable(SyncRecords + 1),
       SyncPhoneTable(SyncRecords + 1) {}
 
+void SyncTables::NoteReplaced(TextView name) {
+    if (ReplacedRecords == 0) {
+        FirstReplaced = name;
+    }
+    ++ReplacedRecords;
+}
+
 std::size_t ReadSyncRecords(ByteView file, const SettingsTable& settings, SyncTables& tables) {
     const Mapping mapping = ReadMapping(settings);
     auto kept = std::make_shared<std::deque<Text>>();
@@ -83,7 +83,7 @@ std::size_t ReadSyncRecords(ByteView file, const SettingsTable& settings, SyncTa
         kept->push_back(std::move(next.Line));
         const std::vector<TextView> fields = SplitQuotedFields(kept->back(), SyncFields);
         if (next.Replaced && !fields.empty()) {
-            NoteReplaced(tables, fields.front());
+            tables.NoteReplaced(fields.front());
         }
         const std::size_t* numbers = mapping.data();
         FillRow(tables.SyncNameTable.at(record), fields, numbers);

@@ -17,8 +17,8 @@ inline constexpr std::size_t SyncRecords = 1000;
 inline constexpr std::size_t SyncFields = 40;
 inline constexpr std::size_t SyncItems = 10;
 
-/// Three tables with one record index. The cells are views into the lines of the file, which the
-/// tables share: a mapping may name the same field ten times.
+/// Three tables with one record index. The cells are views into the lines of the file or the texts
+/// of its contacts, which the tables share: a mapping may name the same field ten times.
 struct SyncTables {
     /// The tables' columns.
     enum Names { Surname, GivenName, Company, NameColumns };
@@ -33,8 +33,14 @@ struct SyncTables {
     std::size_t ReplacedRecords = 0;
     TextView FirstReplaced;
 
+    /// The numbers are those of contacts, as people write them: what the telephone dials decides.
+    bool OfContacts = false;
+
     /// Tables with room for all records, all cells empty.
     SyncTables();
+
+    /// A record had characters replaced; `name` must live as long as the tables.
+    void NoteReplaced(TextView name);
 };
 
 /// Puts the records of a file into empty tables, their fields into the cells as the settings'

@@ -14,14 +14,6 @@ namespace {
 
 constexpr std::size_t InfoWidth = InfoLines * InfoLineWidth;
 
-/// A text in which nothing marks an entry for export.
-Text WithoutExportMark(Text text) {
-    for (std::size_t place = 0; (place = text.find(ExportMark, place)) != Text::npos;) {
-        text.insert(place + 1, u" ");
-    }
-    return text;
-}
-
 /// Joins what there is of the texts.
 SimplifiedText Joined(const SimplifiedText& first, TextView between, const SimplifiedText& second) {
     SimplifiedText joined = first;
@@ -44,9 +36,8 @@ SimplifiedText OrganisationOf(const VCardContact& contact) {
 /// The address in lines: the street, then postcode and town.
 SimplifiedText AddressOf(const VCardContact& contact) {
     const VCardAddress& address = contact.Address;
-    const SimplifiedText street = Joined(address.Street, u", ", address.Extension);
-    const SimplifiedText& place = street.Value.empty() ? address.Box : street;
-    const SimplifiedText all = Joined(place, u"\n", Joined(address.Code, u" ", address.City));
+    const SimplifiedText all =
+        Joined(VCardStreet(address), u"\n", Joined(address.Code, u" ", address.City));
     return all.Value.empty() ? contact.Label : all;
 }
 
@@ -136,6 +127,18 @@ SimplifiedText VCardContactName(const VCardContact& contact) {
         }
     }
     return {contact.Numbers.empty() ? Text() : contact.Numbers.front().Number};
+}
+
+SimplifiedText VCardStreet(const VCardAddress& address) {
+    const SimplifiedText street = Joined(address.Street, u", ", address.Extension);
+    return street.Value.empty() ? address.Box : street;
+}
+
+Text WithoutExportMark(Text text) {
+    for (std::size_t place = 0; (place = text.find(ExportMark, place)) != Text::npos;) {
+        text.insert(place + 1, u" ");
+    }
+    return text;
 }
 
 VCardInfo VCardContactInfo(const VCardContact& contact, TextView name) {

@@ -39,6 +39,12 @@ class VCardEntries {
 /// "Nachname, Vorname" of a contact, else another name that it has; at last its first number.
 SimplifiedText VCardContactName(const VCardContact& contact);
 
+/// The line of an address above postcode and town: the street, else the post box.
+SimplifiedText VCardStreet(const VCardAddress& address);
+
+/// A text in which nothing marks an entry for export.
+Text WithoutExportMark(Text text);
+
 /// The contact's info text: organisation, address and note in lines of 21 characters, as far as
 /// the six lines go. The organisation is left out where it is the name.
 struct VCardInfo {

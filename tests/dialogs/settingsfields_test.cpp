@@ -146,7 +146,7 @@ TEST(DDSprache, ChoosingDeutschIsSilent) {
 
 const std::string OpenLoadfile = "open \"NV-195-Datei|*.t9t|Alle Dateien|*.*\" ending .t9t -> ";
 const std::string OpenSyncfile =
-    "open \"CSV-Datei|*.csv|Textdatei|*.txt|Alle Dateien|*.*\" ending .csv -> ";
+    "open \"CSV-Datei|*.csv|Textdatei|*.txt|Alle Dateien|*.*|vCard-Datei|*.vcf\" ending .csv -> ";
 
 TEST(BtnChangeLoadfile, ShowsTheChosenPath) {
     SettingsFields fields;

@@ -63,6 +63,25 @@ TEST_F(StartSync, TheSettingIsReadWhateverItsCase) {
               StartWith({Loading, "status \"1 Adress-Einträge importiert\""}));
 }
 
+TEST_F(StartSync, LoadsAVCardWithoutAskingForFieldNumbers) {
+    folder.Write("Kontakte.VCF", "BEGIN:VCARD\r\nVERSION:4.0\r\nN:Meier;Hans;;;\r\n"
+                                 "TEL;VALUE=uri;TYPE=work:tel:+49-30-1\r\nTEL:0171 2\r\n"
+                                 "END:VCARD\r\nBEGIN:VCARD\r\nN:Kunz\r\nEND:VCARD");
+    EXPECT_EQ(Start("LoadSyncOnStart=yes", "kontakte.vcf"),
+              StartWith({Loading, "status \"2 Adress-Einträge importiert\""}));
+    EXPECT_TRUE(program.Sync.SyncLoaded);
+    EXPECT_EQ(program.Sync.Tables.SyncNameTable[1][SyncTables::Surname], u"Meier");
+    EXPECT_EQ(program.Sync.Tables.SyncPhoneTable[1][SyncTables::Business], u"tel:+49-30-1");
+    EXPECT_EQ(program.Sync.Tables.SyncPhoneTable[1][SyncTables::Other], u"0171 2");
+    EXPECT_EQ(program.Sync.Tables.SyncNameTable[2][SyncTables::Surname], u"Kunz");
+}
+
+TEST_F(StartSync, AMissingVCardIsReportedAndTheStartGoesOn) {
+    EXPECT_EQ(Start("LoadSyncOnStart=yes", "kontakte.vcf"),
+              StartWith({Loading, NotFound, NotLoaded}));
+    EXPECT_FALSE(program.Sync.SyncLoaded);
+}
+
 TEST_F(StartSync, AnyOtherSettingLoadsNothing) {
     folder.Write("adressen.csv", "\"030 1\",\"Meier\"\r\n");
     for (const char* setting : {"", "LoadSyncOnStart=", "LoadSyncOnStart=no", "LoadSyncOnStart=ja",

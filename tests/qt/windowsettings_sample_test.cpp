@@ -180,8 +180,8 @@ TEST_F(WindowSettingsSample, ChangingTheFileShowsItsSampleAndCancellingKeepsTheO
     });
     Dialogs.Cancel().ChooseFile(PathIn("Neu")).ChooseFile(PathIn("Neu.txt"));
     ShowDialog();
-    const std::string question =
-        "open \"CSV-Datei (*.csv)|Textdatei (*.txt)|Alle Dateien (*)\" name \"\"";
+    const std::string question = "open \"CSV-Datei (*.csv)|Textdatei (*.txt)|Alle Dateien "
+                                 "(*)|vCard-Datei (*.vcf)\" name \"\"";
     EXPECT_THAT(Dialogs.Transcript, ElementsAre(OpenedSettings, question, question, question));
 }
 

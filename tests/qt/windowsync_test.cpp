@@ -1,6 +1,10 @@
 // The load of the address database from the menu and at start-up.
 #include "tests/qt/windowsync.h"
 
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+
 #include <filesystem>
 
 namespace norvik::test {
@@ -8,6 +12,7 @@ namespace norvik::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST_F(WindowSync, WithoutALoadThereIsNoAddressMenu) {
@@ -123,6 +128,48 @@ TEST_F(WindowSync, TheSettingsDialogNamesTheFileForTheNextLoad) {
     Trigger("mnuSyncAdd");
     EXPECT_EQ(TextOfField(8), Line("Weg 7"));
     EXPECT_EQ(TextOfField(9), Line(" Berlin"));
+}
+
+TEST_F(WindowSync, AVCardNeedsNoFieldNumbersFromTheDialogToTheTakeOver) {
+    Folder.Write("Kontakte.vcf", "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Otto;Anna;;;\r\n"
+                                 "ADR:;;Weg 7;Berlin;;10115;\r\nTEL;TYPE=cell:0171 9\r\n"
+                                 "TEL;TYPE=cell:+49 (0)30 1234567\r\nEND:VCARD\r\n");
+    WriteSettings();
+    Load({{.name = "Anna", .tel = "1234567"}});
+    Dialogs.DriveToItsEnd([this](QDialog&) {
+        EXPECT_TRUE(Find<QLineEdit>("SetValue(3)")->isEnabled());
+        QLineEdit* file = Find<QLineEdit>("InpSyncFile");
+        file->selectAll();
+        TypeText(file, PathIn("Kontakte.vcf"));
+        EXPECT_THAT(RowsOf(*Find<QListWidget>("ListSyncFileItems")),
+                    ElementsAre("Eine vCard braucht keine Feldnummern"));
+        for (int item = 0; item < 10; ++item) {
+            EXPECT_EQ(TextOf(QString("Testausgabe(%1)").arg(item)), "aus der vCard");
+            EXPECT_FALSE(Find<QLineEdit>(QString("SetValue(%1)").arg(item + 3))->isEnabled());
+            EXPECT_FALSE(Find<QPushButton>(QString("itemexpl(%1)").arg(item + 7))->isEnabled());
+        }
+        EXPECT_FALSE(Find<QScrollBar>("ScrollSyncFile")->isEnabled());
+        Find<QLineEdit>("SetValue(2)")->setFocus();
+        QTest::keyClick(Find<QLineEdit>("SetValue(2)"), Qt::Key_Down);
+        EXPECT_TRUE(Find<QLineEdit>("SetValue(0)")->hasFocus());
+        QTest::keyClick(Find<QLineEdit>("SetValue(0)"), Qt::Key_Up);
+        EXPECT_TRUE(Find<QLineEdit>("SetValue(2)")->hasFocus());
+        Click("btnMakeChanges");
+    });
+    Trigger("mnuSettingsBasic");
+    const Bytes ini = ReadFile(Folder / "norvik.ini");
+    EXPECT_THAT(std::string(ini.begin(), ini.end()),
+                HasSubstr("Kontakte.vcf\r\nSyncName=1\r\nSyncGiven=2\r\n"));
+    Trigger("mnuDateiLoadSync");
+    EXPECT_EQ(Status(), "1 Adress-Einträge importiert");
+    Dialogs.Click(QMessageBox::Ignore).Click(QMessageBox::Yes);
+    Trigger("mnuSyncAdd");
+    EXPECT_EQ(Dialogs.Transcript.back(),
+              Hit("Suche nach 9301234567, gefunden:\nAnna Otto\nWeg 7                \n"
+                  "10115 Berlin         \nA+49 (0)30 1234567\n"));
+    EXPECT_EQ(TextOfField(8), Line("Weg 7"));
+    EXPECT_EQ(TextOfField(9), Line("10115 Berlin"));
+    EXPECT_EQ(Status(), "OK");
 }
 
 }  // namespace
