@@ -49,12 +49,15 @@ void Call(void (*operation)(Wanted...), Program& program, Desktop& desktop, Wind
     operation(part(std::type_identity<Wanted>())...);
 }
 
-/// Adapts an operation to a row. When it loads a register, an open register list must not go on
-/// showing the one that was before.
+/// Adapts an operation to a row. When it loads a register or adds to it, an open register list must
+/// not go on showing the one that was before.
 template <auto Operation>
 void Run(Program& program, Desktop& desktop, Windows& windows) {
-    const auto renew = [&program, &desktop, &windows, before = program.State.Generation] {
-        if (program.State.Generation != before) {
+    const auto content = [&program] {
+        return std::pair(program.State.Generation, program.State.AnzGes);
+    };
+    const auto renew = [&, before = content()] {
+        if (content() != before) {
             RenewRegisterList(program, desktop, windows);
         }
     };

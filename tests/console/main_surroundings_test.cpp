@@ -85,7 +85,7 @@ TEST_F(ConverterProgram, ShowsNamesSoThatATerminalIsSafe) {
     EXPECT_EQ(
         Run({"--nach=\x1B]0;x\x07", "a", "b"}).Errors,
         Own + "--nach: unbekanntes Format ?]0;x?; bekannt sind 195, 193, 175, csv, ip286, simsurf, "
-              "gebuehren\n");
+              "gebuehren, vcard\n");
 }
 
 TEST_F(ConverterProgram, ShowsEntriesSoThatATerminalIsSafe) {

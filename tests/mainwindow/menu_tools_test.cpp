@@ -194,6 +194,14 @@ class LoadingWithAnOpenList : public MenuOfTools {
     TestFolder folder;
 };
 
+TEST_F(LoadingWithAnOpenList, AddingShowsTheNewEntriesToo) {
+    Load("mnuDateiAdd", NewCsv());
+    EXPECT_EQ(program.List.ListResult,
+              (std::vector<Text>{u"AB-Ansage 1:  Alt (010)", u"AB-Ansage 2:  Uralt (020)",
+                                 u"AB-Ansage 3:  Neu (1)"}));
+    EXPECT_EQ(program.List.AnzTreffer, u"3");
+}
+
 TEST_F(LoadingWithAnOpenList, ATickedBoxListsTheNewRegister) {
     Load("mnuDateiLoadCSV", NewCsv());
     EXPECT_EQ(program.List.ListResult, Texts{u"AB-Ansage 3:  Neu (1)"});
