@@ -66,8 +66,8 @@ expect '' --preis ''
 # The source, then the target.
 expect 'ALT.PBO|alt.t9t|anrufe.t9a|kontakte.vcf|mit blank.t9t|neu.csv|ordner.x' ''
 expect 'mit blank.t9t' mit
-expect 'ALT.PBO|alt.t9t|handy.pbb|kosten.geb|mit blank.t9t|neu.csv|ordner.x' alt.t9t ''
-expect 'kosten.geb' --unsortiert alt.t9t --ueberschreiben k
+expect 'ALT.PBO|alt.t9t|handy.pbb|kontakte.vcf|kosten.geb|mit blank.t9t|neu.csv|ordner.x' alt.t9t ''
+expect 'kontakte.vcf|kosten.geb' --unsortiert alt.t9t --ueberschreiben k
 expect 'neu.csv' --zeichensatz auto n
 expect 'handy.pbb' a.t9t b.t9t --zusammen h
 expect 'neu.csv' --zusammen = n
@@ -81,7 +81,7 @@ expect 'alt.t9t' --nach csv alt
 # Behind "--" there are no options.
 expect '' -- --u
 expect 'alt.t9t' -- al
-expect 'kosten.geb' -- alt.t9t k
+expect 'kontakte.vcf|kosten.geb' -- alt.t9t k
 
 # It is bound to the program's name.
 if [ "$(complete -p norvik-konverter)" != 'complete -F _norvik_konverter norvik-konverter' ]; then
