@@ -1,9 +1,11 @@
 // Loading and saving entries as CSV and as a 175 phonebook file, against reading the same file
-// line by line and writing the same bytes at once.
+// line by line and writing the same bytes at once; loading a vCard file against loading a CSV file
+// of the same entries.
 #include "base/lines.h"
 #include "benchmarks/registers.h"
 #include "formats/csv/csvformat.h"
 #include "formats/phonebook175/phonebookfile.h"
+#include "formats/vcard/vcard.h"
 #include "tests/support/idledesktop.h"
 
 #include <benchmark/benchmark.h>
@@ -107,6 +109,54 @@ void LoadDoubledCsv_Baseline(benchmark::State& run) {
     }
 }
 BENCHMARK(LoadDoubledCsv_Baseline)->Unit(benchmark::kMicrosecond);
+
+/// A card for each of so many persons, each with a number, in the manner of a telephone.
+FilePath VCardFile(const benchmark::State& run) {
+    const FilePath path = FileNamed("norvik-benchmark.vcf");
+    std::string cards;
+    for (std::int64_t person = 0; person < run.range(0); ++person) {
+        const std::string number = std::to_string(person);
+        cards += "BEGIN:VCARD\r\nVERSION:3.0\r\nN:M\xC3\xBCller" + number +
+                 ";Anna;;;\r\nFN:Anna M\xC3\xBCller" + number + "\r\nTEL;TYPE=CELL:+49 40 1234-" +
+                 number +
+                 "\r\nADR;TYPE=HOME:;;Lange Stra\xC3\x9F"
+                 "e " +
+                 number + ";Hamburg;;20095;\r\nNOTE:Kegelverein\r\nEND:VCARD\r\n";
+    }
+    OutputFile output(path);
+    output.Write(Bytes(cards.begin(), cards.end()));
+    output.Close();
+    return path;
+}
+
+void LoadVCardFile(RegisterState& state, const FilePath& path, Desktop& desktop) {
+    Settings settings;
+    settings.InternationalPrefix = u"0049";
+    norvik::LoadVCard(state, OpenSourceFile(path), settings, desktop);
+}
+
+void LoadVCard(benchmark::State& run) {
+    const FilePath path = VCardFile(run);
+    test::IdleDesktop desktop;
+    RegisterState state;
+    for (auto _ : run) {
+        LoadVCardFile(state, path, desktop);
+    }
+}
+BENCHMARK(LoadVCard)->Apply(EntryCounts);
+
+void LoadVCard_Baseline(benchmark::State& run) {
+    const FilePath path = FileNamed("norvik-benchmark-cards.csv");
+    const Settings settings;
+    test::IdleDesktop desktop;
+    RegisterState state;
+    LoadVCardFile(state, VCardFile(run), desktop);
+    SaveCSV(state, path, desktop);
+    for (auto _ : run) {
+        LoadCSV(state, path, settings, desktop);
+    }
+}
+BENCHMARK(LoadVCard_Baseline)->Apply(EntryCounts);
 
 void SaveCsv(benchmark::State& run) {
     RegisterState state = Entries(run);

@@ -20,11 +20,12 @@ bool LoadRegister(const ConverterOptions& options, Source& source, const Setting
                   RegisterState& state, Desktop& desktop) {
     const FormatRow& row = RowOf(options.From);
     try {
-        return row.Load != nullptr && row.Load(
-                                          state, [&source] { return std::move(source); },
-                                          {.Csv = {.AvoidDoubles = options.AvoidDoubles,
-                                                   .Characters = options.Characters}},
-                                          settings, desktop);
+        return row.Load != nullptr &&
+               row.Load(
+                   state, [&source] { return std::move(source); },
+                   {.Csv = {.AvoidDoubles = options.AvoidDoubles, .Characters = options.Characters},
+                    .VCardCharacters = options.Characters},
+                   settings, desktop);
     } catch (const HardStop&) {
         state.Damage.BrokenEntry = true;
         state.File.Type = state.LoadedModel;

@@ -143,6 +143,11 @@ bool From(const ConverterOptions& options) {
     return options.From == Format;
 }
 
+/// Files in which more than one character set stands.
+bool OfCharacters(const ConverterOptions& options) {
+    return From<FileFormat::Csv>(options) || From<FileFormat::VCard>(options);
+}
+
 bool ToAny(const ConverterOptions& options) {
     return options.Losses && options.What == Task::LoadOnly && !options.To;
 }
@@ -185,7 +190,7 @@ constexpr std::array<OptionRow, 30> Rows = {{
     {"--anfuehrungszeichen", false, Set<&ConverterOptions::Quoted>, To<FileFormat::Csv>, u"für ein Register mit dem Ziel csv"},
     {"--ausschliessen", true, TakeExclusion, To<FileFormat::Ip286>, u"für das Ziel ip286"},
     {"--ohne-doubletten", false, Set<&ConverterOptions::AvoidDoubles>, From<FileFormat::Csv>, u"für eine QUELLE im Format csv"},
-    {"--zeichensatz", true, TakeCharset, From<FileFormat::Csv>, u"für eine QUELLE im Format csv"},
+    {"--zeichensatz", true, TakeCharset, OfCharacters, u"für eine QUELLE im Format csv oder vcard"},
     {"--msn", true, [](Reading& reading, std::string_view value) {
          reading.Options.Msn = TextValue(u"--msn", value);
      }, From<FileFormat::CallList>, u"für eine Anrufliste (.t9a)"},

@@ -103,9 +103,9 @@ bool StartVCard(RegisterState& state, const FilePath& path, const Settings& sett
         state, [&path] { return OpenSourceFile(path); }, settings, desktop);
 }
 
-bool LoadVCardSource(RegisterState& state, const SourceReader& open,
-                     const SourceOptions& /*options*/, const Settings& settings, Desktop& desktop) {
-    return LoadVCardOrReport(state, open, settings, desktop);
+bool LoadVCardSource(RegisterState& state, const SourceReader& open, const SourceOptions& options,
+                     const Settings& settings, Desktop& desktop) {
+    return LoadVCardOrReport(state, open, settings, desktop, options.VCardCharacters);
 }
 
 bool WriteVCardFile(RegisterState& state, const OutputTarget& target,

@@ -29,6 +29,7 @@ enum class FileFormat {
 /// What the user decides of a load.
 struct SourceOptions {
     CsvLoadOptions Csv = {};
+    Charset VCardCharacters = Charset::Automatic;  ///< of properties that declare none
 };
 
 /// What the user decides of a written file.

@@ -2,6 +2,7 @@
 // docs/formats/vcard.md describes the file.
 #pragma once
 
+#include "base/charset.h"
 #include "base/desktop.h"
 #include "formats/common/loadprogress.h"
 #include "formats/common/sourcefile.h"
@@ -24,8 +25,9 @@ inline constexpr TextView Type = u"vCard";
 /// shows the file and what is to be said of it. Gives false, after a message, when it holds no
 /// number that could be dialled; the register is as it was then. Raises what reading the file
 /// raises; where numbers have been read by then, they and the current file stand beside the old
-/// count, see LoadOrReport.
+/// count, see LoadOrReport. `characters` is the character set of the properties that declare none.
 bool LoadVCard(RegisterState& state, Source source, const Settings& settings, Desktop& desktop,
+               Charset characters = Charset::Automatic,
                const Clock& clock = std::chrono::steady_clock::now);
 
 }  // namespace norvik

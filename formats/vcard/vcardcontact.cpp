@@ -41,20 +41,34 @@ bool Says(const VCardAddress& address) {
 
 /// Several given names, which version 3.0 separates by commas, become one text.
 SimplifiedText NamesOf(std::string_view piece, VCardCharset charset) {
+    if (piece.find_first_of(",\\") == std::string_view::npos) {
+        return VCardLine(piece, charset);
+    }
     std::string names;
+    std::string room;
     while (!piece.empty()) {
-        const std::string name = Unescaped(TakeVCardPiece(piece, ','));
+        const std::string_view name = Unescaped(TakeVCardPiece(piece, ','), room);
         names.append(names.empty() || name.starts_with(' ') ? "" : " ").append(name);
     }
     return VCardLine(names, charset);
 }
 
-/// The next component of a structured value.
-SimplifiedText NextLine(std::string_view& rest, VCardCharset charset) {
-    return VCardLine(Unescaped(TakeVCardPiece(rest, ';')), charset);
+VCardCharset CharsetNamed(Charset characters) {
+    switch (characters) {
+    case Charset::Utf8:
+        return VCardCharset::Utf8;
+    case Charset::Windows1252:
+        return VCardCharset::Windows1252;
+    case Charset::Automatic:
+        break;
+    }
+    return VCardCharset::Undeclared;
 }
 
 }  // namespace
+
+VCardReader::VCardReader(InputStream& input, Charset characters)
+    : lines_(input), preset_(CharsetNamed(characters)) {}
 
 bool VCardReader::Next(VCardContact& contact) {
     if (std::exchange(hasBegun_, false)) {
@@ -78,7 +92,7 @@ bool VCardReader::Begin(Place place, VCardContact& contact) {
     contact = {};
     kindOfGroup_.clear();
     place_ = place;
-    isUtf8_ = lines_.IsMarked();
+    charset_ = lines_.IsMarked() ? VCardCharset::Utf8 : preset_;
     hasAddress_ = false;
     hasPreferred_ = false;
     agentFollows_ = false;
@@ -132,31 +146,31 @@ bool VCardReader::TakeEdge(VCardName edge, VCardContact& contact) {
 }
 
 VCardCharset VCardReader::CharsetOf(const VCardProperty& property) const {
+    if (property.Parameters.empty()) {
+        return charset_;
+    }
     const VCardCharset declared = VCardCharsetOf(ParameterOf(property, "CHARSET"));
-    return declared == VCardCharset::Undeclared && isUtf8_ ? VCardCharset::Utf8 : declared;
+    return declared == VCardCharset::Undeclared ? charset_ : declared;
 }
 
 void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardContact& contact) {
     const VCardCharset charset = CharsetOf(property);
     const VCardTransfer transfer = TransferOf(property);
-    std::string room;
-    std::string_view value = property.Value;
-    if (transfer != VCardTransfer::Plain) {
-        room = TransferredBytes(value, transfer);
-        value = room;
-    }
+    std::string_view value = TransferredBytes(property.Value, transfer, transferred_);
     switch (what) {
     case VCardName::Version:
-        isUtf8_ = isUtf8_ || TrimmedBytes(value).starts_with('4');
+        if (charset_ == VCardCharset::Undeclared && TrimmedBytes(value).starts_with('4')) {
+            charset_ = VCardCharset::Utf8;
+        }
         break;
     case VCardName::Name:
         TakeName(value, charset, contact);
         break;
     case VCardName::FullName:
-        TakeFirst(contact.FullName, VCardLine(Unescaped(value), charset));
+        TakeFirst(contact.FullName, VCardLine(Unescaped(value, unescaped_), charset));
         break;
     case VCardName::Nickname:
-        TakeFirst(contact.Nickname, VCardLine(Unescaped(value), charset));
+        TakeFirst(contact.Nickname, VCardLine(Unescaped(value, unescaped_), charset));
         break;
     case VCardName::Organisation:
         if (contact.Organisation.Value.empty()) {
@@ -168,16 +182,16 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
         TakeAddress(property, value, charset, contact);
         break;
     case VCardName::Label:
-        TakeFirst(contact.Label, VCardText(Unescaped(value), charset));
+        TakeFirst(contact.Label, VCardText(Unescaped(value, unescaped_), charset));
         break;
     case VCardName::Mail:
-        TakeFirst(contact.Mail, VCardLine(Unescaped(value), charset));
+        TakeFirst(contact.Mail, VCardLine(Unescaped(value, unescaped_), charset));
         break;
     case VCardName::Note:
-        Append(contact.Note, VCardText(Unescaped(value), charset));
+        Append(contact.Note, VCardText(Unescaped(value, unescaped_), charset));
         break;
     case VCardName::Number:
-        TakeNumber(property, contact);
+        TakeNumber(property, value, charset, contact);
         break;
     case VCardName::GroupLabel:
         TakeLabel(property);
@@ -192,14 +206,18 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
     }
 }
 
-void VCardReader::TakeName(std::string_view value, VCardCharset charset,
-                           VCardContact& contact) const {
+void VCardReader::TakeName(std::string_view value, VCardCharset charset, VCardContact& contact) {
     if (!contact.Family.Value.empty() || !contact.Given.Value.empty()) {
         return;
     }
     contact.Family = NamesOf(TakeVCardPiece(value, ';'), charset);
     contact.Given = NamesOf(TakeVCardPiece(value, ';'), charset);
     contact.Additional = NamesOf(TakeVCardPiece(value, ';'), charset);
+}
+
+/// The next component of a structured value.
+SimplifiedText VCardReader::NextLine(std::string_view& rest, VCardCharset charset) {
+    return VCardLine(Unescaped(TakeVCardPiece(rest, ';'), unescaped_), charset);
 }
 
 void VCardReader::TakeAddress(const VCardProperty& property, std::string_view value,
@@ -220,9 +238,9 @@ void VCardReader::TakeAddress(const VCardProperty& property, std::string_view va
     }
 }
 
-void VCardReader::TakeNumber(const VCardProperty& property, VCardContact& contact) {
-    const std::string value = Unescaped(TransferredBytes(property.Value, TransferOf(property)));
-    Text number = VCardNumberText(value, CharsetOf(property)).Value;
+void VCardReader::TakeNumber(const VCardProperty& property, std::string_view value,
+                             VCardCharset charset, VCardContact& contact) {
+    Text number = VCardNumberText(Unescaped(value, unescaped_), charset).Value;
     if (number.empty()) {
         return;
     }
@@ -245,6 +263,9 @@ void VCardReader::TakeLabel(const VCardProperty& property) {
 
 /// A label stands before or behind its number.
 void VCardReader::Finish(VCardContact& contact) const {
+    if (kindOfGroup_.empty()) {
+        return;
+    }
     for (VCardNumber& number : contact.Numbers) {
         const auto label = kindOfGroup_.find(number.Group);
         if (!number.Group.empty() && label != kindOfGroup_.end()) {

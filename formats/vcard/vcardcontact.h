@@ -2,6 +2,7 @@
 // it, and the reader that takes contacts from a file one by one.
 #pragma once
 
+#include "base/charset.h"
 #include "base/simplify.h"
 #include "formats/vcard/vcardkind.h"
 #include "formats/vcard/vcardlines.h"
@@ -59,8 +60,9 @@ inline constexpr std::size_t LongestVCardNumber = 100;
 /// card are passed over; a card in a card is passed over, too, it tells of somebody else.
 class VCardReader {
   public:
-    /// `input` must live as long as the reader.
-    explicit VCardReader(InputStream& input) : lines_(input) {}
+    /// `input` must live as long as the reader. `characters` is the character set of the properties
+    /// that declare none, in a file without a byte order mark.
+    explicit VCardReader(InputStream& input, Charset characters = Charset::Automatic);
 
     /// Puts the next contact into `contact`; false at the end. Raises what reading raises.
     bool Next(VCardContact& contact);
@@ -77,10 +79,12 @@ class VCardReader {
     bool Take(const VCardProperty& property, VCardContact& contact);
     bool TakeEdge(VCardName edge, VCardContact& contact);
     void TakeText(VCardName what, const VCardProperty& property, VCardContact& contact);
-    void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact) const;
+    void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact);
+    SimplifiedText NextLine(std::string_view& rest, VCardCharset charset);
     void TakeAddress(const VCardProperty& property, std::string_view value, VCardCharset charset,
                      VCardContact& contact);
-    void TakeNumber(const VCardProperty& property, VCardContact& contact);
+    void TakeNumber(const VCardProperty& property, std::string_view value, VCardCharset charset,
+                    VCardContact& contact);
     void TakeLabel(const VCardProperty& property);
     [[nodiscard]] VCardCharset CharsetOf(const VCardProperty& property) const;
     bool Begin(Place place, VCardContact& contact);
@@ -88,9 +92,12 @@ class VCardReader {
 
     VCardLines lines_;
     std::string line_;
+    std::string transferred_;  ///< a value that stands otherwise in the line
+    std::string unescaped_;    ///< a piece of a value
     Place place_ = Place::Outside;
     bool hasBegun_ = false;  ///< the next card, whose first line has been read
-    bool isUtf8_ = false;    ///< by the card's version
+    VCardCharset preset_;    ///< of properties that declare none
+    VCardCharset charset_ = VCardCharset::Undeclared;  ///< of those of this card
     bool hasAddress_ = false;
     bool hasPreferred_ = false;  ///< … address
     bool agentFollows_ = false;  ///< the line before announces a card in the card

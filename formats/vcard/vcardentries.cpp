@@ -114,6 +114,29 @@ class Brackets {
     long long last_ = 1;
 };
 
+/// Finds a number among those that have been taken. A few are looked through, more have a table.
+class PlacesOfNumbers {
+  public:
+    explicit PlacesOfNumbers(std::size_t most) : areFew_(most <= Few) {}
+
+    /// The place of the number; that of a new one is behind all others.
+    template <typename Numbers>
+    std::size_t Of(const Text& dialled, const Numbers& numbers) {
+        if (!areFew_) {
+            return table_.try_emplace(dialled, numbers.size()).first->second;
+        }
+        const auto found =
+            std::find_if(numbers.begin(), numbers.end(),
+                         [&dialled](const auto& number) { return number.Dialled == dialled; });
+        return static_cast<std::size_t>(found - numbers.begin());
+    }
+
+  private:
+    static constexpr std::size_t Few = 8;
+    bool areFew_;
+    std::unordered_map<Text, std::size_t> table_;
+};
+
 }  // namespace
 
 SimplifiedText VCardContactName(const VCardContact& contact) {
@@ -158,6 +181,10 @@ Text VCardEntries::OwnCountryOf(const Settings& settings) {
     return OwnCountryCode(settings);
 }
 
+void VCardEntries::Reserve() {
+    Entries.reserve(RegisterPlaces);
+}
+
 void VCardEntries::Take(const VCardContact& contact) {
     const SimplifiedText name = VCardContactName(contact);
     if (!contact.IsWhole) {
@@ -200,7 +227,7 @@ void VCardEntries::Take(const VCardContact& contact) {
 std::vector<VCardEntries::Number> VCardEntries::NumbersOf(const VCardContact& contact,
                                                           TextView name) {
     std::vector<Number> numbers;
-    std::unordered_map<Text, std::size_t> places;
+    PlacesOfNumbers places(contact.Numbers.size());
     for (const VCardNumber& number : contact.Numbers) {
         const DialledNumber dialled = Dialled(number.Number, ownCountry_);
         if (dialled.Number.empty()) {
@@ -221,11 +248,11 @@ std::vector<VCardEntries::Number> VCardEntries::NumbersOf(const VCardContact& co
         if (dialled.LeftOut) {
             Note(u"Zusatz der Rufnummer weggelassen: ", name, number.Number);
         }
-        const auto [place, isNew] = places.try_emplace(dialled.Number, numbers.size());
-        if (isNew) {
+        const std::size_t place = places.Of(dialled.Number, numbers);
+        if (place == numbers.size()) {
             numbers.push_back({dialled.Number, number.Kind});
-        } else if (numbers[place->second].Kind == NumberKind::Unknown) {
-            numbers[place->second].Kind = number.Kind;
+        } else if (numbers[place].Kind == NumberKind::Unknown) {
+            numbers[place].Kind = number.Kind;
         }
     }
     if (contact.NumbersLeftOut > 0) {

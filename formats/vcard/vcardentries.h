@@ -17,6 +17,8 @@ class VCardEntries {
     explicit VCardEntries(const Settings& settings) : ownCountry_(OwnCountryOf(settings)) {}
 
     void Take(const VCardContact& contact);
+    /// Makes room for as many entries as there are places.
+    void Reserve();
 
     std::vector<RegisterEntry> Entries;
     LongReport Report;    ///< lines ended by CR LF

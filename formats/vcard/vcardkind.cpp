@@ -27,9 +27,32 @@ constexpr std::array<KindRow, 21> Kinds = {{
     {"zu hause", NumberKind::Home},
 }};
 
+/// The types that most numbers have, to be found without looking for parts.
+constexpr std::array<KindRow, 5> CommonTypes = {{{"cell", NumberKind::Mobile},
+                                                 {"home", NumberKind::Home},
+                                                 {"work", NumberKind::Work},
+                                                 {"voice", NumberKind::Unknown},
+                                                 {"pref", NumberKind::Unknown}}};
+
+/// A type of the user's own, in quoted-printable within its brackets, as some telephones write.
+std::optional<std::string_view> CustomType(std::string_view parameters) {
+    constexpr std::string_view Custom = "x-custom(";
+    if (parameters.find('(') == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::size_t custom = LoweredAscii(parameters).find(Custom);
+    return custom == std::string::npos ? std::nullopt
+                                       : std::optional(parameters.substr(custom + Custom.size()));
+}
+
 }  // namespace
 
 NumberKind NumberKindOf(std::string_view words) {
+    for (const auto& [type, kind] : CommonTypes) {
+        if (EqualsIgnoringCase(words, type)) {
+            return kind;
+        }
+    }
     const std::string lowered = LoweredAscii(words);
     const auto* found = std::find_if(Kinds.begin(), Kinds.end(), [&lowered](const KindRow& row) {
         return lowered.find(row.Part) != std::string::npos;
@@ -42,12 +65,9 @@ NumberKind NumberKindOf(std::string_view words) {
 }
 
 NumberKind NumberKindOf(const VCardProperty& property) {
-    // A type of the user's own, in quoted-printable within its brackets, as some telephones write.
-    constexpr std::string_view Custom = "x-custom(";
-    const std::size_t custom = LoweredAscii(property.Parameters).find(Custom);
-    if (custom != std::string::npos) {
-        return NumberKindOf(TransferredBytes(property.Parameters.substr(custom + Custom.size()),
-                                             VCardTransfer::QuotedPrintable));
+    if (const auto custom = CustomType(property.Parameters)) {
+        std::string room;
+        return NumberKindOf(TransferredBytes(*custom, VCardTransfer::QuotedPrintable, room));
     }
     NumberKind kind = NumberKind::Unknown;
     VCardParameters parameters(property.Parameters);

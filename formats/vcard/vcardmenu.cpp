@@ -39,9 +39,9 @@ void mnuDateiSaveVCard(RegisterState& state, const Settings& settings, Desktop& 
 }
 
 bool LoadVCardOrReport(RegisterState& state, const SourceReader& open, const Settings& settings,
-                       Desktop& desktop) {
+                       Desktop& desktop, Charset characters) {
     bool hasNumbers = false;
-    const auto load = [&] { hasNumbers = LoadVCard(state, open(), settings, desktop); };
+    const auto load = [&] { hasNumbers = LoadVCard(state, open(), settings, desktop, characters); };
     const auto report = [&desktop](const RuntimeError& error) {
         ReportUndefinedError(u"mnuDateiLoadVCard", error, desktop);
     };

@@ -1,6 +1,7 @@
 // The menu items of the vCard file: loading and saving.
 #pragma once
 
+#include "base/charset.h"
 #include "base/desktop.h"
 #include "formats/common/sourcefile.h"
 #include "register/register.h"
@@ -17,8 +18,8 @@ void mnuDateiLoadVCard(RegisterState& state, const Settings& settings, Desktop& 
 void mnuDateiSaveVCard(RegisterState& state, const Settings& settings, Desktop& desktop);
 
 /// Loads a vCard file, neither sorted nor shown; a failure is reported as that of
-/// mnuDateiLoadVCard. Gives whether the file was loaded.
+/// mnuDateiLoadVCard. Gives whether the file was loaded. `characters` is as for LoadVCard.
 bool LoadVCardOrReport(RegisterState& state, const SourceReader& open, const Settings& settings,
-                       Desktop& desktop);
+                       Desktop& desktop, Charset characters = Charset::Automatic);
 
 }  // namespace norvik

@@ -94,7 +94,7 @@ Text WithoutPercents(TextView address) {
 /// A number without what stands behind it as ";name=value".
 struct Stripped {
     Text Number;
-    bool HasExtension = false;
+    bool HasExtension = false;  ///< or something else that is not dialled
 };
 
 Stripped WithoutParameters(TextView number) {
@@ -125,6 +125,12 @@ Stripped WithoutParameters(TextView number) {
 
 Stripped WithoutAddress(TextView number) {
     number = TrimBlanks(number);
+    if (number.find_first_of(u":;@") == TextView::npos) {
+        return {.Number = Text(number)};
+    }
+    if (const std::size_t host = number.find(u'@'); host != TextView::npos) {  // of "sip:"
+        return {.Number = Text(number.substr(0, host)), .HasExtension = true};
+    }
     for (const TextView scheme : {u"tel:", u"callto:"}) {
         if (LowerCase(number.substr(0, scheme.size())) == scheme) {
             return WithoutParameters(WithoutPercents(number.substr(scheme.size())));
@@ -136,8 +142,8 @@ Stripped WithoutAddress(TextView number) {
 /// Goes through a number from left to right.
 class Dialling {
   public:
-    Dialling(TextView number, DialledNumber& result)
-        : number_(number), result_(result), inLetters_(IsGivenInLetters(number)) {
+    Dialling(TextView number, DialledNumber& result) : number_(number), result_(result) {
+        Digits.reserve(number.size());
         while (place_ < number_.size()) {
             Take();
         }
@@ -177,7 +183,8 @@ class Dialling {
         const bool mayOpen =
             Digits.empty() || Digits == u"0" || Digits.back() == u'#' || Digits.back() == u'*';
         if (!HasPlus && mayOpen) {
-            Code = std::exchange(Digits, Text());
+            Code = Digits;
+            Digits.clear();
             HasPlus = true;
         } else if (!Digits.empty()) {  // another number begins
             EndHere();
@@ -209,7 +216,7 @@ class Dialling {
         } else if (!Digits.empty() && IsExtensionWord(word) && IsDigit(At(behind))) {
             EndHere();
             return;
-        } else if (inLetters_) {
+        } else if (IsGivenInLetters(number_)) {
             std::transform(word.begin(), word.end(), std::back_inserter(Digits), KeyOf);
             result_.LettersAsDigits = true;
         } else {
@@ -243,7 +250,6 @@ class Dialling {
 
     TextView number_;
     DialledNumber& result_;
-    bool inLetters_;
     std::size_t place_ = 0;
 };
 
@@ -260,8 +266,8 @@ DialledNumber Dialled(TextView number, TextView ownCountry) {
     DialledNumber result;
     const Stripped stripped = WithoutAddress(number);
     result.LeftOut = stripped.HasExtension;
-    const Dialling dialling(stripped.Number, result);
-    Text digits = dialling.Digits;
+    Dialling dialling(stripped.Number, result);
+    Text& digits = dialling.Digits;
     while (!digits.empty() && (digits.back() == u'p' || digits.back() == u'w')) {
         digits.pop_back();
     }
@@ -275,7 +281,8 @@ DialledNumber Dialled(TextView number, TextView ownCountry) {
         digits.insert(0, u"00");
         result.PlusWithoutCountry = ownCountry.empty();
     }
-    result.Number = dialling.Code + digits;
+    digits.insert(0, dialling.Code);
+    result.Number = std::move(digits);
     return result;
 }
 

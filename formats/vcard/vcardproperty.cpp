@@ -12,12 +12,13 @@ char Lowered(char byte) {
 }
 
 /// The place of the first of the characters that stands outside quotes; npos where there is none.
-std::size_t FindOutsideQuotes(std::string_view text, std::string_view sought) {
+template <char... Sought>
+std::size_t FindOutsideQuotes(std::string_view text) {
     bool quoted = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '"') {
             quoted = !quoted;
-        } else if (!quoted && sought.find(text[i]) != std::string_view::npos) {
+        } else if (!quoted && ((text[i] == Sought) || ...)) {
             return i;
         }
     }
@@ -83,8 +84,11 @@ std::string FromBase64(std::string_view value) {
 }  // namespace
 
 std::optional<VCardProperty> SplitVCardProperty(std::string_view line) {
-    std::size_t nameEnd = line.find_first_of(":;");
-    if (nameEnd == std::string_view::npos) {
+    std::size_t nameEnd = 0;
+    while (nameEnd < line.size() && line[nameEnd] != ':' && line[nameEnd] != ';') {
+        ++nameEnd;
+    }
+    if (nameEnd == line.size()) {
         return std::nullopt;
     }
     VCardProperty property;
@@ -95,7 +99,7 @@ std::optional<VCardProperty> SplitVCardProperty(std::string_view line) {
         property.Name.remove_prefix(point + 1);
     }
     line.remove_prefix(nameEnd);
-    std::size_t colon = FindOutsideQuotes(line, ":");
+    std::size_t colon = FindOutsideQuotes<':'>(line);
     if (colon == std::string_view::npos) {
         colon = line.find(':');
     }
@@ -145,13 +149,13 @@ std::optional<VCardParameters::Parameter> VCardParameters::Next() {
     }
     if (!inList_) {
         name_ = {};
-        const std::size_t equals = FindOutsideQuotes(rest_, "=;,");
+        const std::size_t equals = FindOutsideQuotes<'=', ';', ','>(rest_);
         if (equals != std::string_view::npos && rest_[equals] == '=') {
             name_ = TrimmedBytes(rest_.substr(0, equals));
             rest_.remove_prefix(equals + 1);
         }
     }
-    const std::size_t end = std::min(FindOutsideQuotes(rest_, ";,"), rest_.size());
+    const std::size_t end = std::min(FindOutsideQuotes<';', ','>(rest_), rest_.size());
     const std::string_view value = rest_.substr(0, end);
     inList_ = end < rest_.size() && rest_[end] == ',';
     rest_.remove_prefix(std::min(end + 1, rest_.size()));
@@ -175,16 +179,19 @@ VCardTransfer TransferOf(const VCardProperty& property) {
     return VCardTransfer::Plain;
 }
 
-std::string TransferredBytes(std::string_view value, VCardTransfer transfer) {
+std::string_view TransferredBytes(std::string_view value, VCardTransfer transfer,
+                                  std::string& room) {
     switch (transfer) {
     case VCardTransfer::QuotedPrintable:
-        return FromQuotedPrintable(value);
+        room = FromQuotedPrintable(value);
+        return room;
     case VCardTransfer::Base64:
-        return FromBase64(value);
+        room = FromBase64(value);
+        return room;
     case VCardTransfer::Plain:
         break;
     }
-    return std::string(value);
+    return value;
 }
 
 std::string_view ParameterOf(const VCardProperty& property, std::string_view name) {
@@ -207,10 +214,13 @@ std::string_view TakeVCardPiece(std::string_view& rest, char separator) {
     return piece;
 }
 
-std::string Unescaped(std::string_view piece) {
+std::string_view Unescaped(std::string_view piece, std::string& room) {
     constexpr std::string_view Escaped = ",;:\\\"";
-    std::string bytes;
-    bytes.reserve(piece.size());
+    if (piece.find('\\') == std::string_view::npos) {
+        return piece;
+    }
+    std::string& bytes = room;
+    bytes.clear();
     for (std::size_t i = 0; i < piece.size(); ++i) {
         const char next = i + 1 < piece.size() ? piece[i + 1] : '\0';
         if (piece[i] != '\\' || (Lowered(next) != 'n' && Escaped.find(next) == Escaped.npos)) {
@@ -224,7 +234,8 @@ std::string Unescaped(std::string_view piece) {
 }
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(),
                       [](char left, char right) { return Lowered(left) == Lowered(right); });
 }
 
@@ -235,11 +246,14 @@ std::string LoweredAscii(std::string_view bytes) {
 }
 
 std::string_view TrimmedBytes(std::string_view bytes) {
-    const std::size_t first = bytes.find_first_not_of(" \t");
-    if (first == std::string_view::npos) {
-        return {};
+    const auto isBlank = [](char byte) { return byte == ' ' || byte == '\t'; };
+    while (!bytes.empty() && isBlank(bytes.front())) {
+        bytes.remove_prefix(1);
     }
-    return bytes.substr(first, bytes.find_last_not_of(" \t") - first + 1);
+    while (!bytes.empty() && isBlank(bytes.back())) {
+        bytes.remove_suffix(1);
+    }
+    return bytes;
 }
 
 }  // namespace norvik

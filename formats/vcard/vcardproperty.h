@@ -64,8 +64,10 @@ class VCardParameters {
 enum class VCardTransfer { Plain, QuotedPrintable, Base64 };
 VCardTransfer TransferOf(const VCardProperty& property);
 
-/// The value's bytes as they were; those of a damaged value as far as they can be told.
-std::string TransferredBytes(std::string_view value, VCardTransfer transfer);
+/// The value's bytes as they were; those of a damaged value as far as they can be told. They stand
+/// in the value itself or in `room`.
+std::string_view TransferredBytes(std::string_view value, VCardTransfer transfer,
+                                  std::string& room);
 
 /// The value of the parameter, or nothing.
 std::string_view ParameterOf(const VCardProperty& property, std::string_view name);
@@ -74,8 +76,9 @@ std::string_view ParameterOf(const VCardProperty& property, std::string_view nam
 /// further one.
 std::string_view TakeVCardPiece(std::string_view& rest, char separator);
 
-/// `piece` with "\n", "\,", "\;", "\:" and "\\" as what they stand for.
-std::string Unescaped(std::string_view piece);
+/// `piece` with "\n", "\,", "\;", "\:" and "\\" as what they stand for; in the piece itself or in
+/// `room`.
+std::string_view Unescaped(std::string_view piece, std::string& room);
 
 /// Compares ASCII letters without regard to case.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);

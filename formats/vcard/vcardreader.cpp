@@ -16,10 +16,12 @@ struct ReadContacts {
 };
 
 /// Reads as far as it goes.
-void ReadAll(ReadContacts& read, InputStream& input, Desktop& desktop, const Clock& clock) {
+void ReadAll(ReadContacts& read, InputStream& input, Charset characters, Desktop& desktop,
+             const Clock& clock) {
     const auto size = static_cast<std::size_t>(input.Size().value_or(0));
+    read.Entries.Reserve();
     LoadProgress progress(u"vCard-Datei", size, desktop, clock);
-    VCardReader reader(input);
+    VCardReader reader(input, characters);
     VCardContact contact;
     try {
         while (reader.Next(contact)) {
@@ -59,9 +61,9 @@ void FillRegister(RegisterState& state, std::vector<RegisterEntry>& entries) {
 }  // namespace
 
 bool LoadVCard(RegisterState& state, Source source, const Settings& settings, Desktop& desktop,
-               const Clock& clock) {
+               Charset characters, const Clock& clock) {
     ReadContacts read{.Entries = VCardEntries(settings)};
-    ReadAll(read, source.Content, desktop, clock);
+    ReadAll(read, source.Content, characters, desktop, clock);
     if (read.Entries.Entries.empty()) {
         if (read.Failure) {
             throw RuntimeError(*read.Failure);

@@ -110,8 +110,34 @@ char32_t NumberPoint(char32_t point) {
     return isBlank ? U' ' : point;
 }
 
+/// Printable ASCII without anything to tidy.
+bool IsPlain(std::string_view bytes) {
+    char last = ' ';
+    for (const char byte : bytes) {
+        const auto code = static_cast<Byte>(byte);
+        if (code < ' ' || code > '~' || (byte == ' ' && last == ' ')) {
+            return false;
+        }
+        last = byte;
+    }
+    return bytes.empty() || last != ' ';
+}
+
+bool IsTidy(TextView text) {
+    char16_t last = u' ';
+    for (const char16_t character : text) {
+        if (IsGap(character) && (character != u' ' || last == u' ')) {
+            return false;
+        }
+        last = character;
+    }
+    return text.empty() || last != u' ';
+}
+
 SimplifiedText Tidy(SimplifiedText text) {
-    text.Value = Tidied(text.Value);
+    if (!IsTidy(text.Value)) {
+        text.Value = Tidied(text.Value);
+    }
     return text;
 }
 
@@ -144,6 +170,9 @@ VCardCharset VCardCharsetOf(std::string_view name) {
 }
 
 SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
+    if (IsPlain(bytes)) {
+        return {.Value = Text(bytes.begin(), bytes.end())};
+    }
     if (IsAscii(bytes)) {
         return {.Value = Tidied(Text(bytes.begin(), bytes.end()))};
     }

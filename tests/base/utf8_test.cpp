@@ -47,6 +47,15 @@ TEST(ToUtf8, WritesOneTwoAndThreeBytes) {
     EXPECT_EQ(ToUtf8(u"\x007F\x0080"), "\x7F\xC2\x80");
 }
 
+TEST(AppendUtf8, WritesFourBytesBehindTheFirst65536Points) {
+    std::string utf8 = "a";
+    AppendUtf8(utf8, 0xFFFF);
+    AppendUtf8(utf8, 0x10000);
+    AppendUtf8(utf8, 0x1F600);
+    AppendUtf8(utf8, 0x10FFFF);
+    EXPECT_EQ(utf8, "a\xEF\xBF\xBF\xF0\x90\x80\x80\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF");
+}
+
 TEST(FromUtf8, ReadsEveryCharacterOfTheRepertoireBack) {
     for (int byte = 0; byte < 256; ++byte) {
         const Text text(2, CharacterOf(static_cast<Byte>(byte)));

@@ -163,6 +163,24 @@ TEST_F(ConverterOption, ZeichensatzTellsHowTheSourceIsRead) {
                                        folder / "alt.csv"));
 }
 
+TEST_F(ConverterOption, ZeichensatzIsThatOfAVCardsPropertiesWithoutOne) {
+    const auto names = [this](const std::string& characters, const std::string& file) {
+        const FilePath cards = folder.Write("alt.vcf", file);
+        const Outcome outcome = RunConverter(
+            {cards.string(), "-", "--nach=csv", "--still", "--zeichensatz=" + characters});
+        const std::string output = StringOf(outcome.Output);
+        const std::size_t line = output.find('\n') + 1;
+        return output.substr(line, output.find(';', line) - line);
+    };
+    const std::string utf8 = "BEGIN:VCARD\nFN:M\xC3\xBCller\nTEL:1\nEND:VCARD\n";
+    EXPECT_EQ(names("auto", utf8), "M\xFCller");
+    EXPECT_EQ(names("windows-1252", utf8), "M\xC3\xBCller");
+    EXPECT_EQ(names("windows-1252", "\xEF\xBB\xBF" + utf8), "M\xFCller");
+    EXPECT_EQ(names("utf-8", "BEGIN:VCARD\nFN:M\xFCller\nTEL:1\nEND:VCARD\n"), "M?ller");
+    EXPECT_EQ(names("utf-8", "BEGIN:VCARD\nFN;CHARSET=ISO-8859-1:M\xFCller\nTEL:1\nEND:VCARD\n"),
+              "M\xFCller");
+}
+
 TEST_F(ConverterOption, IniGivesThePriceOfTheUnit) {
     const FilePath ini = folder.Write("meine einstellungen", "[common]\r\nUnit=0,25\r\n");
     WindowAnswers answers;

@@ -41,6 +41,21 @@ TEST_F(ConverterProgram, NeedsNoFolderForTemporaryFiles) {
     EXPECT_THAT(FilesIn(folder.Path()), testing::ElementsAre("a.t9t", "b.csv"));
 }
 
+TEST_F(ConverterProgram, ReadsContactsOfAnyLengthFromStandardInput) {
+    std::string cards = "BEGIN:VCARD\nFN:Anna\nTEL:1\nPHOTO;ENCODING=b:";
+    cards.append(std::size_t{65} * 1024 * 1024, 'A');
+    cards += "\nEND:VCARD\nBEGIN:VCARD\nFN:Bernd\nTEL:2\nEND:VCARD";
+    const Outcome outcome =
+        Run({"-", "-", "--von=vcard", "--nach=csv"}, {.Input = Bytes(cards.begin(), cards.end())});
+    EXPECT_EQ(outcome.Status, 0);
+    const std::string table = StringOf(outcome.Output);
+    const std::size_t first = table.find('\n') + 1;
+    const std::size_t second = table.find('\n', first) + 1;
+    EXPECT_EQ(table.substr(first, 7), "Anna;1;");
+    EXPECT_EQ(table.substr(second, 8), "Bernd;2;");
+    EXPECT_EQ(table.find('\n', second) + 1, table.size());
+}
+
 TEST_F(ConverterProgram, ReadsStandardInputUpTo64MiB) {
     // Behind a strange header the first byte ends the list.
     const Bytes most(MaximumFileSize, 0);

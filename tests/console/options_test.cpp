@@ -244,7 +244,8 @@ TEST(Options, RefuseWhatWouldChangeNothing) {
         {{"--ausschliessen=1", "b.csv"}, "--ausschliessen gilt nur für das Ziel ip286"},
         {{"--ohne-doubletten", "b.csv"},
          "--ohne-doubletten gilt nur für eine QUELLE im Format csv"},
-        {{"--zeichensatz=utf-8", "b.csv"}, "--zeichensatz gilt nur für eine QUELLE im Format csv"},
+        {{"--zeichensatz=utf-8", "b.csv"},
+         "--zeichensatz gilt nur für eine QUELLE im Format csv oder vcard"},
         {{"--msn=1", "b.csv"}, "--msn gilt nur für eine Anrufliste (.t9a)"},
         {{"--WriteMemNumber", "b.geb"}, "--WriteMemNumber gilt nur für das Ziel simsurf"},
     };

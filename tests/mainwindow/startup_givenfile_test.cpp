@@ -91,6 +91,12 @@ TEST_F(GivenFile, OfThe175AndAsTextAreLoadedByTheirEndingsInAnyCase) {
     Run(text, Folder.Write("A.Csv", "Name;Tel\r\nAnna;111\r\n"));
     EXPECT_EQ(text.Prog.State.File.Type, u"CSV");
     EXPECT_EQ(Names(text.Prog.State), (NameList{u"Anna"}));
+    Start contacts;
+    Run(contacts, Folder.Write("A.VCF", "BEGIN:VCARD\nFN:Anna\nTEL:+49 111\nEND:VCARD\n"),
+        "[common]\r\nCountryCode=49\r\n");
+    EXPECT_EQ(contacts.Prog.State.File.Type, u"vCard");
+    EXPECT_EQ(Names(contacts.Prog.State), (NameList{u"Anna"}));
+    EXPECT_EQ(EntryAt(contacts.Prog.State, 1).Tel, u"0111");
 }
 
 TEST_F(GivenFile, IsNotMistakenForAnotherOfTheSameLetters) {

@@ -1,5 +1,5 @@
-// Start files of the 175 and CSV files as start files: loaded as by their menu items, and reported
-// as by them.
+// Start files of the 175, CSV and vCard files as start files: loaded as by their menu items, and
+// reported as by them.
 
 #include "mainwindow/startup.h"
 
@@ -20,6 +20,8 @@ const std::string Identification = "norvik 175 phonebook\r\n";
 const std::string NoInfo = "I=\r\nI=\r\nI=\r\nI=\r\nI=\r\nI=\r\n";
 const std::string Bernd = "N=Bernd\r\nP=2\r\n" + NoInfo;
 const std::string Anna = "N=Anna\r\nP=1\r\nI=()\r\nI=\r\nI=\r\nI=\r\nI=\r\nI=\r\n";
+const std::string Cards = "BEGIN:VCARD\nFN:Bernd\nTEL:2\nEND:VCARD\n"
+                          "BEGIN:VCARD\nFN:Anna\nTEL:1\nEND:VCARD\n";
 const std::string Table = "Name;Tel;Info1\r\nBernd;2\r\nAnna;1;()\r\n";
 
 /// The reading of a phonebook file, and of a CSV file, without findings.
@@ -104,6 +106,25 @@ TEST_F(TextStartFile, OfCsvIsLoadedSortedAndItsFirstEntryShown) {
     EXPECT_TRUE(Prog.State.RegisterSaved);
     EXPECT_TRUE(Prog.State.WarnLineAccessZero);
     EXPECT_EQ(Prog.Set.StartFile, u"");
+}
+
+TEST_F(TextStartFile, OfContactsIsLoadedSortedAndItsFirstEntryShown) {
+    ExpectAt("reg.vcf", Cards, Concat({ReadingCSV, SortWithOneSwap, FirstEntry}));
+    EXPECT_EQ(Names(Prog.State), (NameList{u"Anna", u"Bernd"}));
+    EXPECT_EQ(Prog.State.AnzNr, 1);
+    EXPECT_EQ(Prog.State.LoadedModel, u"");
+    EXPECT_EQ(Prog.State.File.Type, u"vCard");
+    EXPECT_EQ(Prog.State.File.Path, Folder / "reg.vcf");
+    EXPECT_TRUE(Prog.State.RegisterSaved);
+    EXPECT_TRUE(Prog.State.WarnLineAccessZero);
+    EXPECT_EQ(Prog.Set.StartFile, u"");
+}
+
+TEST_F(TextStartFile, OfTheCommandLineMayBeOfContacts) {
+    const FilePath path = Folder.Write("reg.vcf", Cards);
+    StartUp(Prog, u"/l" + TextFromPath(path), Desktop);
+    EXPECT_EQ(Names(Prog.State), (NameList{u"Anna", u"Bernd"}));
+    EXPECT_EQ(Prog.State.File.Type, u"vCard");
 }
 
 TEST_F(TextStartFile, MayHaveItsEndingInAnyCase) {

@@ -69,6 +69,14 @@ TEST(Dialled, TakesAddressesApart) {
     EXPECT_EQ(Number(u"tel:123;phone-context=example.com;isub=9"), u"123");
 }
 
+TEST(Dialled, DialsNoDigitsOfAHost) {
+    const DialledNumber dialled = Dialled(u"sip:+49-40-1@192.168.1.1;user=phone", u"49");
+    EXPECT_EQ(dialled.Number, u"0401");
+    EXPECT_TRUE(dialled.LeftOut);
+    EXPECT_EQ(Number(u"sip:anna@192.168.1.1"), u"");
+    EXPECT_EQ(Number(u"anna@example1.org"), u"");
+}
+
 TEST(Dialled, DialsLettersByTheirKeys) {
     const DialledNumber dialled = Dialled(u"0800-FLOWERS", u"49");
     EXPECT_EQ(dialled.Number, u"08003569377");

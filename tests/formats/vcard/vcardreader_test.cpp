@@ -143,7 +143,8 @@ TEST(LoadVCard, ShowsHowFarItHasCome) {
     file += "PHOTO:" + std::string(200000, 'x') + "\nEND:VCARD";
     RegisterState state;
     ScriptedDesktop desktop;
-    LoadVCard(state, SourceOf(file), Settings(), desktop, StepClock(std::chrono::seconds(1)));
+    LoadVCard(state, SourceOf(file), Settings(), desktop, Charset::Automatic,
+              StepClock(std::chrono::seconds(1)));
     EXPECT_THAT(desktop.Statuses(),
                 ElementsAre("vCard-Datei wird gelesen... 32 %", "vCard-Datei wird gelesen... 100 %",
                             "vCard-Datei gelesen"));
