@@ -26,7 +26,7 @@ constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Eint
   --ausschliessen TEXT  ohne die Einträge, deren Nummer TEXT enthält (ip286);
                         mehrfach möglich
   --ohne-doubletten     Zeilen auslassen, die der vorigen gleichen (QUELLE csv)
-  --zeichensatz NAME    Zeichensatz (QUELLE csv; vcard, wo keiner angegeben ist):
+  --zeichensatz NAME    Zeichensatz (QUELLE csv; vcard, wo keiner genannt ist):
                         utf-8, windows-1252 oder auto, dann aus der Datei
                         ersehen (so auch ohne diese Option)
   --msn TEXT            MSN aller Anrufe (QUELLE .t9a); sonst 0

@@ -128,8 +128,12 @@ Stripped WithoutAddress(TextView number) {
     if (number.find_first_of(u":;@") == TextView::npos) {
         return {.Number = Text(number)};
     }
-    if (const std::size_t host = number.find(u'@'); host != TextView::npos) {  // of "sip:"
-        return {.Number = Text(number.substr(0, host)), .HasExtension = true};
+    const std::size_t host = std::min(number.find(u'@'), number.size());
+    if (host < number.size() &&
+        (LowerCase(number.substr(0, 3)) == u"sip" ||
+         std::any_of(number.begin() + static_cast<std::ptrdiff_t>(host), number.end(), IsLetter))) {
+        const std::size_t end = std::min(number.find(u';'), host);
+        return {.Number = Text(number.substr(0, end)), .HasExtension = true};
     }
     for (const TextView scheme : {u"tel:", u"callto:"}) {
         if (LowerCase(number.substr(0, scheme.size())) == scheme) {

@@ -138,7 +138,7 @@ std::optional<VCardName> VCardNameOf(std::string_view name) {
         {"X-ADDRESSBOOKSERVER-KIND", VCardName::Kind},
     }};
     const auto* found = std::find_if(Rows.begin(), Rows.end(), [name](const Row& row) {
-        return EqualsIgnoringCase(row.Name, name);
+        return row.Name.size() == name.size() && EqualsIgnoringCase(row.Name, name);
     });
     return found == Rows.end() ? std::nullopt : std::optional(found->What);
 }

@@ -25,8 +25,11 @@ std::u8string Utf8Of(std::string_view bytes) {
 }
 
 bool IsUtf8(std::u8string_view bytes) {
+    constexpr unsigned BehindAscii = 0x80;
     while (!bytes.empty()) {
-        if (!TakeCodePoint(bytes)) {
+        if (bytes.front() < BehindAscii) {
+            bytes.remove_prefix(1);
+        } else if (!TakeCodePoint(bytes)) {
             return false;
         }
     }
@@ -163,6 +166,9 @@ VCardCharset VCardCharsetOf(std::string_view name) {
         {"iso_8859-15", VCardCharset::Latin9},
         {"latin9", VCardCharset::Latin9},
     }};
+    if (name.empty()) {
+        return VCardCharset::Undeclared;
+    }
     const auto* found = std::find_if(Rows.begin(), Rows.end(), [name](const Row& row) {
         return EqualsIgnoringCase(row.Name, name);
     });
@@ -175,6 +181,12 @@ SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
     }
     if (IsAscii(bytes)) {
         return {.Value = Tidied(Text(bytes.begin(), bytes.end()))};
+    }
+    if (charset == VCardCharset::Utf8 || charset == VCardCharset::Undeclared) {
+        const std::u8string utf8 = Utf8Of(bytes);
+        if (charset == VCardCharset::Utf8 || IsUtf8(utf8)) {
+            return Tidy(SimplifyUtf8(utf8));
+        }
     }
     return Tidy(Simplify(PointsOf(bytes, charset)));
 }

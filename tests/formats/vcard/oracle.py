@@ -137,7 +137,7 @@ def main():
                 if len(read.contents.get("tel", [])) < len(expected):
                     print("read otherwise:", data.decode("latin-1"))
                     failures += 1
-            except Exception:  # pylint: disable=broad-except
+            except Exception:
                 unread += 1
         if rows:
             print("left over:", rows)

@@ -75,6 +75,7 @@ TEST(Dialled, DialsNoDigitsOfAHost) {
     EXPECT_TRUE(dialled.LeftOut);
     EXPECT_EQ(Number(u"sip:anna@192.168.1.1"), u"");
     EXPECT_EQ(Number(u"anna@example1.org"), u"");
+    EXPECT_EQ(Number(u"040@1"), u"0401");
 }
 
 TEST(Dialled, DialsLettersByTheirKeys) {
