@@ -17,8 +17,7 @@ TEST(Formats, HaveTheirWords) {
     EXPECT_EQ(SourceOfName("vcard"), FileFormat::VCard);
     EXPECT_EQ(SourceOfName("ip286"), std::nullopt);
     EXPECT_THAT(TargetNames(),
-                ElementsAre("195", "193", "175", "csv", "ip286", "simsurf", "gebuehren",
-                            "vcard"));
+                ElementsAre("195", "193", "175", "csv", "ip286", "simsurf", "gebuehren", "vcard"));
     EXPECT_EQ(TargetOfName("195"), FileFormat::Register195);
     EXPECT_EQ(TargetOfName("193"), FileFormat::Register193);
     EXPECT_EQ(TargetOfName("175"), FileFormat::Phonebook175);

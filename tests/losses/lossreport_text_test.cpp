@@ -345,13 +345,14 @@ TEST(LossReportVCard, AnEntryWithoutANumberDoesNotComeBack) {
 TEST(LossReportVCard, EverythingElse) {
     RegisterEntry entry = Full();
     entry.Info = u"()Büro";
-    EXPECT_THAT(
-        Lines(One(entry), ToVCard),
-        ElementsAre("#2 Müller, Jörg: Exportmarkierung fällt weg",
-                    "#2 Müller, Jörg: individueller Klingelton \"Klingel 3\" fällt weg", "#2 Müller, Jörg: Ansage 3 fällt weg",
-                    "#2 Müller, Jörg: MSN 3 fällt weg", "#2 Müller, Jörg: Anruffilter VIP fällt weg",
-                    "#2 Müller, Jörg: Gebührenzähler (eingeschaltet) fällt weg",
-                    "#2 Müller, Jörg: Gebührenstand 120 fällt weg"));
+    EXPECT_THAT(Lines(One(entry), ToVCard),
+                ElementsAre("#2 Müller, Jörg: Exportmarkierung fällt weg",
+                            "#2 Müller, Jörg: individueller Klingelton \"Klingel 3\" fällt weg",
+                            "#2 Müller, Jörg: Ansage 3 fällt weg",
+                            "#2 Müller, Jörg: MSN 3 fällt weg",
+                            "#2 Müller, Jörg: Anruffilter VIP fällt weg",
+                            "#2 Müller, Jörg: Gebührenzähler (eingeschaltet) fällt weg",
+                            "#2 Müller, Jörg: Gebührenstand 120 fällt weg"));
 }
 
 }  // namespace
