@@ -144,6 +144,9 @@ void DropValues(RegisterEntry& entry) {
 
 void NoteDeviceBytes(TextView before, TextView after, const FieldWords& field,
                      EntryLosses& losses) {
+    if (before == after) {  // of most texts
+        return;
+    }
     const Text changes = ChangedCharacters(before, after);
     if (!changes.empty()) {
         losses.Add(LossKind::DeviceByte,

@@ -25,7 +25,8 @@ void ByteAppender::Block(ByteView block) {
 }
 
 void ByteAppender::String(TextView text) {
-    Block(BytesFromText(text));
+    Number(static_cast<std::int64_t>(text.size()), LengthSize);
+    AppendBytes(bytes_, text);
 }
 
 ByteView ByteTaker::Take(std::uint64_t count) {

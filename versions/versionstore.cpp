@@ -172,6 +172,9 @@ bool PrepareVersionFolder(const FilePath& folder) {
 
 Bytes EncodeVersion(const Version& version) {
     Bytes result(Magic.begin(), Magic.end());
+    constexpr std::size_t Numbers = 64;  // more than they and their lengths take
+    result.reserve(Magic.size() + Numbers + version.Original.native().size() * 3 +
+                   version.Content.size());
     ByteAppender bytes(result);
     bytes.Number(Form, FlagSize);
     bytes.Number(static_cast<std::int64_t>(version.Why), FlagSize);

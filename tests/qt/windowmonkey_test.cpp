@@ -376,7 +376,7 @@ class WindowMonkey : public testing::Test {
 
 TEST_F(WindowMonkey, FindsNothing) {
     qputenv("PATH", "");  // no document is opened
-    int events = 1000;
+    int events = 2000;
     unsigned seeds = 1;
     if (const char* wanted = std::getenv("NORVIK_MONKEY")) {
         std::istringstream(wanted) >> events >> seeds;
