@@ -76,9 +76,9 @@ struct FormatRow {
     bool (*Write)(RegisterState&, const OutputTarget&, const TargetOptions&, const Settings&,
                   Desktop&);
     bool CanLeaveOutUnmarked = false;  ///< TargetOptions::OnlyMarked has a meaning
-    WriteFailure OnWriteFailure = WriteFailure::StatusLine;
-    TextView SaveItem = {};   ///< the menu item that saves it, as its reports name it
     bool IsStreamed = false;  ///< Load reads its source block by block, of whatever size it is
+    WriteFailure OnWriteFailure = WriteFailure::StatusLine;
+    TextView SaveItem = {};  ///< the menu item that saves it, as its reports name it
 };
 
 /// All formats, in the order of FileFormat.

@@ -42,10 +42,10 @@ QString CountText(const std::vector<DoubleRow>& rows) {
 }  // namespace
 
 DoublesWindow::DoublesWindow(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint) {
+    : QDialog(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      ListDoubles_(MakeTable()) {
     setObjectName(QStringLiteral("DOUBLES"));
     setWindowTitle(QStringLiteral("Doppelte Rufnummern"));
-    ListDoubles_ = MakeTable();
     count_ = MakeLabel(CountText({}), ListDoubles_, this);
     btnErase_ = MakeButton("btnErase", QStringLiteral("&Löschen"),
                            QStringLiteral("Gewählten Eintrag löschen"), this);

@@ -192,7 +192,7 @@ void MainWindow::Run(const std::function<void()>& operation, TextView what) {
         widgets_.Status->repaint();
     }
     if (running_ == 0 && std::exchange(closesLater_, false)) {
-        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
     }
 }
 

@@ -29,7 +29,7 @@ class KnownEntries {
     }
     [[nodiscard]] bool Has(const RegisterEntry& entry, const Text& key) const {
         const bool isNoteAlone = entry.Name.empty() && key.empty();
-        return !isNoteAlone && entries_.count({entry.Name, key}) > 0;
+        return !isNoteAlone && entries_.contains({entry.Name, key});
     }
     /// The name of the first entry with that number; null where there is none.
     [[nodiscard]] const Text* NameOf(const Text& key) const {

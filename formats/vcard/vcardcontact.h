@@ -79,7 +79,7 @@ class VCardReader {
     bool Take(const VCardProperty& property, VCardContact& contact);
     bool TakeEdge(VCardName edge, VCardContact& contact);
     void TakeText(VCardName what, const VCardProperty& property, VCardContact& contact);
-    void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact);
+    static void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact);
     SimplifiedText NextLine(std::string_view& rest, VCardCharset charset);
     void TakeAddress(const VCardProperty& property, std::string_view value, VCardCharset charset,
                      VCardContact& contact);
