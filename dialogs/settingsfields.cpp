@@ -17,7 +17,7 @@ constexpr TextView No = u"no";
 /// So many fields of a sample record are shown.
 constexpr std::size_t SampleFields = 50;
 /// What stands in place of the samples of a vCard.
-constexpr TextView NoNumbersNeeded = u"Eine vCard braucht keine Feldnummern";
+constexpr TextView NoNumbersNeeded = u"Keine Feldnummern nötig";
 constexpr TextView FromVCard = u"aus der vCard";
 /// The sync file's.
 constexpr TextView SyncFilter =

@@ -47,14 +47,15 @@ void FollowDoubles(Program& program) {
         return;
     }
     const DoubleRow* before = ChosenRow(fields);
-    const int place = before == nullptr ? 0 : before->Place;
+    const bool isOfThisRegister = fields.Generation == program.State.Generation;
+    const int place = before != nullptr && isOfThisRegister ? before->Place : 0;
+    fields.Generation = program.State.Generation;
     fields.ListDoubles = RowsOf(program.State, program.Set);
     const auto found = std::find_if(fields.ListDoubles.begin(), fields.ListDoubles.end(),
                                     [place](const DoubleRow& row) { return row.Place == place; });
-    const auto last = static_cast<int>(fields.ListDoubles.size()) - 1;
     fields.Chosen = found != fields.ListDoubles.end()
                         ? static_cast<int>(found - fields.ListDoubles.begin())
-                        : std::min(fields.Chosen, last);
+                        : -1;
 }
 
 void ListDoubles_Click(Program& program, int row, Desktop& desktop) {

@@ -10,8 +10,8 @@ namespace norvik {
 /// Shows the entries whose numbers reach the same line, beside the main window.
 void mnuListDoubles(Program& program, Windows& windows);
 
-/// While the window is open: brings its rows up to date. The chosen entry stays chosen; the row of
-/// one that went is that of the next.
+/// While the window is open: brings its rows up to date. The chosen entry stays chosen; when it
+/// went, none is.
 void FollowDoubles(Program& program);
 
 /// The user chose a row: the main window shows its entry, as if it was chosen in its list.

@@ -73,7 +73,8 @@ struct DoubleRow {
 struct DoublesFields {
     bool Open = false;  ///< the window is on the screen
     std::vector<DoubleRow> ListDoubles;
-    int Chosen = -1;  ///< the row; -1 for none
+    int Chosen = -1;          ///< the row; -1 for none
+    unsigned Generation = 0;  ///< of the register that the rows show
 };
 
 struct Program {

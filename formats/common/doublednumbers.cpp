@@ -19,7 +19,10 @@ Text DialledKey(TextView number, const Settings& settings) {
     if (cleaned.find_first_of(u"0123456789") == Text::npos) {
         return {};
     }
-    if (cleaned.find_first_of(ExchangeKeys) == Text::npos) {
+    const Text digits = CleanNumber(number, GlobalizeMode::Clean);
+    const bool isOfOwnArea = !digits.starts_with(u'0') && !digits.starts_with(u'+');
+    const bool hasArea = settings.AreaPrefix.size() > 1;  // behind its "0"
+    if (cleaned.find_first_of(ExchangeKeys) == Text::npos && (hasArea || !isOfOwnArea)) {
         return Globalized(number, GlobalizeMode::International, settings);
     }
     Text key = cleaned;

@@ -10,7 +10,8 @@ namespace norvik {
 
 /// What the numbers of one line have in common: their international form, with the prefixes of the
 /// settings. A number that only the own exchange understands (a mark of internal numbers or another
-/// key in it) is itself, cleaned. Empty for a number without a digit, which reaches nothing.
+/// key in it) is itself, cleaned, and so is one without an area code where the settings have none.
+/// Empty for a number without a digit, which reaches nothing.
 Text DialledKey(TextView number, const Settings& settings);
 
 /// Entries whose numbers have one key.

@@ -111,13 +111,13 @@ bool VCardReader::Take(const VCardProperty& property, VCardContact& contact) {
         return EqualsIgnoringCase(TrimmedBytes(property.Value), "VCARD") &&
                TakeEdge(*what, contact);
     }
-    if (nested_ > 0) {
-        return false;
-    }
     if (place_ == Place::Outside) {
         Begin(Place::Guessed, contact);
     }
     agentFollows_ = *what == VCardName::Agent && TrimmedBytes(property.Value).empty();
+    if (nested_ > 0) {
+        return false;
+    }
     TakeText(*what, property, contact);
     return false;
 }
@@ -249,14 +249,17 @@ void VCardReader::TakeNumber(const VCardProperty& property, std::string_view val
         return;
     }
     number.resize(std::min(number.size(), LongestVCardNumber));
-    contact.Numbers.push_back({.Number = std::move(number),
-                               .Kind = NumberKindOf(property),
-                               .Group = LoweredAscii(property.Group)});
+    contact.Numbers.push_back(
+        {.Number = std::move(number),
+         .Kind = NumberKindOf(property),
+         .Group = LoweredAscii(property.Group.substr(0, LongestVCardGroup + 1))});
 }
 
 void VCardReader::TakeLabel(const VCardProperty& property) {
     const NumberKind kind = NumberKindOf(property.Value);
-    if (kind != NumberKind::Unknown && !property.Group.empty()) {
+    const bool isKept = !property.Group.empty() && property.Group.size() <= LongestVCardGroup &&
+                        kindOfGroup_.size() < MostVCardNumbers;
+    if (kind != NumberKind::Unknown && isKept) {
         kindOfGroup_.insert_or_assign(LoweredAscii(property.Group), kind);
     }
 }

@@ -55,6 +55,8 @@ struct VCardContact {
 inline constexpr std::size_t MostVCardNumbers = 2000;
 /// No more of a number is kept; nobody can dial it.
 inline constexpr std::size_t LongestVCardNumber = 100;
+/// The label of a group with a longer name is not looked at.
+inline constexpr std::size_t LongestVCardGroup = 64;
 
 /// Reads the contacts of a stream in a memory that does not grow with it. Bytes that belong to no
 /// card are passed over; a card in a card is passed over, too, it tells of somebody else.

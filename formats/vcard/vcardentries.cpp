@@ -266,7 +266,11 @@ std::vector<VCardEntries::Number> VCardEntries::NumbersOf(const VCardContact& co
 }
 
 void VCardEntries::Note(TextView finding, TextView name, TextView number) {
-    Report.Append(finding).Append(name);
+    constexpr std::size_t LongestShown = 60;
+    Report.Append(finding).Append(name.substr(0, LongestShown));
+    if (name.size() > LongestShown) {
+        Report.Append(u"…");
+    }
     if (!number.empty()) {
         Report.Append(u": ").Append(number);
     }

@@ -174,6 +174,8 @@ class Dialling {
             TakePlus();
         } else if (character == u'(') {
             place_ = BehindTrunkZero();
+        } else if (BeginsAnother(character)) {
+            EndHere();
         } else if (character == u',' || character == u';') {
             TakePause(character == u',' ? u'p' : u'w');
         } else if (IsLetter(character)) {
@@ -181,6 +183,15 @@ class Dialling {
             return;
         }
         ++place_;
+    }
+
+    /// Whether the character parts the digits so far from those of another number.
+    [[nodiscard]] bool BeginsAnother(char16_t character) const {
+        const char16_t behind = At(BehindBlanks(place_ + 1));
+        const bool isPause = character == u',' || character == u';';
+        return !Digits.empty() &&
+               (character == u':' || (character == u'/' && At(place_ + 1) == u'/') ||
+                (isPause && At(place_ + 1) == u' ' && (behind == u'0' || behind == u'+')));
     }
 
     void TakePlus() {
@@ -223,6 +234,9 @@ class Dialling {
         } else if (IsGivenInLetters(number_)) {
             std::transform(word.begin(), word.end(), std::back_inserter(Digits), KeyOf);
             result_.LettersAsDigits = true;
+        } else if (!Digits.empty()) {  // what follows a word is another number
+            EndHere();
+            return;
         } else {
             result_.LeftOut = true;
         }

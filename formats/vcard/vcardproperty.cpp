@@ -223,7 +223,8 @@ std::string_view Unescaped(std::string_view piece, std::string& room) {
     bytes.clear();
     for (std::size_t i = 0; i < piece.size(); ++i) {
         const char next = i + 1 < piece.size() ? piece[i + 1] : '\0';
-        if (piece[i] != '\\' || (Lowered(next) != 'n' && Escaped.find(next) == std::string_view::npos)) {
+        if (piece[i] != '\\' ||
+            (Lowered(next) != 'n' && Escaped.find(next) == std::string_view::npos)) {
             bytes.push_back(piece[i]);
         } else {
             bytes.push_back(Lowered(next) == 'n' ? '\n' : next);

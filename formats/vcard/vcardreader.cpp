@@ -77,8 +77,7 @@ bool LoadVCard(RegisterState& state, Source source, const Settings& settings, De
     state.File = {.Type = Text(vcard::Type), .Path = source.Path, .Modified = source.Modified};
     FillRegister(state, read.Entries.Entries);
     state.Damage.IsFull = read.Entries.IsFull;
-    state.Damage.EndsEarly = read.LastIsCut;
-    state.Damage.LastEntryIsCut = read.LastIsCut;
+    state.Damage.EndsEarly = read.LastIsCut;  // the numbers that came are whole
     if (read.Failure) {
         throw RuntimeError(*read.Failure);
     }

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 using Texts = std::vector<Text>;
 using Outputs = std::array<Text, SyncItems>;
 
-const Text NotNeeded = u"Eine vCard braucht keine Feldnummern";
+const Text NotNeeded = u"Keine Feldnummern nötig";
 const Text FromVCard = u"aus der vCard";
 const Text NotFound = u"SyncDatei n. gefunden";
 

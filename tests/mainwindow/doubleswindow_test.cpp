@@ -104,7 +104,7 @@ TEST_F(DoublesWindow, ErasesTheChosenEntryAsTheButtonDoesAndThatCanBeUndone) {
     EXPECT_THAT(Names(program.State), ElementsAre(u"Anna", u"Bernd", u"Dora", u"Emil"));
     EXPECT_FALSE(program.State.RegisterSaved);
     EXPECT_THAT(RowNames(), ElementsAre(u"Bernd", u"Dora"));
-    EXPECT_EQ(program.Doubles.Chosen, 1);
+    EXPECT_EQ(program.Doubles.Chosen, -1);
     EXPECT_EQ(Utf8(UndoCaption(program)), "&Rückgängig: Eintrag löschen");
     desktop.Transcript.clear();
     Do([&] { mnuBearbeitenUndo(program, desktop); });
@@ -143,6 +143,14 @@ TEST_F(DoublesWindow, FollowsTheRegister) {
         SetCount(program.State, 1);
     });
     EXPECT_THAT(RowNames(), IsEmpty());
+    EXPECT_EQ(program.Doubles.Chosen, -1);
+}
+
+TEST_F(DoublesWindow, AnotherRegisterHasNoChosenRow) {
+    Open();
+    Choose(1);
+    Do([&] { ++program.State.Generation; });
+    EXPECT_THAT(RowNames(), ElementsAre(u"Anna", u"Carla", u"Bernd", u"Dora"));
     EXPECT_EQ(program.Doubles.Chosen, -1);
 }
 

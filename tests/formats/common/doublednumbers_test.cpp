@@ -50,9 +50,17 @@ TEST(DialledKey, OfNoDigitIsNone) {
 }
 
 TEST(DialledKey, NeedsNoSettings) {
-    const Settings none;
+    Settings none;
+    none.InternationalPrefix = u"00";
+    none.AreaPrefix = u"0";
     EXPECT_EQ(DialledKey(u"030 1234", none), DialledKey(u"0301234", none));
     EXPECT_EQ(DialledKey(u"", none), u"");
+    EXPECT_EQ(DialledKey(u"(1)2-34", none), u"1234");
+    EXPECT_NE(DialledKey(u"112", none), DialledKey(u"0112", none));
+    Settings country = Berlin();
+    country.AreaPrefix = u"0";
+    EXPECT_NE(DialledKey(u"1234", country), DialledKey(u"01234", country));
+    EXPECT_EQ(DialledKey(u"01234", country), DialledKey(u"+491234", country));
 }
 
 RegisterState Numbers(std::initializer_list<TextView> numbers) {

@@ -119,6 +119,15 @@ TEST(VCardReader, TellsAGroup) {
     EXPECT_FALSE(ContactOf("KIND:individual").IsGroup);
 }
 
+TEST(VCardReader, ACardInACardOfACardIsPassedOverToo) {
+    const VCardContact contact = ContactOf(
+        "FN:Chef\nAGENT:\nBEGIN:VCARD\nFN:b\nAGENT:\nBEGIN:VCARD\nFN:c\nTEL:99\nEND:VCARD\n"
+        "TEL:98\nEND:VCARD\nTEL:123");
+    EXPECT_EQ(contact.FullName.Value, u"Chef");
+    ASSERT_EQ(contact.Numbers.size(), 1U);
+    EXPECT_EQ(contact.Numbers.front().Number, u"123");
+}
+
 TEST(VCardReader, PassesOverACardInACard) {
     const VCardContact contact = ContactOf("FN:a\nAGENT:\nBEGIN:VCARD\nFN:b\nTEL:9\nEND:"
                                            "VCARD\nAGENT:BEGIN:VCARD\\nTEL:8\\nEND:VCARD\nTEL:1");

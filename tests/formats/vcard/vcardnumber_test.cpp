@@ -24,6 +24,18 @@ TEST(Dialled, TurnsAPlusIntoWhatIsDialled) {
     EXPECT_EQ(Number(u"++49 1"), u"01");
 }
 
+TEST(Dialled, IsTheFirstOfSeveralNumbers) {
+    for (const TextView numbers :
+         {u"040/123 ::: 040 2", u"040 123 // 040 2", u"040/123, 0171/22", u"040123; +49 171",
+          u"040/123 oder 0171/456", u"040 123 Fax 556", u"040 123 +49 171"}) {
+        const DialledNumber dialled = Dialled(numbers, u"49");
+        EXPECT_EQ(dialled.Number, u"040123") << numbers.size();
+        EXPECT_TRUE(dialled.LeftOut);
+    }
+    EXPECT_EQ(Number(u"Tel.: 040 123"), u"040123");
+    EXPECT_EQ(Number(u"040123, 1"), u"040123p1");
+}
+
 TEST(Dialled, WithoutACountryMakesZerosOfAPlus) {
     const DialledNumber dialled = Dialled(u"+49 40", u"");
     EXPECT_EQ(dialled.Number, u"004940");
@@ -63,7 +75,7 @@ TEST(Dialled, LeavesExtensionsAndWordsOut) {
 
 TEST(Dialled, TakesAddressesApart) {
     EXPECT_EQ(Number(u"tel:+49-40-1"), u"0401");
-    EXPECT_EQ(Number(u"TEL:%2B49%2040%ZZ1"), u"0401");
+    EXPECT_EQ(Number(u"TEL:%2B49%2040%ZZ1"), u"040");
     EXPECT_EQ(Number(u"callto:+491"), u"01");
     EXPECT_EQ(Number(u"tel:123;phone-context=+4940"), u"040123");
     EXPECT_EQ(Number(u"tel:123;phone-context=example.com;isub=9"), u"123");

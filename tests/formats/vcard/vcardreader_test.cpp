@@ -87,7 +87,7 @@ TEST(LoadVCard, TellsACardThatIsCut) {
     ScriptedDesktop desktop;
     EXPECT_TRUE(LoadVCard(state, SourceOf("BEGIN:VCARD\nFN:A\nTEL:1"), Settings(), desktop));
     EXPECT_TRUE(state.Damage.EndsEarly);
-    EXPECT_TRUE(state.Damage.LastEntryIsCut);
+    EXPECT_FALSE(state.Damage.LastEntryIsCut);
     EXPECT_EQ(state.LoadReport, u"Karte ohne Ende: A\r\n");
 }
 
