@@ -227,14 +227,12 @@ class Dialling {
         }
         const TextView word = number_.substr(place_, end - place_);
         const std::size_t behind = BehindBlanks(end, u" .:#=");
+        const bool isExtension = !Digits.empty() && IsExtensionWord(word) && IsDigit(At(behind));
         if (TakeMarks(word, end)) {
-        } else if (!Digits.empty() && IsExtensionWord(word) && IsDigit(At(behind))) {
-            EndHere();
-            return;
-        } else if (IsGivenInLetters(number_)) {
+        } else if (!isExtension && IsGivenInLetters(number_)) {
             std::transform(word.begin(), word.end(), std::back_inserter(Digits), KeyOf);
             result_.LettersAsDigits = true;
-        } else if (!Digits.empty()) {  // what follows a word is another number
+        } else if (!Digits.empty()) {  // an extension follows, or another number
             EndHere();
             return;
         } else {
