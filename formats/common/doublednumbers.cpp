@@ -2,7 +2,6 @@
 
 #include "formats/common/globalize.h"
 
-#include <algorithm>
 #include <unordered_map>
 
 namespace norvik {

@@ -177,9 +177,7 @@ VCardInfo VCardContactInfo(const VCardContact& contact, TextView name) {
     return info;
 }
 
-Text VCardEntries::OwnCountryOf(const Settings& settings) {
-    return OwnCountryCode(settings);
-}
+VCardEntries::VCardEntries(const Settings& settings) : ownCountry_(OwnCountryCode(settings)) {}
 
 void VCardEntries::Reserve() {
     Entries.reserve(RegisterPlaces);

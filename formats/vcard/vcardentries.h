@@ -14,7 +14,7 @@ namespace norvik {
 /// reports what is cut, spelled otherwise or left out.
 class VCardEntries {
   public:
-    explicit VCardEntries(const Settings& settings) : ownCountry_(OwnCountryOf(settings)) {}
+    explicit VCardEntries(const Settings& settings);
 
     void Take(const VCardContact& contact);
     /// Makes room for as many entries as there are places.
@@ -30,7 +30,6 @@ class VCardEntries {
         NumberKind Kind;
     };
 
-    static Text OwnCountryOf(const Settings& settings);
     std::vector<Number> NumbersOf(const VCardContact& contact, TextView name);
     void Note(TextView finding, TextView name, TextView number = {});
 
