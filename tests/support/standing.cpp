@@ -9,7 +9,6 @@
 #include "versions/versionstore.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace norvik::test {
 
@@ -21,25 +20,28 @@ bool IsEmptyEntry(const RegisterEntry& entry) {
     return entry.Name.empty() && entry.Tel.empty() && entry.Info.empty();
 }
 
-FileFormat FormatOf(const Bytes& bytes) {
-    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    if (text.substr(0, 32).find("TStCollection") != std::string_view::npos) {
-        return FileFormat::Register195;
-    }
-    return text.starts_with("norvik 175") ? FileFormat::Phonebook175 : FileFormat::Csv;
-}
-
-EntrySet EntriesInBytes(const Bytes& bytes, const FilePath& path) {
+EntrySet LoadedEntries(FileFormat format, const Bytes& bytes, const FilePath& path) {
     RegisterState state;
     ResetRegister(state);
     IdleDesktop desktop;
     const auto source = [&] { return SourceFile{bytes, path, std::nullopt}; };
     try {
-        RowOf(FormatOf(bytes)).Load(state, source, {}, Settings(), desktop);
+        RowOf(format).Load(state, source, {}, Settings(), desktop);
     } catch (const HardStop&) {
         return {};
     }
     return EntriesOf(state);
+}
+
+/// What stands in a file is what any menu item would load from it: which one did is not known, and
+/// of a damaged file its beginning does not tell.
+EntrySet EntriesInBytes(const Bytes& bytes, const FilePath& path) {
+    EntrySet entries;
+    for (const FileFormat format :
+         {FileFormat::Register195, FileFormat::Phonebook175, FileFormat::Csv}) {
+        entries.merge(LoadedEntries(format, bytes, path));
+    }
+    return entries;
 }
 
 EntrySet EntriesInFile(const Bytes& bytes, const FilePath& path) {

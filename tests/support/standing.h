@@ -23,7 +23,7 @@ EntrySet UndoableEntries(const RegisterState& state, const History& history);
 /// Reads files as their kind is read, kept versions too, each content once.
 class FileReader {
   public:
-    /// The entries that a load of the file shows, also of a damaged one that it reports.
+    /// The entries that a load of the file can show, also of a damaged one that it reports.
     const EntrySet& EntriesIn(const FilePath& file);
     /// Those of all files in a folder and in its folders.
     EntrySet EntriesBelow(const FilePath& folder);
