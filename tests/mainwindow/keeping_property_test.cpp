@@ -15,6 +15,8 @@
 #include <array>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
+#include <map>
 
 namespace norvik::test {
 namespace {
@@ -223,10 +225,14 @@ void Sequence::ChooseRow() {
 void Sequence::Versions(const std::function<void(Program&)>& act) {
     Program& program = at_->Prog;
     Menu("mnuDateiVersions");
-    const auto count = static_cast<unsigned>(program.Versions.ListVersions.size());
-    if (count > 0) {
-        const int row = static_cast<int>(random_() % count);
-        Do({}, [&] { ListVersions_Click(program, row); });
+    // By what is in them: those of one second may stand in any order, and the seed is to decide.
+    std::multimap<EntrySet, int> rows;
+    for (const VersionRow& version : program.Versions.ListVersions) {
+        rows.emplace(reader_.EntriesIn(version.File), static_cast<int>(rows.size()));
+    }
+    if (!rows.empty()) {
+        const auto row = std::next(rows.begin(), static_cast<int>(random_() % rows.size()));
+        Do({}, [&] { ListVersions_Click(program, row->second); });
         act(program);
     }
     Do({}, [&] { VERSIONS_btnClose_Click(program, *at_->Desk); });

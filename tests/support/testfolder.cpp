@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -46,7 +47,9 @@ TestFolder::TestFolder() {
     static const FilePath temporary = TemporaryFolder();
     std::random_device random;
     do {
-        path_ = temporary / ("norvik-test-" + std::to_string(random()));
+        // Of one length: how much of a file with a path in it has room must not be luck.
+        constexpr std::uint32_t TenDigits = 1'000'000'000;
+        path_ = temporary / ("norvik-test-" + std::to_string(TenDigits + random() % TenDigits));
     } while (!fs::create_directory(path_));
 }
 
