@@ -7,13 +7,13 @@
 #include "ringtones/tonenames.h"
 #include "tests/mainwindow/randomuser.h"
 #include "tests/support/builders.h"
+#include "tests/support/environment.h"
 #include "tests/support/ledger.h"
 #include "tests/support/settings.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <functional>
 #include <iterator>
 #include <map>
@@ -378,11 +378,6 @@ void Sequence::Check(const char* when) {
     if (!lost.empty() && finding_.empty()) {
         finding_ = "lost " + std::string(when) + ": " + *lost.begin();
     }
-}
-
-unsigned FromEnvironment(const char* name, unsigned usual) {
-    const char* wanted = std::getenv(name);
-    return wanted == nullptr ? usual : static_cast<unsigned>(std::atoi(wanted));
 }
 
 /// NORVIK_SEQUENCES in the environment lets it work longer, NORVIK_FIRST_SEQUENCE elsewhere.
