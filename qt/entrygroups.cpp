@@ -1,5 +1,6 @@
 #include "qt/entrygroups.h"
 
+#include "qt/display.h"
 #include "qt/entryfield.h"
 #include "qt/widgetmakers.h"
 

@@ -2,6 +2,7 @@
 
 #include "qt/textconversion.h"
 
+#include <QAccessible>
 #include <QMouseEvent>
 
 #include <utility>
@@ -61,7 +62,9 @@ void EntryListView::SelectRow(std::optional<int> row) {
 }
 
 void EntryListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QListView::currentChanged(current, previous);
+    // The toolkit's list tells a screen reader that the row has the focus, wherever the focus is.
+    QAbstractItemView::currentChanged(current, previous);
+    TellFocus();
     if (!selecting_ && !deferred_) {
         Choose(current);
     }
@@ -76,6 +79,17 @@ void EntryListView::focusInEvent(QFocusEvent* event) {
         selectionModel()->clear();
     }
     selecting_ = before;
+    if (event->reason() != Qt::MouseFocusReason) {  // the mouse is about to choose a row
+        TellFocus();
+    }
+}
+
+void EntryListView::TellFocus() {
+    if (currentIndex().isValid() && hasFocus()) {
+        QAccessibleEvent event(this, QAccessible::Focus);
+        event.setChild(currentIndex().row());
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void EntryListView::keyPressEvent(QKeyEvent* event) {

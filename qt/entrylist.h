@@ -58,6 +58,8 @@ class EntryListView : public QListView {
 
   private:
     void Choose(const QModelIndex& index);
+    /// Tells a screen reader which row has the focus, if one has.
+    void TellFocus();
 
     /// A choice is reported when the key or the mouse button has done its work, not in its midst.
     bool deferred_ = false;

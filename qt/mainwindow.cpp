@@ -5,6 +5,7 @@
 #include "mainwindow/registerlistwindow.h"
 #include "mainwindow/startup.h"
 #include "mainwindow/undo.h"
+#include "qt/display.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
 #include "qt/mobileexportdialog.h"
@@ -162,7 +163,7 @@ void MainWindow::ConnectSelection() {
         }
     });
     connect(widgets_.Satzwahl, &QScrollBar::sliderMoved, this,
-            [this](int value) { widgets_.AnzNr->setNum(value); });
+            [this](int value) { widgets_.AnzNr->Show(value); });
     connect(widgets_.TelRegListe, &EntryListView::rowChosen, this, [this](int row) {
         const Text text = model_->Row(row);
         Run([&] { TelRegListe_Click(program_, text, desktop_); }, StoredStep);
@@ -190,6 +191,9 @@ void MainWindow::Run(const std::function<void()>& operation, TextView what) {
     Draw();
     if (std::exchange(statusWaits_, false)) {
         widgets_.Status->repaint();
+    }
+    if (std::exchange(statusUntold_, false)) {
+        widgets_.Status->Tell();
     }
     if (running_ == 0 && std::exchange(closesLater_, false)) {
         QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);

@@ -47,7 +47,7 @@ class MainWindow : public QMainWindow {
     void ShowCurrentEntry();
     void RebuildList();
     /// Repaints the first text of an operation at once, the others as fast as a screen shows them
-    /// and the last one when the operation ends.
+    /// and the last one when the operation ends; a screen reader is told of that one alone.
     void DrawStatus(const QString& text);
     void DrawCurrentFile();
     void FocusField(int field);
@@ -113,6 +113,8 @@ class MainWindow : public QMainWindow {
     QElapsedTimer statusPainted_;
     /// The status text is set and not painted yet.
     bool statusWaits_ = false;
+    /// No screen reader was told of the status text yet.
+    bool statusUntold_ = false;
     bool closingByMenu_ = false;
     /// The session may end; the application was told to quit.
     bool sessionEnds_ = false;

@@ -2,6 +2,7 @@
 #include "mainwindow/handlers.h"
 #include "mainwindow/listrows.h"
 #include "mainwindow/undo.h"
+#include "qt/display.h"
 #include "qt/doubleswindow.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
@@ -85,7 +86,7 @@ void MainWindow::Draw() {
     if (doubles_ != nullptr) {
         doubles_->Draw(program_.Doubles);
     }
-    widgets_.Status->setToolTip(ToQString(program_.Keep.Note));
+    widgets_.Status->SetRemark(ToQString(program_.Keep.Note));
     drawing_ = before;
 }
 
@@ -114,30 +115,34 @@ void MainWindow::DrawChoices() {
     widgets_.chkTon->setChecked(fields.chkTon);
     widgets_.chkCharge->setChecked(fields.chkCharge);
     widgets_.OptFilter.at(static_cast<std::size_t>(fields.OptFilter))->setChecked(true);
-    widgets_.AnzGeb->setText(ToQString(fields.AnzGeb));
+    widgets_.AnzGeb->Show(ToQString(fields.AnzGeb));
     widgets_.chkExport->setChecked(fields.chkExport);
     widgets_.chkListFilter->setChecked(fields.chkListFilter);
 }
 
 void MainWindow::DrawCounts() const {
     const RegisterState& state = program_.State;
-    widgets_.AnzGes->setNum(state.AnzGes);
-    widgets_.AnzNr->setNum(state.AnzNr);
-    widgets_.AnzMarkiert->setNum(state.AnzMarkiert);
-    widgets_.Index->setNum(program_.Fields.Index);
+    widgets_.AnzGes->Show(state.AnzGes);
+    widgets_.AnzNr->Show(state.AnzNr);
+    widgets_.AnzMarkiert->Show(state.AnzMarkiert);
+    widgets_.Index->Show(program_.Fields.Index);
     widgets_.Satzwahl->setRange(1, state.Satzwahl.Maximum);
     widgets_.Satzwahl->setValue(state.Satzwahl.Value);
 }
 
 void MainWindow::DrawSaveChange() const {
     QPalette palette;
+    QString meaning;  // of the colour, in words
     if (program_.Fields.btnSaveChange != EditState::Neutral) {
         const bool pending = program_.Fields.btnSaveChange == EditState::Pending;
+        meaning = pending ? QStringLiteral("Änderungen sind noch nicht übernommen")
+                          : QStringLiteral("Der Eintrag oder die Markierung ist übernommen");
         palette = widgets_.btnSaveChange->palette();
         palette.setColor(QPalette::Button, ToQColor(pending ? PendingColour : StoredColour));
         palette.setColor(QPalette::ButtonText, Qt::black);  // legible in a dark theme, too
     }
     widgets_.btnSaveChange->setPalette(palette);
+    Describe(*widgets_.btnSaveChange, meaning, meaning);
 }
 
 void MainWindow::SelectListRow() const {
@@ -166,7 +171,8 @@ void MainWindow::RebuildList() {
 
 void MainWindow::DrawStatus(const QString& text) {
     constexpr qint64 BetweenPaints = 16;  // milliseconds: no screen shows more
-    widgets_.Status->setText(text);
+    widgets_.Status->ShowInPassing(text);
+    statusUntold_ = true;
     statusWaits_ = statusPainted_.isValid() && statusPainted_.elapsed() < BetweenPaints;
     if (!statusWaits_) {
         widgets_.Status->repaint();
@@ -177,8 +183,8 @@ void MainWindow::DrawStatus(const QString& text) {
 void MainWindow::DrawCurrentFile() {
     const CurrentFile& file = program_.State.File;
     setWindowTitle(EscapedTitle(CaptionOf(file)));
-    widgets_.AnzQuelle->setText(ToQString(file.Type));
-    widgets_.AnzQuellZeit->setText(ToQString(SourceTimeOf(file)));
+    widgets_.AnzQuelle->Show(ToQString(file.Type));
+    widgets_.AnzQuellZeit->Show(ToQString(SourceTimeOf(file)));
 }
 
 }  // namespace norvik

@@ -1,5 +1,6 @@
 #include "qt/mainwindowwidgets.h"
 
+#include "qt/display.h"
 #include "qt/entryfield.h"
 #include "qt/entrygroups.h"
 #include "qt/entrylist.h"

@@ -18,6 +18,7 @@ class QWidget;
 
 namespace norvik {
 
+class Display;
 class EntryField;
 class PhonePicture;
 class EntryListView;
@@ -31,20 +32,20 @@ struct MainWindowWidgets {
     QComboBox* DDAB = nullptr;
     QComboBox* DDMSN = nullptr;
     QCheckBox* chkCharge = nullptr;
-    QLabel* AnzGeb = nullptr;
+    Display* AnzGeb = nullptr;
     QButtonGroup* FilterGroup = nullptr;
     std::array<QRadioButton*, Filters> OptFilter{};
     QCheckBox* chkExport = nullptr;
-    QLabel* AnzNr = nullptr;
-    QLabel* AnzGes = nullptr;
-    QLabel* AnzMarkiert = nullptr;
-    QLabel* Index = nullptr;
+    Display* AnzNr = nullptr;
+    Display* AnzGes = nullptr;
+    Display* AnzMarkiert = nullptr;
+    Display* Index = nullptr;
     QScrollBar* Satzwahl = nullptr;
     EntryListView* TelRegListe = nullptr;
     QCheckBox* chkListFilter = nullptr;
-    QLabel* Status = nullptr;
-    QLabel* AnzQuelle = nullptr;
-    QLabel* AnzQuellZeit = nullptr;
+    Display* Status = nullptr;
+    Display* AnzQuelle = nullptr;
+    Display* AnzQuellZeit = nullptr;
     PhonePicture* Bild1 = nullptr;
     QPushButton* btnSaveChange = nullptr;
     QLabel* NotStored = nullptr;  ///< tells that something typed is not stored

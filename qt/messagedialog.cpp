@@ -184,6 +184,7 @@ Button ShowScrollingBox(const MessageBox& box, const QString& text, QWidget* par
     }
     auto* view = new QPlainTextEdit(Folded(text), &dialog);
     view->setReadOnly(true);
+    view->setAccessibleName(QStringLiteral("Meldung"));
     view->setTabChangesFocus(true);
     layout->addWidget(view, 0, 1);
     QCheckBox* forAll = box.ForAll == nullptr ? nullptr : MakeForAllBox(&dialog);

@@ -1,5 +1,6 @@
 #include "qt/mobileexportdialog.h"
 
+#include "qt/display.h"
 #include "qt/entryfield.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
@@ -122,8 +123,8 @@ QLayout* MobileExportDialog::MakePrefixes() {
     auto* line = new QHBoxLayout;
     const auto add = [this, line](const QString& caption, const char* name, const Text& prefix) {
         auto* display = MakeDisplay(name, QString(caption).remove(u':'), this);
-        display->setText(ToQString(prefix));
-        line->addWidget(new QLabel(caption, this));
+        display->Show(ToQString(prefix));
+        line->addWidget(MakeLabel(caption, display, this));
         line->addWidget(display);
         line->addSpacing(fontMetrics().averageCharWidth() * 3);
     };

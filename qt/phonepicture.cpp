@@ -1,7 +1,5 @@
 #include "qt/phonepicture.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
@@ -44,9 +42,10 @@ void DrawKeys(QPainter& painter) {
 
 }  // namespace
 
-PhonePicture::PhonePicture(QWidget* parent) : QWidget(parent) {
+PhonePicture::PhonePicture(QWidget* parent) : QPushButton(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::TabFocus);
+    setAutoDefault(true);  // Return works, too
     setToolTip(QStringLiteral("Rufnummer umwandeln (Test)"));
 }
 
@@ -71,24 +70,6 @@ void PhonePicture::paintEvent(QPaintEvent* /*event*/) {
         option.initFrom(this);
         painter.resetTransform();
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-    }
-}
-
-void PhonePicture::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
-        emit clicked();
-    }
-}
-
-void PhonePicture::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        emit clicked();
-        return;
-    default:
-        QWidget::keyPressEvent(event);
     }
 }
 

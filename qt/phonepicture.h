@@ -1,25 +1,20 @@
-// The small drawing of a telephone in the main window.
+// The small drawing of a telephone in the main window, a button.
 #pragma once
 
-#include <QWidget>
+#include <QPushButton>
 
 namespace norvik {
 
-class PhonePicture : public QWidget {
+class PhonePicture : public QPushButton {
     Q_OBJECT
   public:
     explicit PhonePicture(QWidget* parent);
 
     [[nodiscard]] QSize sizeHint() const override;
-
-  signals:
-    /// By the mouse, or by Space or Return.
-    void clicked();
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace norvik

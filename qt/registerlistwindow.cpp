@@ -1,5 +1,6 @@
 #include "qt/registerlistwindow.h"
 
+#include "qt/display.h"
 #include "qt/entrylist.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
@@ -82,7 +83,7 @@ QLayout* RegisterListWindow::MakeList() {
     chkSortiert->setChecked(true);
     chkSortiert->setEnabled(false);
     auto* below = new QHBoxLayout;
-    below->addWidget(new QLabel(QStringLiteral("Treffer: "), this));
+    below->addWidget(MakeLabel(QStringLiteral("Treffer: "), AnzTreffer_, this));
     below->addWidget(AnzTreffer_);
     below->addStretch();
     below->addWidget(chkSortiert);
@@ -115,7 +116,7 @@ void RegisterListWindow::Draw(const RegisterListFields& fields) {
         chkFi_.at(box)->setChecked(fields.chkFi.at(box));
     }
     model_->SetRows(fields.ListResult);
-    AnzTreffer_->setText(ToQString(fields.AnzTreffer));
+    AnzTreffer_->Show(ToQString(fields.AnzTreffer));
     drawing_ = before;
 }
 

@@ -9,12 +9,12 @@
 #include <array>
 
 class QCheckBox;
-class QLabel;
 class QLayout;
 class QListView;
 
 namespace norvik {
 
+class Display;
 class EntryListModel;
 
 class RegisterListWindow : public QDialog {
@@ -42,7 +42,7 @@ class RegisterListWindow : public QDialog {
     std::array<QCheckBox*, FilterLetters.size()> chkFi_{};
     QListView* ListResult_ = nullptr;
     EntryListModel* model_;
-    QLabel* AnzTreffer_ = nullptr;
+    Display* AnzTreffer_ = nullptr;
     bool drawing_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "qt/settingsdialog.h"
 
+#include "qt/display.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
 #include "qt/recordscrollbar.h"
@@ -165,7 +166,7 @@ QLayout* SettingsDialog::MakeSampleChoice(QWidget* parent) {
     ScrollSyncFile_ = new RecordScrollBar(parent);
     Name(ScrollSyncFile_, "ScrollSyncFile", QStringLiteral("Beispieldatensatz"));
     ScrollSyncFile_->setRange(FirstSampleRecord, LastSampleRecord);
-    record_ = new QLabel(parent);
+    record_ = MakeDisplay("", QStringLiteral("Nummer des Beispieldatensatzes"), parent);
     record_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1000")));
     auto* line = new QHBoxLayout;
     line->addWidget(MakeLabel(QStringLiteral("Beispieldatensat&z"), ScrollSyncFile_, parent));
@@ -187,7 +188,7 @@ QLayout* SettingsDialog::MakeItems(QWidget* parent) {
         QLineEdit* value = MakeValue(FirstItemValue + item,
                                      ItemCaption(item) + QStringLiteral(": Feldnummer"), parent);
         value->setMaximumWidth(fontMetrics().averageCharWidth() * 6);
-        QLabel* output = MakeDisplay("", ItemCaption(item) + QStringLiteral(": Beispiel"), parent);
+        Display* output = MakeDisplay("", ItemCaption(item) + QStringLiteral(": Beispiel"), parent);
         output->setObjectName(IndexedName("Testausgabe", static_cast<int>(item)));
         // A long text is cut rather than widening the dialog.
         output->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -274,7 +275,7 @@ void SettingsDialog::Draw() {
         draw(SetValue_.at(number), fields_.SetValue.at(number));
     }
     ScrollSyncFile_->setValue(fields_.ScrollSyncFile);
-    record_->setNum(fields_.ScrollSyncFile);
+    record_->Show(fields_.ScrollSyncFile);
     DrawSample();
     drawing_ = before;
 }
@@ -298,7 +299,7 @@ void SettingsDialog::DrawSample() {
         ListSyncFileItems_->setCurrentRow(fields_.SelectedItem);
     }
     for (std::size_t item = 0; item < Testausgabe_.size(); ++item) {
-        Testausgabe_.at(item)->setText(Shown(fields_.Testausgabe.at(item)));
+        Testausgabe_.at(item)->Show(Shown(fields_.Testausgabe.at(item)));
         SetValue_.at(FirstItemValue + item)->setEnabled(!fields_.SyncFileIsVCard);
         itemexpl_.at(item)->setEnabled(!fields_.SyncFileIsVCard);
     }

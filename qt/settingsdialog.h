@@ -10,7 +10,6 @@
 
 class QCheckBox;
 class QComboBox;
-class QLabel;
 class QLayout;
 class QLineEdit;
 class QListWidget;
@@ -18,6 +17,8 @@ class QPushButton;
 class QScrollBar;
 
 namespace norvik {
+
+class Display;
 
 class SettingsDialog : public QDialog {
     Q_OBJECT
@@ -67,10 +68,10 @@ class SettingsDialog : public QDialog {
     QCheckBox* chkLoadSyncOnStart_ = nullptr;
     std::array<QLineEdit*, SettingValues> SetValue_{};
     QScrollBar* ScrollSyncFile_ = nullptr;
-    QLabel* record_ = nullptr;
+    Display* record_ = nullptr;
     QListWidget* ListSyncFileItems_ = nullptr;
     std::array<QPushButton*, SyncItems> itemexpl_{};
-    std::array<QLabel*, SyncItems> Testausgabe_{};
+    std::array<Display*, SyncItems> Testausgabe_{};
     bool drawing_ = false;
 };
 

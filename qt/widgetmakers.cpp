@@ -1,5 +1,7 @@
 #include "qt/widgetmakers.h"
 
+#include "qt/display.h"
+
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
@@ -21,11 +23,10 @@ QLabel* MakeLabel(const QString& caption, QWidget* buddy, QWidget* parent) {
     return label;
 }
 
-QLabel* MakeDisplay(const char* objectName, const QString& accessibleName, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    Name(label, objectName, accessibleName);
-    label->setTextFormat(Qt::PlainText);
-    return label;
+Display* MakeDisplay(const char* objectName, const QString& meaning, QWidget* parent) {
+    auto* display = new Display(meaning, parent);
+    display->setObjectName(QLatin1String(objectName));
+    return display;
 }
 
 QPushButton* MakeButton(const char* objectName, const QString& caption,

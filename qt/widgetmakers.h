@@ -10,6 +10,8 @@ class QWidget;
 
 namespace norvik {
 
+class Display;
+
 /// "Anzeigefeld(3)": the name of one of several controls of a kind.
 QString IndexedName(const char* name, int index);
 
@@ -19,8 +21,8 @@ void Name(QWidget* widget, const char* objectName, const QString& accessibleName
 /// A caption; its mnemonic moves the focus to `buddy`.
 QLabel* MakeLabel(const QString& caption, QWidget* buddy, QWidget* parent);
 
-/// A label that shows a value of the register.
-QLabel* MakeDisplay(const char* objectName, const QString& accessibleName, QWidget* parent);
+/// A label that shows a value of the register; `meaning` says what value it is.
+Display* MakeDisplay(const char* objectName, const QString& meaning, QWidget* parent);
 
 QPushButton* MakeButton(const char* objectName, const QString& caption,
                         const QString& accessibleName, QWidget* parent);

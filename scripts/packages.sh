@@ -45,7 +45,8 @@ SCREEN_PACKAGES=(xvfb xdotool imagemagick)
 # To make the pictures of the user's guide.
 SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick)
 # To build and run the tests.
-TEST_PACKAGES=(clang libclang-rt-14-dev lld ccache libgtest-dev libgmock-dev python3 python3-phonenumbers)
+TEST_PACKAGES=(clang libclang-rt-14-dev lld ccache libgtest-dev libgmock-dev python3 python3-phonenumbers
+    at-spi2-core dbus-daemon python3-pyatspi xvfb)
 # For the linters, the benchmarks and the fuzzers.
 LINT_PACKAGES=(clang-format clang-tidy git hunspell hunspell-de-de hunspell-en-us python3 shellcheck)
 BENCHMARK_PACKAGES=(libbenchmark-dev python3 abook)
