@@ -20,26 +20,21 @@ bool IsEmptyEntry(const RegisterEntry& entry) {
     return entry.Name.empty() && entry.Tel.empty() && entry.Info.empty();
 }
 
-EntrySet LoadedEntries(FileFormat format, const Bytes& bytes, const FilePath& path) {
-    RegisterState state;
-    ResetRegister(state);
-    IdleDesktop desktop;
-    const auto source = [&] { return SourceFile{bytes, path, std::nullopt}; };
-    try {
-        RowOf(format).Load(state, source, {}, Settings(), desktop);
-    } catch (const HardStop&) {
-        return {};
-    }
-    return EntriesOf(state);
-}
-
 /// What stands in a file is what any menu item would load from it: which one did is not known, and
 /// of a damaged file its beginning does not tell.
 EntrySet EntriesInBytes(const Bytes& bytes, const FilePath& path) {
+    RegisterState state;
+    IdleDesktop desktop;
+    const auto source = [&] { return SourceFile{bytes, path, std::nullopt}; };
     EntrySet entries;
     for (const FileFormat format :
          {FileFormat::Register195, FileFormat::Phonebook175, FileFormat::Csv}) {
-        entries.merge(LoadedEntries(format, bytes, path));
+        try {
+            RowOf(format).Load(state, source, {}, Settings(), desktop);
+            entries.merge(EntriesOf(state));
+        } catch (const HardStop&) {
+            state = RegisterState();  // nothing of it is ever shown
+        }
     }
     return entries;
 }
