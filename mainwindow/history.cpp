@@ -1,16 +1,22 @@
 #include "mainwindow/history.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace norvik {
 
 namespace {
 
+/// The library compares such texts character by character.
+bool IsSameText(const Text& a, const Text& b) {
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0;
+}
+
 /// The listed marks belong to the register list, not to the entry.
 bool IsSameEntry(const RegisterEntry& a, const RegisterEntry& b) {
     return a.RecIndex == b.RecIndex && a.RecNumber == b.RecNumber && a.Ton == b.Ton &&
            a.MsnFilter == b.MsnFilter && a.GebEinh == b.GebEinh && a.AB == b.AB &&
-           a.Name == b.Name && a.Tel == b.Tel && a.Info == b.Info;
+           IsSameText(a.Name, b.Name) && IsSameText(a.Tel, b.Tel) && IsSameText(a.Info, b.Info);
 }
 
 RegisterRest RestOf(const RegisterState& state) {

@@ -1,5 +1,8 @@
 #include "versions/bytes.h"
 
+#include <algorithm>
+#include <array>
+
 namespace norvik {
 
 namespace {
@@ -7,16 +10,28 @@ namespace {
 constexpr int BitsOfByte = 8;
 constexpr int BitsOfNumber = 64;
 constexpr int LengthSize = 4;
+constexpr std::size_t LargestNumber = 8;
 constexpr std::int64_t LongestBlock = 0x7FFFFFFF;
+
+/// The first eight bytes, or as many as there are, as a little-endian number.
+std::uint64_t WordOf(ByteView bytes) {
+    std::uint64_t word = 0;
+    for (std::size_t i = std::min(bytes.size(), LargestNumber); i-- > 0;) {
+        word = word << static_cast<unsigned>(BitsOfByte) | bytes[i];
+    }
+    return word;
+}
 
 }  // namespace
 
 void ByteAppender::Number(std::int64_t value, int size) {
     auto bits = static_cast<std::uint64_t>(value);
-    for (int i = 0; i < size; ++i) {
-        bytes_.push_back(static_cast<Byte>(bits & 0xFFU));
+    std::array<Byte, LargestNumber> digits{};
+    for (Byte& digit : digits) {
+        digit = static_cast<Byte>(bits & 0xFFU);
         bits >>= static_cast<unsigned>(BitsOfByte);
     }
+    bytes_.insert(bytes_.end(), digits.begin(), digits.begin() + size);
 }
 
 void ByteAppender::Block(ByteView block) {
@@ -65,6 +80,24 @@ Text ByteTaker::String() {
 }
 
 std::uint64_t HashOf(ByteView bytes) {
+    constexpr std::uint64_t Factor = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio, odd
+    constexpr unsigned HalfOfNumber = BitsOfNumber / 2;
+    std::uint64_t hash = bytes.size();
+    const auto take = [&hash](std::uint64_t word) {
+        hash = (hash ^ word) * Factor;
+        hash ^= hash >> HalfOfNumber;
+    };
+    std::size_t i = 0;
+    for (; i + LargestNumber <= bytes.size(); i += LargestNumber) {
+        take(WordOf(bytes.subspan(i).first<LargestNumber>()));
+    }
+    if (i < bytes.size()) {
+        take(WordOf(bytes.subspan(i)));
+    }
+    return hash;
+}
+
+std::uint64_t Fnv1aOf(ByteView bytes) {
     constexpr std::uint64_t OffsetBasis = 0xCBF29CE484222325;
     constexpr std::uint64_t Prime = 0x100000001B3;
     std::uint64_t hash = OffsetBasis;

@@ -45,7 +45,11 @@ class ByteTaker {
     bool failed_ = false;
 };
 
-/// The 64-bit FNV-1a hash (Fowler, Noll, Vo).
+/// A 64-bit hash that takes eight bytes at a time; one changed byte always changes it.
+/// docs/formats/keptversion.md defines it.
 std::uint64_t HashOf(ByteView bytes);
+
+/// The 64-bit FNV-1a hash (Fowler, Noll, Vo): that of kept versions of the first form.
+std::uint64_t Fnv1aOf(ByteView bytes);
 
 }  // namespace norvik

@@ -85,6 +85,19 @@ bool IsEmptyPlace(const RegisterEntry& entry, int place) {
     return entry == empty;
 }
 
+/// So many bytes and a few more the register takes: a version's header and hash fit behind them.
+std::size_t RoomFor(const RegisterState& state, const std::vector<int>& places) {
+    constexpr std::size_t OfRest = 1024;
+    constexpr std::size_t OfNumbers = 6 * ShortSize + 4 * LongSize;
+    std::size_t room = OfRest + state.File.Path.native().size() * 3 +
+                       static_cast<std::size_t>(RegisterPlaces) * ShortSize;
+    for (const int place : places) {
+        const RegisterEntry& entry = state.Register(place);
+        room += OfNumbers + entry.Name.size() + entry.Tel.size() + entry.Info.size();
+    }
+    return room;
+}
+
 std::vector<int> FilledPlaces(const RegisterState& state) {
     std::vector<int> places;
     for (int place = 1; place <= RegisterPlaces; ++place) {
@@ -122,13 +135,14 @@ bool IsOrderWhole(const RegisterState& state) {
 }  // namespace
 
 Bytes EncodeRegister(const RegisterState& state) {
+    const std::vector<int> places = FilledPlaces(state);
     Bytes result;
+    result.reserve(RoomFor(state, places));
     ByteAppender bytes(result);
     bytes.String(state.LoadedModel);
     AppendFile(bytes, state.File);
     bytes.Number(state.AnzGes, ShortSize);
     bytes.Number(state.WarnLineAccessZero ? 1 : 0, FlagSize);
-    const std::vector<int> places = FilledPlaces(state);
     bytes.Number(static_cast<std::int64_t>(places.size()), ShortSize);
     for (const int place : places) {
         bytes.Number(place, ShortSize);

@@ -10,6 +10,7 @@
 #include <charconv>
 #include <limits>
 #include <system_error>
+#include <utility>
 
 namespace norvik {
 
@@ -17,14 +18,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// "NORVIK" and what it is, then the number of the form.
+/// "NORVIK" and what it is, then the number of the form. The forms differ in their hash.
 constexpr std::array<Byte, 8> Magic = {'N', 'O', 'R', 'V', 'I', 'K', 'S', 'T'};
-constexpr std::int64_t Form = 1;
+constexpr Byte FirstForm = 1;
+constexpr Byte Form = 2;
 /// Behind the name of a file that is being written.
 constexpr std::string_view UnfinishedEnding = ".neu";
 constexpr int FlagSize = 1;
 constexpr int TimeSize = 8;
 constexpr int HashSize = 8;
+constexpr int LengthSize = 4;  // that of a block
 
 /// Of the content alone: two versions of equal content are one.
 std::uint64_t ContentHash(const Version& version) {
@@ -170,36 +173,36 @@ bool PrepareVersionFolder(const FilePath& folder) {
     return fs::is_directory(folder, error);
 }
 
-Bytes EncodeVersion(const Version& version) {
-    Bytes result(Magic.begin(), Magic.end());
-    constexpr std::size_t Numbers = 64;  // more than they and their lengths take
-    result.reserve(Magic.size() + Numbers + version.Original.native().size() * 3 +
-                   version.Content.size());
-    ByteAppender bytes(result);
-    bytes.Number(Form, FlagSize);
-    bytes.Number(static_cast<std::int64_t>(version.Why), FlagSize);
-    bytes.Number(version.When, TimeSize);
-    bytes.Number(version.IsRegister ? 1 : 0, FlagSize);
-    bytes.Block(BytesOf(version.Original.u8string()));
-    bytes.Block(version.Content);
-    bytes.Number(static_cast<std::int64_t>(HashOf(result)), HashSize);
+Bytes EncodeVersion(Version version) {
+    Bytes header(Magic.begin(), Magic.end());
+    ByteAppender numbers(header);
+    numbers.Number(Form, FlagSize);
+    numbers.Number(static_cast<std::int64_t>(version.Why), FlagSize);
+    numbers.Number(version.When, TimeSize);
+    numbers.Number(version.IsRegister ? 1 : 0, FlagSize);
+    numbers.Block(BytesOf(version.Original.u8string()));
+    numbers.Number(static_cast<std::int64_t>(version.Content.size()), LengthSize);
+    Bytes result = std::move(version.Content);
+    result.insert(result.begin(), header.begin(), header.end());
+    ByteAppender(result).Number(static_cast<std::int64_t>(HashOf(result)), HashSize);
     return result;
 }
 
 std::optional<Version> DecodeVersion(ByteView bytes) {
     using Int64 = std::numeric_limits<std::int64_t>;
-    if (bytes.size() < Magic.size() + HashSize ||
+    if (bytes.size() < Magic.size() + FlagSize + HashSize ||
         !std::equal(Magic.begin(), Magic.end(), bytes.begin())) {
         return std::nullopt;
     }
     const ByteView hashed = bytes.first(bytes.size() - HashSize);
+    ByteTaker taker(hashed.subspan(Magic.size()));
+    const bool isFirstForm = taker.Number(FlagSize, FirstForm, Form) == FirstForm;
     ByteTaker hash(bytes.last(HashSize));
-    if (hash.Number(HashSize, Int64::min(), Int64::max()) !=
-        static_cast<std::int64_t>(HashOf(hashed))) {
+    if (taker.Failed() ||
+        hash.Number(HashSize, Int64::min(), Int64::max()) !=
+            static_cast<std::int64_t>(isFirstForm ? Fnv1aOf(hashed) : HashOf(hashed))) {
         return std::nullopt;
     }
-    ByteTaker taker(hashed.subspan(Magic.size()));
-    taker.Number(FlagSize, Form, Form);
     Version version;
     version.Why = static_cast<VersionReason>(
         taker.Number(FlagSize, static_cast<std::int64_t>(VersionReason::Replaced),

@@ -64,8 +64,8 @@ std::vector<Version> ListVersions(const FilePath& folder);
 /// The version that a file holds; nothing when it is damaged or none.
 std::optional<Version> ReadVersion(const FilePath& file);
 
-/// The bytes of a version's file and back.
-Bytes EncodeVersion(const Version& version);
+/// The bytes of a version's file and back. Those of its content become part of them where they lie.
+Bytes EncodeVersion(Version version);
 std::optional<Version> DecodeVersion(ByteView bytes);
 
 /// Puts `bytes` into the file, whole or not at all; the user alone may read it. Gives whether that

@@ -75,10 +75,23 @@ TEST(ByteTaker, FailsAtTheEnd) {
 }
 
 // The values of the hash's authors.
-TEST(HashOf, IsThe64BitFnv1a) {
-    EXPECT_EQ(HashOf({}), 0xCBF29CE484222325U);
-    EXPECT_EQ(HashOf(Raw("'a'")), 0xAF63DC4C8601EC8CU);
-    EXPECT_EQ(HashOf(Raw("'foobar'")), 0x85944171F73967E8U);
+TEST(Fnv1aOf, IsThe64BitFnv1a) {
+    EXPECT_EQ(Fnv1aOf({}), 0xCBF29CE484222325U);
+    EXPECT_EQ(Fnv1aOf(Raw("'a'")), 0xAF63DC4C8601EC8CU);
+    EXPECT_EQ(Fnv1aOf(Raw("'foobar'")), 0x85944171F73967E8U);
+}
+
+// Reckoned by hand from the definition.
+TEST(HashOf, TakesEightBytesAtATime) {
+    EXPECT_EQ(HashOf({}), 0U);
+    EXPECT_EQ(HashOf(Raw("'a'")), 0x54CDA58FEF23226FU);
+    EXPECT_EQ(HashOf(Raw("'foobar!!'")), 0xEDF5CEA6391CA2A0U);
+    EXPECT_EQ(HashOf(Raw("'foobar!! F'")), 0x8A61F38AE2AE2971U);
+}
+
+TEST(HashOf, TellsZerosApart) {
+    EXPECT_NE(HashOf(Raw("00")), HashOf(Raw("0000")));
+    EXPECT_NE(HashOf({}), HashOf(Raw("00")));
 }
 
 }  // namespace

@@ -43,8 +43,8 @@ TEST_F(VersionStore, WritesTheseBytes) {
     version.Why = VersionReason::NotSavedAtQuit;
     version.IsRegister = true;
     const Bytes bytes = EncodeVersion(version);
-    EXPECT_EQ(Bytes(bytes.begin(), bytes.end() - 8),
-              Raw("'NORVIKST' 01 03 5F00000000000000 01 06000000 '/a.t9t' 03000000 'abc'"));
+    EXPECT_EQ(bytes, Raw("'NORVIKST' 02 03 5F00000000000000 01 06000000 '/a.t9t' 03000000 'abc'"
+                         "CCA351028C4BC0AF"));
     const std::optional<Version> read = DecodeVersion(bytes);
     ASSERT_TRUE(read.has_value());
     EXPECT_EQ(read->When, 0x5F);
@@ -52,6 +52,19 @@ TEST_F(VersionStore, WritesTheseBytes) {
     EXPECT_TRUE(read->IsRegister);
     EXPECT_EQ(read->Original, "/a.t9t");
     EXPECT_EQ(read->Content, Raw("'abc'"));
+}
+
+TEST_F(VersionStore, ReadsTheFirstForm) {
+    Bytes bytes = Raw("'NORVIKST' 01 03 5F00000000000000 01 06000000 '/a.t9t' 03000000 'abc'"
+                      "9D05DCDA8C39F18D");
+    const std::optional<Version> read = DecodeVersion(bytes);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_EQ(read->When, 0x5F);
+    EXPECT_EQ(read->Content, Raw("'abc'"));
+    bytes[8] = 2;  // whose hash is another
+    EXPECT_FALSE(DecodeVersion(bytes).has_value());
+    bytes[8] = 3;
+    EXPECT_FALSE(DecodeVersion(bytes).has_value());
 }
 
 TEST_F(VersionStore, RefusesEveryCutAndEveryChangedByte) {
