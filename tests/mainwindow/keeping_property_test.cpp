@@ -353,7 +353,7 @@ void Sequence::Follow(const EntrySet& before, bool loaded) {
 void Sequence::FollowDestroyed() {
     gone_.merge(std::exchange(at_->Desk->Told, EntrySet()));
     if (!gone_.empty()) {
-        ledger_.Destroy(std::exchange(gone_, EntrySet()), Standing());
+        ledger_.Destroy(std::exchange(gone_, EntrySet()), Lasting());
     }
 }
 

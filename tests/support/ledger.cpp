@@ -18,8 +18,8 @@ void Ledger::Erase(const EntrySet& entries) {
     stored_ = Without(stored_, entries);
 }
 
-void Ledger::Destroy(const EntrySet& entries, const EntrySet& standing) {
-    Forget(entries, standing);
+void Ledger::Destroy(const EntrySet& entries, const EntrySet& lasting) {
+    Forget(entries, lasting);
     destroyed_.insert(entries.begin(), entries.end());
 }
 

@@ -12,8 +12,8 @@ class Ledger {
     /// A user took them out of a register, not by loading another one.
     void Erase(const EntrySet& entries);
     /// A user destroyed a file or version that held them, or was told that a save did. What does
-    /// not stand elsewhere is forgotten; what does may go with the program that holds it.
-    void Destroy(const EntrySet& entries, const EntrySet& standing);
+    /// not last, in a register or another file, is forgotten; what does may go with its program.
+    void Destroy(const EntrySet& entries, const EntrySet& lasting);
 
     /// A process.
     struct Ended {
