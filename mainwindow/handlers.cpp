@@ -127,6 +127,11 @@ void btnSearchMore_Click(Program& program, Desktop& desktop) {
     desktop.ShowEntry();
 }
 
+void SearchBackwards(Program& program, Desktop& desktop) {
+    SearchRegister(program.State, program.SearchTerm, true, desktop, SearchDirection::Backwards);
+    desktop.ShowEntry();
+}
+
 void Satzwahl_Change(Program& program, int value, Desktop& desktop) {
     SelectRecord(program.State, value, desktop);
 }

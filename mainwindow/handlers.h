@@ -31,6 +31,8 @@ void Choice_Change(Program& program);
 void btnSearch_Click(Program& program, Desktop& desktop);
 /// Searches the same term behind the shown entry.
 void btnSearchMore_Click(Program& program, Desktop& desktop);
+/// Searches the same term in front of the shown entry.
+void SearchBackwards(Program& program, Desktop& desktop);
 
 /// The record selector took a value.
 void Satzwahl_Change(Program& program, int value, Desktop& desktop);

@@ -26,6 +26,13 @@ int PositionOfRow(TextView row) {
     return static_cast<int>(ParseDecimal(Slice(row, 1, row.find(u':') - 1)));
 }
 
+TextView WithoutPosition(TextView row) {
+    const auto name = row.find_first_not_of(u"0123456789", 1);
+    const bool hasPosition =
+        row.starts_with(u'#') && name != TextView::npos && name > 1 && row.substr(name, 2) == u": ";
+    return hasPosition ? row.substr(name + 2) : row;
+}
+
 std::optional<int> RowOfPosition(const std::vector<Text>& rows, int position) {
     const auto row =
         std::lower_bound(rows.begin(), rows.end(), position, [](const Text& candidate, int wanted) {

@@ -18,7 +18,10 @@
 #include "mainwindow/versionswindow.h"
 #include "registertools/lineaccesszero.h"
 
+#include <algorithm>
 #include <exception>
+#include <stdexcept>
+#include <string>
 #include <tuple>
 #include <type_traits>
 
@@ -85,9 +88,9 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren...",      "",       3, false, Run<mnuDateiSaveIP286>},
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp",  u"&Handyexport...", "", 3, false, Run<mnuDateiHandyexp>},
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren...", "", 3, false, Run<mnuDateiConvCallListCSV>},
-    {"mnuDatei", u"&Datei", "mnuDateiLoadSync",  u"SyncDatei laden",                    "",       4, false, Run<mnuDateiLoadSync>},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadSync",  u"S&yncDatei laden",                   "",       4, false, Run<mnuDateiLoadSync>},
     {"mnuDatei", u"&Datei", "mnuDateiVersions",  u"&Frühere Stände...",                  "",       5, false, Run<mnuDateiVersions>, nullptr, {}, VersionsCaption},
-    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "",       6, false, Run<mnuDateiBeenden>},
+    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "Ctrl+Q", 6, false, Run<mnuDateiBeenden>},
 
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, Run<mnuBearbeitenNullHinzu>, nullptr, u"Null hinzufügen (# Einträge)"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, Run<mnuBearbeitenNullEntf>, nullptr, u"Null entfernen (# Einträge)"},
@@ -105,11 +108,11 @@ constexpr MenuRow Rows[] = {
 
     {"mnuSync", u"&Synchronisation", "mnuSyncAdd", u"&Adresse suchen...", "", 1, false, Run<mnuSyncAdd>, nullptr, u"Adresse übernommen"},
 
-    {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"Beim CSV-Einlesen Doubletten vermeiden", "", 1, false, Run<mnuExtraDoubles>, &MainWindowFields::mnuExtraDoubles},
+    {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"&Beim CSV-Einlesen Doubletten vermeiden", "", 1, false, Run<mnuExtraDoubles>, &MainWindowFields::mnuExtraDoubles},
     {"mnuExtra", u"E&xtras", "mnuSettingsBasic", u"&Einstellungen...", "", 2, false, Run<mnuSettingsBasic>},
 
     {"mnuHilfe", u"&Hilfe", "mnuHelpManual",    u"&Handbuch",            "", 1, false, Run<mnuHelpManual>},
-    {"mnuHilfe", u"&Hilfe", "mnuHilfeReadme",   u"&README",              "", 1, false, Run<mnuHilfeReadme>},
+    {"mnuHilfe", u"&Hilfe", "mnuHilfeReadme",   u"&README",              "F1", 1, false, Run<mnuHilfeReadme>},
     {"mnuHilfe", u"&Hilfe", "mnuHilfeWhatsNew", u"&Was ist neu?",        "", 1, false, Run<mnuHilfeWhatsNew>},
     {"mnuHilfe", u"&Hilfe", "mnuHilfeAbout",    u"Ü&ber das Programm",   "", 2, false, Run<mnuHilfeAbout>},
 };
@@ -119,6 +122,21 @@ constexpr MenuRow Rows[] = {
 
 std::span<const MenuRow> MenuTable() {
     return Rows;
+}
+
+const MenuRow& MenuRowOf(std::string_view name) {
+    const auto* const found = std::find_if(std::begin(Rows), std::end(Rows),
+                                           [name](const MenuRow& row) { return row.Name == name; });
+    if (found == std::end(Rows)) {
+        throw std::out_of_range(std::string(name));
+    }
+    return *found;
+}
+
+const MenuRow& SaveItemOf(const RegisterState& state) {
+    return MenuRowOf(state.LoadedModel == u"193"   ? "MNUDateiSave193"
+                     : state.LoadedModel == u"175" ? "mnuDateiSave175"
+                                                   : "mnuDateiSaveNV");
 }
 
 }  // namespace norvik

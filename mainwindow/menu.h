@@ -32,4 +32,11 @@ struct MenuRow {
 /// All menu items, in their order, the items of a menu together.
 std::span<const MenuRow> MenuTable();
 
+/// The item of that name; raises std::out_of_range where there is none.
+const MenuRow& MenuRowOf(std::string_view name);
+
+/// The item that saves the register for the model that it was loaded from; where there is none, for
+/// the 195.
+const MenuRow& SaveItemOf(const RegisterState& state);
+
 }  // namespace norvik

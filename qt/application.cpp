@@ -2,6 +2,7 @@
 
 #include "base/platform.h"
 #include "mainwindow/keeping.h"
+#include "qt/focusframe.h"
 #include "qt/textconversion.h"
 
 #include <QApplication>
@@ -41,6 +42,7 @@ FilePath UserStateFolder() {
 void PrepareApplication(QApplication& application) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setDesktopFileName(QStringLiteral("norvik-telefonregister"));
+    FrameFocus(application);
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     auto* translator = new QTranslator(&application);
     if (translator->load(QStringLiteral("qtbase_de"),

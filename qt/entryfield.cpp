@@ -117,9 +117,12 @@ bool EntryField::HasRedo() const {
 
 bool EntryField::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
-        // The line edit takes these keys always; without a step of its own they are the menu's.
+        // The line edit takes these keys always. Those to the ends of a document are the window's:
+        // in a line, Home and End are enough. Without a step of its own undoing is the menu's.
         const auto& key = dynamic_cast<const QKeyEvent&>(*event);
-        if ((IsUndoKey(key) && !HasUndo()) || (IsRedoKey(key) && !HasRedo())) {
+        if (key.matches(QKeySequence::MoveToStartOfDocument) ||
+            key.matches(QKeySequence::MoveToEndOfDocument) || (IsUndoKey(key) && !HasUndo()) ||
+            (IsRedoKey(key) && !HasRedo())) {
             event->ignore();
             return false;
         }

@@ -108,7 +108,7 @@ QWidget* MakeToneGroup(MainWindowWidgets& widgets, QWidget* parent) {
     layout->addWidget(MakeLabel(QStringLiteral("&Klingelton:"), widgets.DDTon, group), 0, 0);
     layout->addWidget(widgets.DDTon, 0, 1);
     layout->addWidget(widgets.chkTon, 1, 1);
-    layout->addWidget(MakeLabel(QStringLiteral("Ansage:"), widgets.DDAB, group), 2, 0);
+    layout->addWidget(MakeLabel(QStringLiteral("&Ansage:"), widgets.DDAB, group), 2, 0);
     layout->addWidget(widgets.DDAB, 2, 1);
     layout->addWidget(MakeLabel(QStringLiteral("Abgehende &MSN:"), widgets.DDMSN, group), 3, 0);
     layout->addWidget(widgets.DDMSN, 3, 1);
@@ -122,10 +122,10 @@ QWidget* MakeFilterGroup(MainWindowWidgets& widgets, QWidget* parent) {
         QString accessibleName;
     };
     const std::array<Option, Filters> options = {
-        {{QStringLiteral("&aus"), QStringLiteral("Anruffilter aus")},
+        {{QStringLiteral("aus"), QStringLiteral("Anruffilter aus")},
          {QStringLiteral("Anru&f"), QStringLiteral("Anruffilter Anruf")},
          {QStringLiteral("VI&P"), QStringLiteral("Anruffilter VIP")},
-         {QStringLiteral("&CD"), QStringLiteral("Anruffilter CD")}}};
+         {QStringLiteral("CD"), QStringLiteral("Anruffilter CD")}}};
     auto* group = new QGroupBox(QStringLiteral("Anruffilter"), parent);
     auto* layout = new QHBoxLayout(group);
     widgets.FilterGroup = new QButtonGroup(group);

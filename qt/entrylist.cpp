@@ -1,8 +1,10 @@
 #include "qt/entrylist.h"
 
+#include "mainwindow/listrows.h"
 #include "qt/textconversion.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QMouseEvent>
 
 #include <utility>
@@ -35,6 +37,32 @@ QVariant EntryListModel::data(const QModelIndex& index, int role) const {
     return role == Qt::DisplayRole
                ? row
                : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(row.toHtmlEscaped());
+}
+
+QModelIndexList EntryListModel::match(const QModelIndex& start, int role, const QVariant& value,
+                                      int hits, Qt::MatchFlags flags) const {
+    if (role != Qt::DisplayRole || flags != (Qt::MatchStartsWith | Qt::MatchWrap) || hits != 1 ||
+        value.toString().isEmpty()) {
+        return QAbstractListModel::match(start, role, value, hits, flags);
+    }
+    const QString typed = value.toString();
+    QModelIndex found = RowOfName(typed, start.row());
+    // The same letter again and again goes from one of its names to the next.
+    if (!found.isValid() && typed.count(typed.front(), Qt::CaseInsensitive) == typed.size()) {
+        found = RowOfName(typed.first(1), start.row());
+    }
+    return found.isValid() ? QModelIndexList{found} : QModelIndexList();
+}
+
+QModelIndex EntryListModel::RowOfName(const QString& beginning, int start) const {
+    const int count = rowCount({});
+    for (int i = 0; i < count; ++i) {
+        const int row = (start + i) % count;
+        if (ToQString(WithoutPosition(Row(row))).startsWith(beginning, Qt::CaseInsensitive)) {
+            return index(row, 0);
+        }
+    }
+    return {};
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -92,10 +120,33 @@ void EntryListView::TellFocus() {
     }
 }
 
+bool EntryListView::TakesBlank(const QKeyEvent& event) {
+    const bool goesOn =
+        typed_.isValid() && typed_.elapsed() <= QApplication::keyboardInputInterval();
+    const QString text = event.text();
+    if (!text.isEmpty() && text.front().isPrint() && (goesOn || !text.front().isSpace())) {
+        typed_.start();
+    } else {
+        typed_.invalidate();
+    }
+    return goesOn && event.key() == Qt::Key_Space;
+}
+
 void EntryListView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete &&
+        (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+        if (!event->isAutoRepeat() && selectionModel()->hasSelection()) {  // one entry, not all
+            emit eraseWanted();
+        }
+        return;
+    }
     const QPersistentModelIndex before = currentIndex();
     deferred_ = true;
-    QListView::keyPressEvent(event);
+    if (TakesBlank(*event)) {
+        keyboardSearch(event->text());
+    } else {
+        QListView::keyPressEvent(event);
+    }
     deferred_ = false;
     if (currentIndex() != before) {
         Choose(currentIndex());

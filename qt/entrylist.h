@@ -5,6 +5,7 @@
 #include "base/text.h"
 
 #include <QAbstractListModel>
+#include <QElapsedTimer>
 #include <QListView>
 #include <QStyledItemDelegate>
 
@@ -23,8 +24,14 @@ class EntryListModel : public QAbstractListModel {
 
     [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    /// What is typed finds the name, in front of which a row may have its number.
+    [[nodiscard]] QModelIndexList match(const QModelIndex& start, int role, const QVariant& value,
+                                        int hits, Qt::MatchFlags flags) const override;
 
   private:
+    /// The first row from `start` on, all around, whose name begins so.
+    [[nodiscard]] QModelIndex RowOfName(const QString& beginning, int start) const;
+
     std::vector<Text> rows_;
 };
 
@@ -48,6 +55,8 @@ class EntryListView : public QListView {
   signals:
     /// The user chose a row, by mouse or keyboard; also the row that is selected already.
     void rowChosen(int row);
+    /// The user wants the selected row's entry erased.
+    void eraseWanted();
 
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -60,10 +69,13 @@ class EntryListView : public QListView {
     void Choose(const QModelIndex& index);
     /// Tells a screen reader which row has the focus, if one has.
     void TellFocus();
+    /// A blank goes on with a name that is being typed.
+    bool TakesBlank(const QKeyEvent& event);
 
     /// A choice is reported when the key or the mouse button has done its work, not in its midst.
     bool deferred_ = false;
     bool selecting_ = false;
+    QElapsedTimer typed_;  ///< since the last character of a name
 };
 
 }  // namespace norvik

@@ -22,7 +22,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QShortcut>
 
 #include <utility>
 
@@ -86,15 +85,6 @@ void MainWindow::MakeMenus() {
         connect(action, &QAction::triggered, this,
                 [this, &row] { Run([&] { row.Run(program_, desktop_, desktop_); }, row.Step); });
     }
-}
-
-void MainWindow::MakeShortcuts() {
-    const auto bind = [this](const QKeySequence& keys, QPushButton* button) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
-    };
-    bind(QKeySequence(QStringLiteral("Ctrl+F")), widgets_.btnSearch);
-    bind(QKeySequence(QStringLiteral("F3")), widgets_.btnSearchMore);
-    bind(QKeySequence(QStringLiteral("Ctrl+N")), widgets_.btnNew);
 }
 
 void MainWindow::ConnectEntry() {
@@ -168,6 +158,8 @@ void MainWindow::ConnectSelection() {
         const Text text = model_->Row(row);
         Run([&] { TelRegListe_Click(program_, text, desktop_); }, StoredStep);
     });
+    connect(widgets_.TelRegListe, &EntryListView::eraseWanted, widgets_.btnErase,
+            &QPushButton::click);
     connect(widgets_.chkListFilter, &QCheckBox::toggled, this, [this] {
         if (!drawing_) {
             Run([&] { chkListFilter_Click(program_, desktop_); });

@@ -92,6 +92,8 @@ class MainWindow : public QMainWindow {
     void Draw();
     void DrawChoices();
     void DrawCounts() const;
+    /// One key saves the register for the model that it came from.
+    void DrawSaveShortcut() const;
     void DrawSaveChange() const;
     void SelectListRow() const;
 

@@ -71,6 +71,7 @@ void MainWindow::Draw() {
     for (QAction* action : saveActions_) {
         action->setEnabled(fields.SaveMenusEnabled);
     }
+    DrawSaveShortcut();
     for (const auto& [action, check] : checkActions_) {
         action->setChecked(fields.*check);
     }

@@ -83,7 +83,7 @@ QLayout* MakeButtonLine(MainWindowWidgets& widgets, QWidget* parent) {
                                        QStringLiteral("Eintrag übernehmen"), parent);
     widgets.btnNew =
         MakeButton("btnNew", QStringLiteral("N&eu"), QStringLiteral("Neuer Eintrag"), parent);
-    widgets.btnErase = MakeButton("btnErase", QStringLiteral("L&öschen"),
+    widgets.btnErase = MakeButton("btnErase", QStringLiteral("Lös&chen"),
                                   QStringLiteral("Eintrag löschen"), parent);
     widgets.btnSearch =
         MakeButton("btnSearch", QStringLiteral("s&uchen..."), QStringLiteral("Suchen"), parent);
@@ -104,6 +104,7 @@ QLineEdit* MakeDiagnosticField(int number, const QString& caption, QWidget* pare
     field->setObjectName(IndexedName("Anzeigefeld", number));
     field->setAccessibleName(QStringLiteral("Diagnose ") + caption);
     field->setReadOnly(true);
+    field->setFocusPolicy(Qt::ClickFocus);  // to copy from; nobody who types wants to come by
     field->setFrame(false);
     QPalette quiet = field->palette();
     quiet.setColor(QPalette::Base, Qt::transparent);
@@ -221,11 +222,6 @@ void SetTabOrder(const MainWindowWidgets& widgets) {
     order.insert(order.end(), {widgets.chkCharge, widgets.btnEraseCharge, widgets.chkExport,
                                widgets.btnSaveChange, widgets.btnNew, widgets.btnErase,
                                widgets.btnSearch, widgets.btnSearchMore});
-    for (QLineEdit* field : widgets.Diagnostics) {
-        if (field != nullptr) {
-            order.push_back(field);
-        }
-    }
     order.insert(order.end(), {widgets.TelRegListe, widgets.chkListFilter});
     for (std::size_t i = 1; i < order.size(); ++i) {
         QWidget::setTabOrder(order[i - 1], order[i]);

@@ -1,10 +1,12 @@
 #include "registertools/searchregister.h"
 
+#include <algorithm>
+
 namespace norvik {
 
 namespace {
 
-/// A search ends when it has come to the register's end this many times.
+/// A search ends when it has come to an end of the register this many times.
 constexpr int WrapsToEnd = 2;
 
 bool Matches(const RegisterEntry& entry, TextView loweredTerm) {
@@ -13,14 +15,18 @@ bool Matches(const RegisterEntry& entry, TextView loweredTerm) {
 
 }  // namespace
 
-void SearchRegister(RegisterState& state, TextView term, bool continueSearch, Desktop& desktop) {
+void SearchRegister(RegisterState& state, TextView term, bool continueSearch, Desktop& desktop,
+                    SearchDirection direction) {
     const Text lowered = LowerCase(term);
     int position = continueSearch ? state.AnzNr : 1;
     int wraps = 0;
     const auto advance = [&] {
-        ++position;
+        position += direction == SearchDirection::Forwards ? 1 : -1;
         if (position > state.AnzGes) {
             position = 1;
+            ++wraps;
+        } else if (position < 1) {
+            position = std::max(1, state.AnzGes);
             ++wraps;
         }
     };

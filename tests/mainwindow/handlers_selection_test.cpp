@@ -300,6 +300,19 @@ TEST_F(Search, MoreMovesOnAndWrapsToTheFirstMatch) {
     EXPECT_EQ(Field(0), u"Meier");
 }
 
+TEST_F(Search, BackwardsMovesBackAndWrapsToTheLastMatch) {
+    Given(RegisterOfNames({u"Meier", u"Anna", u"Meise"}));
+    program.SearchTerm = u"mei";
+
+    SearchBackwards(program, desktop);
+    EXPECT_EQ(program.State.AnzNr, 3);
+    SearchBackwards(program, desktop);
+    EXPECT_EQ(program.State.AnzNr, 1);
+
+    EXPECT_EQ(desktop.Transcript, (Lines{"beep", "entry", "entry", "beep", "entry", "entry"}));
+    EXPECT_EQ(Field(0), u"Meier");
+}
+
 TEST_F(Search, MoreFindsTheOnlyMatchAgain) {
     Given(RegisterOfNames({u"Anna", u"Meier"}), 2);
     program.SearchTerm = u"meier";

@@ -204,7 +204,7 @@ TEST_F(Sync, TheMenusItemsRunThem) {
     for (const MenuRow& row : rows) {
         if (row.Name == "mnuDateiLoadSync") {
             EXPECT_EQ(row.Menu, "mnuDatei");
-            EXPECT_EQ(row.Caption, u"SyncDatei laden");
+            EXPECT_EQ(row.Caption, u"S&yncDatei laden");
             row.Run(program, desktop, desktop);
         }
     }

@@ -85,6 +85,19 @@ TEST(PositionOfRow, IsNotMisledByNameAndNumber) {
     EXPECT_EQ(PositionOfRow(u"#7: ,5 (,6)"), 7);
 }
 
+TEST(WithoutPosition, BeginsWithTheName) {
+    EXPECT_EQ(WithoutPosition(u"#1: Anna (030) Info"), u"Anna (030) Info");
+    EXPECT_EQ(WithoutPosition(u"#1999: #2: Anna (030)"), u"#2: Anna (030)");
+    EXPECT_EQ(WithoutPosition(u"#1: "), u"");
+}
+
+TEST(WithoutPosition, LeavesOtherRowsAsTheyAre) {
+    for (const TextView row :
+         {u"", u"#", u"#1", u"#1:", u"#1:Anna", u"#: Anna", u"#1x: Anna", u"MSN 1:  Anna (030)"}) {
+        EXPECT_EQ(WithoutPosition(row), row);
+    }
+}
+
 TEST(RowOfPosition, CountsRowsFromZeroAndKnowsPositionsWithoutARow) {
     const std::vector<Text> rows = {u"#2: Bernd ()", u"#9: Ida ()", u"#10: Jan ()", u"#200: Z ()"};
     EXPECT_EQ(RowOfPosition(rows, 2), 0);

@@ -38,7 +38,7 @@ constexpr NamedItem AllItems[] = {
     {"mnuDatei", u"&Datei", "mnuDateiSaveIP286", u"CSV für &IP 286 exportieren..."},
     {"mnuDatei", u"&Datei", "mnuDateiHandyexp", u"&Handyexport..."},
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren..."},
-    {"mnuDatei", u"&Datei", "mnuDateiLoadSync", u"SyncDatei laden"},
+    {"mnuDatei", u"&Datei", "mnuDateiLoadSync", u"S&yncDatei laden"},
     {"mnuDatei", u"&Datei", "mnuDateiVersions", u"&Frühere Stände..."},
     {"mnuDatei", u"&Datei", "mnuDateiBeenden", u"&Beenden"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen..."},
@@ -52,7 +52,7 @@ constexpr NamedItem AllItems[] = {
     {"mnuGeb", u"&Gebühren", "mnuGebAuszug", u"Gebühren&auszug..."},
     {"mnuGeb", u"&Gebühren", "mnuGebDelete", u"&Zähler löschen..."},
     {"mnuSync", u"&Synchronisation", "mnuSyncAdd", u"&Adresse suchen..."},
-    {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"Beim CSV-Einlesen Doubletten vermeiden"},
+    {"mnuExtra", u"E&xtras", "mnuExtraDoubles", u"&Beim CSV-Einlesen Doubletten vermeiden"},
     {"mnuExtra", u"E&xtras", "mnuSettingsBasic", u"&Einstellungen..."},
     {"mnuHilfe", u"&Hilfe", "mnuHelpManual", u"&Handbuch"},
     {"mnuHilfe", u"&Hilfe", "mnuHilfeReadme", u"&README"},
@@ -168,6 +168,24 @@ TEST(MenuTable, MnemonicsAndShortcutsAreUnambiguous) {
             EXPECT_TRUE(shortcuts.insert(row.Shortcut).second) << row.Name;
         }
     }
+}
+
+TEST(MenuTable, ARowIsFoundByItsName) {
+    for (const MenuRow& row : MenuTable()) {
+        EXPECT_EQ(&MenuRowOf(row.Name), &row);
+    }
+    EXPECT_THROW(MenuRowOf("mnu"), std::out_of_range);
+}
+
+TEST(SaveItemOf, IsTheOneOfTheLoadedModel) {
+    RegisterState state;
+    EXPECT_EQ(SaveItemOf(state).Name, "mnuDateiSaveNV");
+    state.LoadedModel = u"193";
+    EXPECT_EQ(SaveItemOf(state).Name, "MNUDateiSave193");
+    state.LoadedModel = u"175";
+    EXPECT_EQ(SaveItemOf(state).Name, "mnuDateiSave175");
+    state.LoadedModel = u"195";
+    EXPECT_EQ(SaveItemOf(state).Name, "mnuDateiSaveNV");
 }
 
 TEST(MenuTable, TheGroupsOfAMenuFollowEachOther) {

@@ -57,6 +57,49 @@ TEST(SearchRegister, AContinuedSearchMovesOnToTheNextMatchBehindTheCurrentRecord
     EXPECT_THAT(desktop.Transcript, ElementsAre("beep", "entry", "beep", "entry"));
 }
 
+TEST(SearchRegister, ABackwardSearchMovesOnToTheNextMatchInFrontOfTheCurrentRecord) {
+    RegisterState state = People();
+    state.AnzNr = 4;
+    ScriptedDesktop desktop;
+    SearchRegister(state, u"mei", true, desktop, SearchDirection::Backwards);
+    EXPECT_EQ(state.AnzNr, 3);
+    EXPECT_EQ(state.Satzwahl.Value, 3);
+    SearchRegister(state, u"mei", true, desktop, SearchDirection::Backwards);
+    EXPECT_EQ(state.AnzNr, 2);
+    EXPECT_THAT(desktop.Transcript, ElementsAre("beep", "entry", "beep", "entry"));
+}
+
+TEST(SearchRegister, ABackwardSearchWrapsToTheLastRecordInFrontOfRecord1) {
+    RegisterState state = People();
+    state.AnzNr = 2;
+    ScriptedDesktop desktop;
+    SearchRegister(state, u"mei", true, desktop, SearchDirection::Backwards);
+    EXPECT_EQ(state.AnzNr, 3);
+    state.AnzNr = 1;
+    SearchRegister(state, u"otto", true, desktop, SearchDirection::Backwards);
+    EXPECT_EQ(state.AnzNr, 4);
+}
+
+TEST(SearchRegister, ABackwardSearchTestsTheCurrentRecordLast) {
+    RegisterState state = People();
+    state.AnzNr = 2;
+    ScriptedDesktop desktop;
+    SearchRegister(state, u"garten", true, desktop, SearchDirection::Backwards);
+    EXPECT_EQ(state.AnzNr, 2);
+    EXPECT_THAT(desktop.Transcript, ElementsAre("beep", "entry"));
+}
+
+TEST(SearchRegister, ABackwardSearchWithoutAMatchSaysSo) {
+    for (const int count : {0, 1, 4}) {
+        RegisterState state = People();
+        SetCount(state, count);
+        ScriptedDesktop desktop;
+        SearchRegister(state, u"xyz", true, desktop, SearchDirection::Backwards);
+        EXPECT_EQ(state.AnzNr, 1);
+        EXPECT_THAT(desktop.Transcript, ElementsAre(NotFound)) << count;
+    }
+}
+
 TEST(SearchRegister, AContinuedSearchWrapsToRecord1BehindTheLastRecord) {
     RegisterState state = People();
     state.AnzNr = 3;
