@@ -377,16 +377,14 @@ void RememberFile(Program& program, const FilePath& path, bool held) {
     });
 }
 
-void RememberTarget(Program& program) {
+bool RememberTarget(Program& program) {
     const FilePath target = std::exchange(program.Keep.Target, FilePath());
-    if (target.empty()) {
-        return;
-    }
-    Quietly([&] {
+    return !target.empty() && Quietly([&] {
         const std::uint64_t now = HashOf(ReadWholeFile(target));
-        if (now != program.Keep.Replaced) {  // else nothing was saved
-            program.Keep.Known.insert_or_assign(KeyOf(target), now);
+        if (now == program.Keep.Replaced) {
+            return false;
         }
+        program.Keep.Known.insert_or_assign(KeyOf(target), now);
         return true;
     });
 }

@@ -74,7 +74,8 @@ Text KeepOverwritten(Program& program, const FilePath& path);
 /// else is noticed; with `held`, that it holds the register without a loss.
 void RememberFile(Program& program, const FilePath& path, bool held);
 
-/// The operation has ended: remembers what the file holds that it wrote, if any.
-void RememberTarget(Program& program);
+/// The operation has ended: remembers what the file holds that it wrote, if any. Gives whether it
+/// wrote one; a file that held just that before does not count.
+bool RememberTarget(Program& program);
 
 }  // namespace norvik

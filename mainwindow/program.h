@@ -6,6 +6,7 @@
 #include "base/platform.h"
 #include "mainwindow/fields.h"
 #include "mainwindow/history.h"
+#include "mainwindow/recentfiles.h"
 #include "register/register.h"
 #include "register/settings.h"
 #include "registertools/fillregisterlist.h"
@@ -93,6 +94,8 @@ struct Program {
     Keeping Keep;
     VersionsFields Versions;
     DoublesFields Doubles;
+    RecentFiles Recent;
+    FilePath SavedTo;  ///< the file that the last operation wrote; empty where it wrote none
     /// Where the help documents are installed; those in Folder come first.
     FilePath DocumentFolder;
 };

@@ -62,8 +62,19 @@ void RenewRegisterList(Program& program, Desktop& desktop, Windows& windows) {
         return;
     }
     program.List.ListResult.clear();
+    program.List.ListPlaces.clear();
     program.List.AnzTreffer = NoHitCount;
     RefreshRegisterList(program, desktop, windows);
+}
+
+void ListResult_DblClick(Program& program, int line, Desktop& desktop) {
+    const int position = PositionOfLine(program.List, line, program.State);
+    if (position > 0) {
+        ChooseEntry(program, position, desktop);
+    } else {
+        desktop.Beep();
+        desktop.SetStatus(u"Dieser Eintrag steht nicht mehr im Register");
+    }
 }
 
 void NVList_btnExit_Click(Program& program, Desktop& desktop, Windows& windows) {

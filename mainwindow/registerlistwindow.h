@@ -18,6 +18,9 @@ void RefreshRegisterList(Program& program, Desktop& desktop, Windows& windows);
 /// A register was loaded: what an open list shows of the old one goes.
 void RenewRegisterList(Program& program, Desktop& desktop, Windows& windows);
 
+/// A double click or Return on a line: shows its entry in the main window, as a click in the list
+/// there does.
+void ListResult_DblClick(Program& program, int line, Desktop& desktop);
 /// "Filter setzen": closes the list; the main window's list shows the listed entries alone when a
 /// box is ticked.
 void NVList_btnExit_Click(Program& program, Desktop& desktop, Windows& windows);

@@ -90,6 +90,9 @@ void FollowFile(Program& program, bool loaded) {
     NoteFile(program.Past, program.State, held);
     const FilePath& saved = program.Keep.Target;
     RememberFile(program, saved.empty() ? program.State.File.Path : saved, held);
+    if (saved.empty()) {
+        AddRecent(program.Recent, program.State.File.Path, program.Keep.Folder);
+    }
 }
 
 }  // namespace
@@ -125,7 +128,9 @@ void RunStep(Program& program, TextView what, const std::function<void()>& opera
     if (changed || saved || IsKeepingBehind(program)) {
         KeepSession(program);
     }
-    RememberTarget(program);
+    const FilePath target = program.Keep.Target;
+    const bool wrote = RememberTarget(program) || program.State.WholeFiles != wholeFiles;
+    program.SavedTo = wrote ? target : FilePath();
     FollowVersions(program);
     FollowDoubles(program);
 }

@@ -3,6 +3,7 @@
 #include "base/platform.h"
 #include "mainwindow/keeping.h"
 #include "qt/focusframe.h"
+#include "qt/icons.h"
 #include "qt/textconversion.h"
 
 #include <QApplication>
@@ -37,11 +38,19 @@ FilePath UserStateFolder() {
     return state.is_absolute() ? state : ToFilePath(QDir::homePath()) / ".local/state";
 }
 
+/// The folder in which programs keep a user's settings. A relative XDG_CONFIG_HOME does not count.
+FilePath UserConfigFolder() {
+    FilePath config =
+        ToFilePath(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+    return config.is_absolute() ? config : ToFilePath(QDir::homePath()) / ".config";
+}
+
 }  // namespace
 
 void PrepareApplication(QApplication& application) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setDesktopFileName(QStringLiteral("norvik-telefonregister"));
+    QApplication::setWindowIcon(ProgramIcon());
     FrameFocus(application);
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     auto* translator = new QTranslator(&application);
@@ -78,6 +87,10 @@ FilePath ApplicationFolder() {
 
 FilePath ApplicationVersionFolder() {
     return VersionFolder(ApplicationFolder(), ExecutableFolder(), UserStateFolder());
+}
+
+FilePath ApplicationSettingsFile() {
+    return UserConfigFolder() / "norvik/fenster.ini";
 }
 
 FilePath InstalledDocumentFolder(const FilePath& executableFolder) {

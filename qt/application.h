@@ -9,8 +9,9 @@ class QApplication;
 
 namespace norvik {
 
-/// Makes the toolkit's own buttons and dialogs German and its own, whatever the system's locale and
-/// desktop, and ties the windows to the program's entry in the desktop's menu.
+/// Makes the toolkit's own buttons and boxes German and its own, whatever the system's locale and
+/// desktop, and ties the windows to the program's entry in the desktop's menu. Gives them the
+/// program's picture.
 void PrepareApplication(QApplication& application);
 
 /// Takes the file that the desktop hands over out of the program's arguments: "--datei" in the
@@ -29,6 +30,9 @@ FilePath ApplicationFolder();
 
 /// Where the running application keeps earlier versions.
 FilePath ApplicationVersionFolder();
+
+/// Where the running application remembers the last files.
+FilePath ApplicationSettingsFile();
 
 /// Where the help documents of a program in `executableFolder` are installed: in the data folder of
 /// an installation, else beside the program.

@@ -1,7 +1,9 @@
 #include "qt/entryfield.h"
 
+#include "qt/droppedfiles.h"
 #include "qt/textconversion.h"
 
+#include <QDragEnterEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 
@@ -21,6 +23,11 @@ bool IsRedoKey(const QKeyEvent& event) {
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     return (event.key() == Qt::Key_Y && modifiers == Qt::ControlModifier) ||
            (event.key() == Qt::Key_Z && modifiers == (Qt::ControlModifier | Qt::ShiftModifier));
+}
+
+/// Files are the window's, also where their paths come along as a text.
+bool TakesDrag(const QDropEvent& event) {
+    return FilesOf(*event.mimeData()).empty();
 }
 
 }  // namespace
@@ -202,6 +209,14 @@ void EntryField::focusInEvent(QFocusEvent* event) {
         deselect();
         setCursorPosition(EndOfText());
     }
+}
+
+void EntryField::dragEnterEvent(QDragEnterEvent* event) {
+    TakesDrag(*event) ? QLineEdit::dragEnterEvent(event) : event->ignore();
+}
+
+void EntryField::dragMoveEvent(QDragMoveEvent* event) {
+    TakesDrag(*event) ? QLineEdit::dragMoveEvent(event) : event->ignore();
 }
 
 void EntryField::mousePressEvent(QMouseEvent* event) {

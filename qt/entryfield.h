@@ -66,6 +66,8 @@ class EntryField : public QLineEdit {
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
   private:

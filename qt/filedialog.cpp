@@ -3,12 +3,17 @@
 #include "qt/textconversion.h"
 #include "versions/versionstore.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QLineEdit>
+#include <QListView>
 #include <QLocale>
 #include <QMessageBox>
 #include <QSortFilterProxyModel>
+
+#include <algorithm>
+#include <utility>
 
 namespace norvik {
 
@@ -27,6 +32,24 @@ QStringList NameFilters(TextView filter) {
     return filters;
 }
 
+/// Lets the toolkit show the platform's own dialog while it exists; elsewhere all boxes are the
+/// toolkit's.
+class WithPlatformsDialog {
+  public:
+    WithPlatformsDialog() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, !Exists()); }
+    WithPlatformsDialog(const WithPlatformsDialog&) = delete;
+    WithPlatformsDialog& operator=(const WithPlatformsDialog&) = delete;
+    WithPlatformsDialog(WithPlatformsDialog&&) = delete;
+    WithPlatformsDialog& operator=(WithPlatformsDialog&&) = delete;
+    ~WithPlatformsDialog() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+  private:
+    static bool Exists() {
+        // Without a screen a theme of the environment must not bring one.
+        return QApplication::platformName() != QStringLiteral("offscreen");
+    }
+};
+
 /// The toolkit's overwrite question in plain text: a file's name is no markup.
 bool ConfirmsReplacing(const QString& name, const QString& title, QWidget* parent) {
     QMessageBox question(
@@ -38,9 +61,9 @@ bool ConfirmsReplacing(const QString& name, const QString& title, QWidget* paren
     return question.exec() == QMessageBox::Yes;
 }
 
-/// The toolkit's dialog with an overwrite question of ours, which is asked for the name with its
-/// ending; the toolkit itself appends one to typed names alone, not to those of clicked rows. It
-/// does not go where earlier versions lie, also not by a name that is typed.
+/// A dialog with an overwrite question of ours, which is asked for the name with its ending; the
+/// toolkit itself appends one to typed names alone, not to those of clicked rows. It does not go
+/// where earlier versions lie, also not by a name that is typed.
 class PlainFileDialog : public QFileDialog {
   public:
     PlainFileDialog(std::string ending, FilePath hidden, QWidget* parent)
@@ -50,21 +73,59 @@ class PlainFileDialog : public QFileDialog {
     }
 
     void accept() override {
-        if (IsHidden()) {
-            TellOfVersions();
-        } else if (acceptMode() == AcceptOpen || MayReplace()) {
+        if (IsPlatformsOwn()) {  // it is closed already
             QFileDialog::accept();
+        } else if (MayTake()) {
+            const bool isFolder = QFileInfo(Chosen()).isDir();
+            QFileDialog::accept();
+            if (isFolder) {
+                NameField()->clear();  // the folder is open now, and not the name of a file in it
+            }
+        }
+    }
+
+    /// Shows the dialog until it is cancelled or gives a name that may be taken.
+    bool Run() {
+        while (Exec()) {
+            if (!IsPlatformsOwn() || MayTake()) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// The names of the places are shown whole, unless they are very long.
+    void ShowPlaceNames() {
+        constexpr int LongestName = 30;
+        if (auto* places = findChild<QListView*>(QStringLiteral("sidebar"))) {
+            const int longest = fontMetrics().averageCharWidth() * LongestName;
+            places->setMinimumWidth(std::min(places->sizeHintForColumn(0), longest) +
+                                    2 * places->frameWidth());
         }
     }
 
   private:
+    bool Exec() {
+        const WithPlatformsDialog allowed;
+        return exec() == QDialog::Accepted && !selectedFiles().isEmpty();
+    }
+    /// Null in the platform's own dialog.
+    QLineEdit* NameField() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
+    bool IsPlatformsOwn() const { return NameField() == nullptr; }
+    bool MayTake() {
+        if (IsHidden()) {
+            TellOfVersions();
+            return false;
+        }
+        return acceptMode() == AcceptOpen || MayReplace();
+    }
     QString Chosen() const {
         const QStringList files = selectedFiles();
         return files.isEmpty() ? QString() : files.constFirst();
     }
     /// The toolkit may lose a typed name that leads to where it sees nothing.
     bool IsHidden() const {
-        const QString typed = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+        const QString typed = IsPlatformsOwn() ? QString() : NameField()->text();
         return IsInFolder(ToFilePath(Chosen()), hidden_) ||
                (!typed.isEmpty() &&
                 IsInFolder(ToFilePath(directory().absoluteFilePath(typed)), hidden_));
@@ -137,13 +198,21 @@ class GermanDetails : public QSortFilterProxyModel {
 }  // namespace
 
 std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode mode,
-                                      const FilePath& hidden, QWidget* parent) {
+                                      const FilePath& folder, const FilePath& hidden,
+                                      QWidget* parent) {
+    std::optional<WithPlatformsDialog> allowed(std::in_place);
     PlainFileDialog fileDialog(dialog.ending, hidden, parent);
     fileDialog.setAcceptMode(mode);
     fileDialog.setFileMode(QFileDialog::AnyFile);
     fileDialog.setNameFilters(NameFilters(dialog.filter));
     fileDialog.setProxyModel(new GermanDetails(hidden, &fileDialog));
-    if (fileDialog.exec() != QDialog::Accepted || fileDialog.selectedFiles().isEmpty()) {
+    fileDialog.ShowPlaceNames();
+    std::error_code error;
+    if (std::filesystem::is_directory(folder, error)) {
+        fileDialog.setDirectory(FromFilePath(folder));
+    }
+    allowed.reset();
+    if (!fileDialog.Run()) {
         return std::nullopt;
     }
     return ToFilePath(fileDialog.selectedFiles().constFirst());

@@ -4,7 +4,6 @@
 #include "qt/mainwindow.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QTimer>
 
 #include <algorithm>
@@ -15,10 +14,10 @@ int main(int argc, char* argv[]) {
     int name = std::min(argc, 1);  // the toolkit takes none of the words
     QApplication application(name, argv);
     norvik::PrepareApplication(application);
-    QApplication::setWindowIcon(QIcon::fromTheme(QApplication::desktopFileName()));
     norvik::MainWindow window(
         norvik::ApplicationFolder(), [] { std::_Exit(norvik::HardStop::ExitStatus); },
-        norvik::ApplicationDocumentFolder(), norvik::ApplicationVersionFolder());
+        norvik::ApplicationDocumentFolder(), norvik::ApplicationVersionFolder(),
+        norvik::ApplicationSettingsFile());
     const norvik::EndSignals ends([&window] { window.KeepAtSignal(); });
     window.show();
     const QString commandLine = norvik::CommandLine(argc, argv);

@@ -8,6 +8,7 @@
 #include "qt/display.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
+#include "qt/icons.h"
 #include "qt/mobileexportdialog.h"
 #include "qt/phonepicture.h"
 #include "qt/registerlistwindow.h"
@@ -28,12 +29,15 @@
 namespace norvik {
 
 MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
-                       const FilePath& documentFolder, const FilePath& versionFolder)
+                       const FilePath& documentFolder, const FilePath& versionFolder,
+                       const FilePath& settingsFile)
     : desktop_(*this),
       hardStop_(std::move(hardStop)),
       widgets_(MakeMainWindowWidgets(*this)),
-      model_(new EntryListModel(this)) {
+      model_(new EntryListModel(this)),
+      settingsFile_(settingsFile) {
     setObjectName(QStringLiteral("MW"));
+    setAcceptDrops(true);
     program_.Folder = folder;
     program_.DocumentFolder = documentFolder;
     program_.Keep.Folder = versionFolder;
@@ -82,8 +86,16 @@ void MainWindow::MakeMenus() {
             changingActions_.emplace_back(action, &row);
             action->setAutoRepeat(false);  // a key held down stops where a field's own steps end
         }
-        connect(action, &QAction::triggered, this,
-                [this, &row] { Run([&] { row.Run(program_, desktop_, desktop_); }, row.Step); });
+        action->setIcon(MenuIcon(row.Name));
+        connect(action, &QAction::triggered, this, [this, &row] {
+            Run([&] { row.Run(program_, desktop_, desktop_); }, row.Step);
+            if (row.SavesRegister) {
+                NoteSavedRegister();
+            }
+        });
+        if (row.Name == "mnuDateiVersions") {
+            AddRecentMenu(menu, action);
+        }
     }
 }
 
@@ -181,6 +193,7 @@ void MainWindow::Run(const std::function<void()>& operation, TextView what) {
     }
     --running_;
     Draw();
+    FollowRecentFiles();
     if (std::exchange(statusWaits_, false)) {
         widgets_.Status->repaint();
     }
@@ -240,6 +253,9 @@ void MainWindow::ShowRegisterList() {
                 program_.List.chkFi = list_->Boxes();
                 chkFi_Click(program_, desktop_, desktop_);
             });
+        });
+        connect(list_, &RegisterListWindow::lineChosen, this, [this](int line) {
+            Run([&] { ListResult_DblClick(program_, line, desktop_); }, StoredStep);
         });
         connect(list_, &RegisterListWindow::exitClicked, this,
                 [this] { Run([&] { NVList_btnExit_Click(program_, desktop_, desktop_); }); });

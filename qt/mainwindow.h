@@ -12,6 +12,8 @@
 
 #include <functional>
 
+class QMenu;
+
 namespace norvik {
 
 class RegisterListWindow;
@@ -26,9 +28,10 @@ class MainWindow : public QMainWindow {
     /// `folder` is the program's folder. `hardStop` ends the process; it must not return to the
     /// operation (tests throw the window away instead). `documentFolder` is where the help
     /// documents are installed, `versionFolder` where earlier versions are kept; without one none
-    /// are.
+    /// are. In `settingsFile` the window remembers the last files from one run to the next.
     MainWindow(const FilePath& folder, std::function<void()> hardStop,
-               const FilePath& documentFolder = {}, const FilePath& versionFolder = {});
+               const FilePath& documentFolder = {}, const FilePath& versionFolder = {},
+               const FilePath& settingsFile = {});
 
     /// Runs the start-up with the program's arguments joined by blanks and the file that the
     /// desktop hands over, if any; to be called once, when the window is shown.
@@ -65,16 +68,27 @@ class MainWindow : public QMainWindow {
     Text KeepReplacedFile(const FilePath& file);
     Text KeepOverwrittenFile(const FilePath& file);
     [[nodiscard]] const FilePath& VersionFolder() const { return program_.Keep.Folder; }
+    /// Where a file dialog begins; empty where nobody knows.
+    [[nodiscard]] FilePath DialogFolder(bool saves) const;
+    void NoteChosenFile(const FilePath& file);
 
     /// Sees the application being told to quit.
     bool eventFilter(QObject* object, QEvent* event) override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void MakeMenus();
     void MakeShortcuts();
+    void AddRecentMenu(QMenu* menu, QAction* before);
+    void DrawRecentMenu();
+    /// The last files may have changed.
+    void FollowRecentFiles();
+    /// The item that saves the register has ended.
+    void NoteSavedRegister();
     void ConnectEntry();
     void ConnectChoices();
     void ConnectButtons();
@@ -105,6 +119,9 @@ class MainWindow : public QMainWindow {
     RegisterListWindow* list_ = nullptr;
     VersionsWindow* versions_ = nullptr;
     DoublesWindow* doubles_ = nullptr;
+    FilePath settingsFile_;
+    RecentFiles shownRecent_;
+    QMenu* recentMenu_ = nullptr;
     std::vector<QAction*> saveActions_;
     std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
     /// The items whose captions change.

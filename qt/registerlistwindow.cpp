@@ -10,6 +10,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
@@ -76,6 +77,9 @@ QLayout* RegisterListWindow::MakeList() {
     ListResult_->setItemDelegate(new RowDelegate(ListResult_));
     ListResult_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ListResult_->setModel(model_);
+    ListResult_->installEventFilter(this);
+    connect(ListResult_, &QListView::doubleClicked, this,
+            [this](const QModelIndex& index) { emit lineChosen(index.row()); });
     AnzTreffer_ = MakeDisplay("AnzTreffer", QStringLiteral("Anzahl der Treffer"), this);
     // It only informs: the list always sorts its lines.
     auto* chkSortiert = MakeCheckBox("chkSortiert", QStringLiteral("Sortiert"),
@@ -126,6 +130,20 @@ std::array<bool, FilterLetters.size()> RegisterListWindow::Boxes() const {
         boxes.at(box) = chkFi_.at(box)->isChecked();
     }
     return boxes;
+}
+
+bool RegisterListWindow::eventFilter(QObject* object, QEvent* event) {
+    if (object == ListResult_ && event->type() == QEvent::KeyPress) {
+        const auto* press = dynamic_cast<QKeyEvent*>(event);
+        const bool isReturn = press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter;
+        if (isReturn && ListResult_->currentIndex().isValid()) {
+            if (!press->isAutoRepeat()) {
+                emit lineChosen(ListResult_->currentIndex().row());
+            }
+            return true;
+        }
+    }
+    return QDialog::eventFilter(object, event);
 }
 
 void RegisterListWindow::reject() {

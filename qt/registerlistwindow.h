@@ -28,11 +28,15 @@ class RegisterListWindow : public QDialog {
 
     /// "Abbrechen", the Escape key and the window's own button.
     void reject() override;
+    /// Return on a line is not the default button's.
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   signals:
     void boxesChanged();
     void exitClicked();
     void cancelled();
+    /// The user wants to see the entry of a line.
+    void lineChosen(int line);
 
   private:
     QWidget* MakeBoxes();

@@ -155,14 +155,24 @@ std::optional<Text> ScreenDesktop::AskForText(const InputBox& box) {
     return ToText(dialog.textValue());
 }
 
-std::optional<FilePath> ScreenDesktop::AskForFileToOpen(const FileDialog& dialog) {
+std::optional<FilePath> ScreenDesktop::AskForFile(const FileDialog& dialog,
+                                                  QFileDialog::AcceptMode mode) {
     const NormalPointer whileAsking(hourglass_);
-    return RunFileDialog(dialog, QFileDialog::AcceptOpen, window_.VersionFolder(), Front());
+    std::optional<FilePath> chosen =
+        RunFileDialog(dialog, mode, window_.DialogFolder(mode == QFileDialog::AcceptSave),
+                      window_.VersionFolder(), Front());
+    if (chosen) {
+        window_.NoteChosenFile(*chosen);
+    }
+    return chosen;
+}
+
+std::optional<FilePath> ScreenDesktop::AskForFileToOpen(const FileDialog& dialog) {
+    return AskForFile(dialog, QFileDialog::AcceptOpen);
 }
 
 std::optional<FilePath> ScreenDesktop::AskForFileToSave(const FileDialog& dialog) {
-    const NormalPointer whileAsking(hourglass_);
-    return RunFileDialog(dialog, QFileDialog::AcceptSave, window_.VersionFolder(), Front());
+    return AskForFile(dialog, QFileDialog::AcceptSave);
 }
 
 bool ScreenDesktop::AskToReplace(const FilePath& file) {

@@ -3,6 +3,7 @@
 
 #include "base/desktop.h"
 #include "dialogs/windows.h"
+#include "qt/filedialog.h"
 
 #include <QtGlobal>
 
@@ -48,6 +49,7 @@ class ScreenDesktop : public Desktop, public Windows {
   private:
     /// What a new dialog stands above: the dialog that is open, or the main window.
     QWidget* Front();
+    std::optional<FilePath> AskForFile(const FileDialog& dialog, QFileDialog::AcceptMode mode);
 
     MainWindow& window_;
     bool hourglass_ = false;

@@ -55,20 +55,29 @@ std::vector<Text> ReasonsFor(const RegisterEntry& entry, const Reasons& wanted) 
     return reasons;
 }
 
-std::vector<Text> SortedByLowerCase(const std::vector<Text>& lines) {
-    std::vector<std::pair<Text, const Text*>> keyed;
-    keyed.reserve(lines.size());
-    for (const Text& line : lines) {
-        keyed.emplace_back(LowerCase(line), &line);
+struct Line {
+    Text Shown;
+    int Place = 0;  ///< of its entry, in the table
+    Text Key;       ///< by which it is sorted
+};
+
+/// What a line says behind the reason.
+Text LineEndOf(const RegisterEntry& entry) {
+    Text end = u":  " + entry.Name;
+    end.append(u" (").append(entry.Tel).append(u")");
+    return end;
+}
+
+void ShowSorted(std::vector<Line> lines, RegisterListFields& fields) {
+    std::stable_sort(lines.begin(), lines.end(),
+                     [](const Line& a, const Line& b) { return a.Key < b.Key; });
+    fields.ListResult.clear();
+    fields.ListPlaces.clear();
+    for (Line& line : lines) {
+        fields.ListResult.push_back(std::move(line.Shown));
+        fields.ListPlaces.push_back(line.Place);
     }
-    std::stable_sort(keyed.begin(), keyed.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<Text> sorted;
-    sorted.reserve(lines.size());
-    for (const auto& [key, line] : keyed) {
-        sorted.push_back(*line);
-    }
-    return sorted;
+    fields.AnzTreffer = Decimal(static_cast<long long>(lines.size()));
 }
 
 }  // namespace
@@ -76,19 +85,35 @@ std::vector<Text> SortedByLowerCase(const std::vector<Text>& lines) {
 void FillRegisterList(TextView filter, RegisterState& state, const std::vector<Text>& toneNames,
                       double unitPrice, RegisterListFields& fields) {
     const Reasons wanted = {filter, toneNames, unitPrice};
-    std::vector<Text> lines;
+    std::vector<Line> lines;
     for (int position = 1; position <= state.AnzGes; ++position) {
         RegisterEntry& entry = EntryAt(state, position);
         const std::vector<Text> reasons = ReasonsFor(entry, wanted);
         entry.Listed = !reasons.empty();
         for (const Text& reason : reasons) {
-            Text line = reason;
-            line.append(u":  ").append(entry.Name).append(u" (").append(entry.Tel).append(u")");
-            lines.push_back(line);
+            const Text line = reason + LineEndOf(entry);
+            lines.push_back({line, state.RegisterOrder(position), LowerCase(line)});
         }
     }
-    fields.ListResult = SortedByLowerCase(lines);
-    fields.AnzTreffer = Decimal(static_cast<long long>(lines.size()));
+    ShowSorted(std::move(lines), fields);
+}
+
+int PositionOfLine(const RegisterListFields& fields, int line, const RegisterState& state) {
+    const auto index = static_cast<std::size_t>(line);
+    if (line < 0 || index >= fields.ListResult.size()) {
+        return 0;
+    }
+    const TextView shown = fields.ListResult[index];
+    int sameText = 0;
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        if (shown.ends_with(LineEndOf(EntryAt(state, position)))) {
+            if (state.RegisterOrder(position) == fields.ListPlaces.at(index)) {
+                return position;
+            }
+            sameText = sameText == 0 ? position : sameText;
+        }
+    }
+    return sameText;
 }
 
 }  // namespace norvik

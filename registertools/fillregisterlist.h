@@ -23,6 +23,7 @@ struct RegisterListFields {
     bool Open = false;  ///< the window is on the screen
     std::array<bool, FilterLetters.size()> chkFi{};
     std::vector<Text> ListResult;  ///< by lower-cased text, by character codes
+    std::vector<int> ListPlaces;   ///< the table index of each line's entry
     Text AnzTreffer = Text(NoHitCount);
 };
 
@@ -32,5 +33,10 @@ struct RegisterListFields {
 /// price of a charge unit.
 void FillRegisterList(TextView filter, RegisterState& state, const std::vector<Text>& toneNames,
                       double unitPrice, RegisterListFields& fields);
+
+/// The position at which the entry of a line stands now, whatever happened since the fill; that of
+/// another one with the same name and number where its place holds something else, 0 where there is
+/// none.
+int PositionOfLine(const RegisterListFields& fields, int line, const RegisterState& state);
 
 }  // namespace norvik

@@ -297,5 +297,49 @@ TEST_F(RegisterList, AClosedListIsNotRenewed) {
     ExpectFieldsOfANewWindow();
 }
 
+TEST_F(RegisterList, ALineThatIsChosenShowsItsEntry) {
+    Click(0);  // "AB-Ansage 1:  Anna (030)", "AB-Ansage 2:  Bernd (040)"
+    desktop.Transcript.clear();
+    ListResult_DblClick(program, 1, desktop);
+    EXPECT_EQ(program.State.AnzNr, 2);
+    ListResult_DblClick(program, 0, desktop);
+    EXPECT_EQ(program.State.AnzNr, 1);
+    EXPECT_EQ(desktop.Transcript, (Lines{"entry", "entry"}));
+    EXPECT_TRUE(program.List.Open);
+    EXPECT_FALSE(program.Fields.chkListFilter);
+}
+
+TEST_F(RegisterList, ALineThatIsChosenAsksWhatBecomesOfAPendingChoice) {
+    Click(0);
+    program.Fields.btnSaveChange = EditState::Pending;
+    desktop.Transcript.clear();
+    desktop.AnswerBox(Button::Yes);
+    ListResult_DblClick(program, 1, desktop);
+    EXPECT_EQ(desktop.Transcript.size(), 2U);
+    EXPECT_EQ(program.State.AnzNr, 2);
+}
+
+TEST_F(RegisterList, ALineFindsItsEntryWhereverItStandsNow) {
+    Click(0);
+    std::swap(program.State.RegisterOrder(1), program.State.RegisterOrder(3));  // Carl, Bernd, Anna
+    ListResult_DblClick(program, 0, desktop);
+    EXPECT_EQ(program.State.AnzNr, 3);
+    EXPECT_EQ(Field(0), u"Anna");
+}
+
+TEST_F(RegisterList, ALineWhoseEntryIsGoneSaysSo) {
+    Click(0);
+    program.State.AnzNr = 1;
+    btnErase_Click(program, desktop);
+    desktop.Transcript.clear();
+    for (const int line : {0, 2, -1}) {
+        ListResult_DblClick(program, line, desktop);
+    }
+    EXPECT_EQ(desktop.Transcript,
+              (Lines{"beep", "status \"Dieser Eintrag steht nicht mehr im Register\"", "beep",
+                     "status \"Dieser Eintrag steht nicht mehr im Register\"", "beep",
+                     "status \"Dieser Eintrag steht nicht mehr im Register\""}));
+}
+
 }  // namespace
 }  // namespace norvik::test

@@ -1,5 +1,6 @@
 // The window tests need an application like the program's own, and no screen.
 #include "qt/application.h"
+#include "tests/support/testfolder.h"
 
 #include <QApplication>
 
@@ -7,6 +8,9 @@
 
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Neither the toolkit nor a program that is started reads or writes the user's settings.
+    const norvik::test::TestFolder config;
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(config.Path().string()));
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     norvik::PrepareApplication(application);

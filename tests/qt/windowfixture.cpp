@@ -109,7 +109,7 @@ WindowTest::~WindowTest() {
 
 void WindowTest::Make() {
     Window = std::make_unique<MainWindow>(
-        ProgramFolder, [this] { ++HardStops; }, DocumentFolder, VersionFolder);
+        ProgramFolder, [this] { ++HardStops; }, DocumentFolder, VersionFolder, SettingsFile);
     Window->show();
     Activate();
 }

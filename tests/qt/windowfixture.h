@@ -135,6 +135,7 @@ class WindowTest : public testing::Test {
     /// The program's folder, and where the help documents are installed.
     FilePath ProgramFolder = Folder.Path();
     FilePath DocumentFolder = Folder / "installiert";
+    FilePath SettingsFile;   ///< where the last files are remembered; nowhere by default
     FilePath VersionFolder;  ///< where earlier versions are kept; nowhere by default
     DialogAnswers Dialogs;
     std::unique_ptr<MainWindow> Window;

@@ -232,6 +232,31 @@ TEST_F(WindowBesideList, AFullRegisterFillsItWithEveryLineOfEveryEntry) {
     EXPECT_EQ(Rows().size(), 2000U);
 }
 
+TEST_F(WindowRegisterList, ADoubleClickOrReturnOnALineShowsItsEntryInTheMainWindow) {
+    OpenList();
+    Tick({0, 1});  // Anna has an announcement, Bernd a tone of his own
+    ASSERT_THAT(Lines(), testing::SizeIs(2));
+    const auto line = [this](int row) {
+        return ResultList()->visualRect(ResultList()->model()->index(row, 0)).center();
+    };
+    QTest::mouseClick(ResultList()->viewport(), Qt::LeftButton, {}, line(1));
+    EXPECT_EQ(TextOfField(0), "Anna");  // a click alone is none
+    QTest::mouseDClick(ResultList()->viewport(), Qt::LeftButton, {}, line(1));
+    EXPECT_EQ(TextOfField(0), "Bernd");
+    EXPECT_EQ(TextOf("AnzNr"), "2");
+    ResultList()->setFocus();
+    QTest::keyClick(ResultList(), Qt::Key_Up);
+    QTest::keyClick(ResultList(), Qt::Key_Return);
+    EXPECT_EQ(TextOfField(0), "Anna");
+    QTest::keyClick(ResultList(), Qt::Key_Down);
+    QTest::keyClick(ResultList(), Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(TextOfField(0), "Bernd");
+    ASSERT_NE(ListWindow(), nullptr);
+    EXPECT_TRUE(ListWindow()->isVisible());
+    EXPECT_FALSE(IsChecked("chkListFilter"));
+    EXPECT_EQ(SelectedRow(), "#2: Bernd (2)");
+}
+
 }  // namespace
 
 }  // namespace norvik::test
