@@ -75,12 +75,11 @@ class PlainFileDialog : public QFileDialog {
     void accept() override {
         if (IsPlatformsOwn()) {  // it is closed already
             QFileDialog::accept();
+        } else if (const QString folder = TypedFolder(); !folder.isEmpty() && !IsHidden()) {
+            setDirectory(folder);
+            NameField()->clear();  // the folder is open now, and not the name of a file in it
         } else if (MayTake()) {
-            const bool isFolder = QFileInfo(Chosen()).isDir();
             QFileDialog::accept();
-            if (isFolder) {
-                NameField()->clear();  // the folder is open now, and not the name of a file in it
-            }
         }
     }
 
@@ -112,6 +111,14 @@ class PlainFileDialog : public QFileDialog {
     /// Null in the platform's own dialog.
     QLineEdit* NameField() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
     bool IsPlatformsOwn() const { return NameField() == nullptr; }
+    /// The toolkit takes a folder's name without its path for that of a file.
+    QString TypedFolder() const {
+        const QString typed = NameField()->text();
+        const QString path = directory().absoluteFilePath(typed);
+        return !typed.isEmpty() && QFileInfo(path).isDir() ? path
+               : QFileInfo(Chosen()).isDir()               ? Chosen()
+                                                           : QString();
+    }
     bool MayTake() {
         if (IsHidden()) {
             TellOfVersions();

@@ -13,9 +13,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class GivenFile : public HandlerFixture {
+class FileOfTheUser : public HandlerFixture {
   protected:
-    GivenFile() {
+    FileOfTheUser() {
         Given(RegisterOfNames({u"Otto"}));
         desktop.Transcript.clear();
     }
@@ -30,7 +30,7 @@ class GivenFile : public HandlerFixture {
     TestFolder folder;
 };
 
-TEST_F(GivenFile, IsLoadedAsByItsItemWithoutItsDialog) {
+TEST_F(FileOfTheUser, IsLoadedAsByItsItemWithoutItsDialog) {
     const FilePath path = Csv();
     LoadGivenFile(program, path, desktop, desktop);
     EXPECT_THAT(Names(program.State), ElementsAre(u"Anna", u"Bernd"));
@@ -41,14 +41,14 @@ TEST_F(GivenFile, IsLoadedAsByItsItemWithoutItsDialog) {
     EXPECT_THAT(desktop.Transcript, Contains("entry"));
 }
 
-TEST_F(GivenFile, IsReportedAsByItsItem) {
+TEST_F(FileOfTheUser, IsReportedAsByItsItem) {
     LoadGivenFile(program, folder / "fehlt.t9t", desktop, desktop);
     EXPECT_THAT(desktop.Questions(),
                 ElementsAre(OkBox(u"Dateizugriff fehlgeschlagen!", u"Zugriffsfehler", "Critical")));
     EXPECT_THAT(Names(program.State), ElementsAre(u"Otto"));
 }
 
-TEST_F(GivenFile, OfAnotherEndingIsTold) {
+TEST_F(FileOfTheUser, OfAnotherEndingIsTold) {
     for (const char* name : {"a.txt", "a", "a.t9a"}) {
         desktop.Transcript.clear();
         const FilePath path = folder.Write(name, "x");
@@ -63,7 +63,7 @@ TEST_F(GivenFile, OfAnotherEndingIsTold) {
     EXPECT_THAT(Names(program.State), ElementsAre(u"Otto"));
 }
 
-TEST_F(GivenFile, OfTheListIsLoaded) {
+TEST_F(FileOfTheUser, OfTheListIsLoaded) {
     const FilePath path = Csv();
     program.Recent.Paths = {path};
     LoadRecentFile(program, path, desktop, desktop);
@@ -71,7 +71,7 @@ TEST_F(GivenFile, OfTheListIsLoaded) {
     EXPECT_THAT(program.Recent.Paths, ElementsAre(path));
 }
 
-TEST_F(GivenFile, OfTheListThatIsGoneLeavesIt) {
+TEST_F(FileOfTheUser, OfTheListThatIsGoneLeavesIt) {
     const FilePath path = folder / "weg.csv";
     const FilePath other = folder / "b.csv";
     program.Recent.Paths = {path, other};
@@ -82,26 +82,26 @@ TEST_F(GivenFile, OfTheListThatIsGoneLeavesIt) {
     EXPECT_THAT(Names(program.State), ElementsAre(u"Otto"));
 }
 
-TEST_F(GivenFile, DroppedIsLoaded) {
+TEST_F(FileOfTheUser, DroppedIsLoaded) {
     TakeDroppedFiles(program, {Csv()}, Dropped::Load, desktop, desktop);
     EXPECT_THAT(Names(program.State), ElementsAre(u"Anna", u"Bernd"));
     EXPECT_THAT(desktop.Statuses(), testing::Not(Contains(HasSubstr("nur die erste"))));
 }
 
-TEST_F(GivenFile, DroppedWithTheModifierIsAdded) {
+TEST_F(FileOfTheUser, DroppedWithTheModifierIsAdded) {
     TakeDroppedFiles(program, {Csv()}, Dropped::Add, desktop, desktop);
     EXPECT_THAT(Names(program.State), ElementsAre(u"Anna", u"Bernd", u"Otto"));
     EXPECT_EQ(desktop.Statuses().back(), "2 Einträge dazugeladen");
 }
 
-TEST_F(GivenFile, OfSeveralThatAreDroppedTheFirstIsTakenAndTheStatusSaysSo) {
+TEST_F(FileOfTheUser, OfSeveralThatAreDroppedTheFirstIsTakenAndTheStatusSaysSo) {
     TakeDroppedFiles(program, {Csv("ä.csv"), folder / "b.t9t", folder / "c"}, Dropped::Load,
                      desktop, desktop);
     EXPECT_THAT(Names(program.State), ElementsAre(u"Anna", u"Bernd"));
     EXPECT_EQ(desktop.Statuses().back(), "Von 3 Dateien wurde nur die erste genommen: ä.csv");
 }
 
-TEST_F(GivenFile, NothingIsDropped) {
+TEST_F(FileOfTheUser, NothingIsDropped) {
     TakeDroppedFiles(program, {}, Dropped::Load, desktop, desktop);
     EXPECT_THAT(desktop.Transcript, IsEmpty());
 }

@@ -128,8 +128,7 @@ TEST_F(WindowFiles, LoadedAndSavedFilesStandInTheMenuTheNewestFirst) {
 TEST_F(WindowFiles, ExportsAndFailedSavesDoNot) {
     Open();
     LoadFile("a/anna.t9t");
-    Dialogs.ChooseFile(PathIn("a/telefon")).Click(QMessageBox::Ok);
-    Dialogs.Type("");
+    Dialogs.ChooseFile(PathIn("a/telefon")).Type("").Click(QMessageBox::Ok);
     Trigger("mnuDateiSaveIP286");
     Dialogs.ChooseFile(PathIn("fehlt/neu"));
     Trigger("mnuDateiSaveNV");
@@ -171,8 +170,8 @@ TEST_F(WindowFiles, AMissingOneSaysSoAndGoes) {
 TEST_F(WindowFiles, TheyAreRememberedFromOneRunToTheNext) {
     Open();
     LoadFile("a/anna.t9t");
-    Write("ä & ö/ß, \"1\".t9t", {{.name = "Otto", .tel = "4"}});
-    LoadFile("ä & ö/ß, \"1\".t9t");
+    Write("ä & ö/ß, 1.t9t", {{.name = "Otto", .tel = "4"}});
+    LoadFile("ä & ö/ß, 1.t9t");
     const std::vector<std::string> before = RecentCaptions();
     Window.reset();
     Open();
@@ -202,8 +201,7 @@ TEST_F(WindowFiles, ADialogBeginsWhereTheUserWasLast) {
     Open();
     LoadFile("a/anna.t9t");
     EXPECT_EQ(FolderOf("mnuDateiLoadNV"), PathIn("a").toStdString());
-    Dialogs.ChooseFile(PathIn("c/telefon")).Click(QMessageBox::Ok);
-    Dialogs.Type("");
+    Dialogs.ChooseFile(PathIn("c/telefon")).Type("").Click(QMessageBox::Ok);
     Trigger("mnuDateiSaveIP286");
     EXPECT_EQ(FolderOf("mnuDateiLoadNV"), PathIn("c").toStdString());
     // A save is for the folder of the current file.
