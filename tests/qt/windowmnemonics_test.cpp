@@ -79,9 +79,9 @@ class WindowMnemonics : public WindowTest {
             Dialogs.Drive(look);
             Trigger(item);
         }
-        for (const auto& [item, window] : {std::pair("mnuListView", "NVList"),
-                                           std::pair("mnuDateiVersions", "VERSIONS"),
-                                           std::pair("mnuListDoubles", "DOUBLES")}) {
+        for (const auto& [item, window] :
+             {std::pair("mnuListView", "NVList"), std::pair("mnuDateiVersions", "VERSIONS"),
+              std::pair("mnuListDoubles", "DOUBLES")}) {
             Trigger(item);
             auto* opened = Find<QDialog>(window);
             opened->activateWindow();

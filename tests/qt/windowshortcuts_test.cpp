@@ -132,10 +132,16 @@ TEST_F(WindowShortcuts, ShiftF3SearchesBackwards) {
 }
 
 TEST_F(WindowShortcuts, CtrlHomeAndCtrlEndShowTheFirstAndTheLastEntry) {
-    const std::vector<QWidget*> places = {Field(0),   Field(1),           Field(8),
-                                          Field(13),  Selector(),         List(),
-                                          Find<QWidget>("btnNew"),        Find<QWidget>("DDTon"),
-                                          Find<QWidget>("OptFilter(0)"),  Find<QWidget>("Bild1")};
+    const std::vector<QWidget*> places = {Field(0),
+                                          Field(1),
+                                          Field(8),
+                                          Field(13),
+                                          Selector(),
+                                          List(),
+                                          Find<QWidget>("btnNew"),
+                                          Find<QWidget>("DDTon"),
+                                          Find<QWidget>("OptFilter(0)"),
+                                          Find<QWidget>("Bild1")};
     for (QWidget* place : places) {
         Selector()->setValue(2);
         place->setFocus(Qt::TabFocusReason);
@@ -160,8 +166,8 @@ TEST_F(WindowShortcuts, DelInTheListErasesTheChosenEntryLikeItsButton) {
     ClickRow(1);
     List()->setFocus();
     Press(Qt::Key_Delete);
-    EXPECT_THAT(Rows(), ElementsAre("#1: Anna (1)", "#2: Carla (3)", "#3: Dora B (4)",
-                                    "#4: Dora C (5)"));
+    EXPECT_THAT(Rows(),
+                ElementsAre("#1: Anna (1)", "#2: Carla (3)", "#3: Dora B (4)", "#4: Dora C (5)"));
     EXPECT_EQ(Shown(), "2 Carla");
     EXPECT_EQ(SelectedRow(), "#2: Carla (3)");
     EXPECT_EQ(Window->focusWidget(), List());
