@@ -1,6 +1,7 @@
 #include "formats/vcard/vcardcontact.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace norvik {
@@ -12,25 +13,11 @@ bool IsPreferred(const VCardProperty& property) {
     VCardParameters parameters(property.Parameters);
     while (const auto parameter = parameters.Next()) {
         if (EqualsIgnoringCase(parameter->Name, "PREF") ||
-            LoweredAscii(parameter->Value).find("pref") != std::string::npos) {
+            ContainsIgnoringCase(parameter->Value, "PREF")) {
             return true;
         }
     }
     return false;
-}
-
-/// Takes the value `text` unless there is one already.
-void TakeFirst(SimplifiedText& target, SimplifiedText text) {
-    if (target.Value.empty()) {
-        target = std::move(text);
-    }
-}
-
-void Append(SimplifiedText& target, const SimplifiedText& text) {
-    if (!text.Value.empty() && target.Value.size() < LongestVCardLine) {
-        target.Value.append(target.Value.empty() ? u"" : u"\n").append(text.Value);
-        target.Replaced = target.Replaced || text.Replaced;
-    }
 }
 
 bool Says(const VCardAddress& address) {
@@ -39,18 +26,36 @@ bool Says(const VCardAddress& address) {
            !address.Code.Value.empty();
 }
 
-/// Several given names, which version 3.0 separates by commas, become one text.
-SimplifiedText NamesOf(std::string_view piece, VCardCharset charset) {
-    if (piece.find_first_of(",\\") == std::string_view::npos) {
-        return VCardLine(piece, charset);
+void Clear(SimplifiedText& text) {
+    text.Value.clear();
+    text.Replaced = false;
+}
+
+/// In the order in which they stand in a card.
+std::array<SimplifiedText*, 7> PartsOf(VCardAddress& address) {
+    return {&address.Box,    &address.Extension, &address.Street, &address.City,
+            &address.Region, &address.Code,      &address.Country};
+}
+
+void Clear(VCardAddress& address) {
+    for (SimplifiedText* part : PartsOf(address)) {
+        Clear(*part);
     }
-    std::string names;
-    std::string room;
-    while (!piece.empty()) {
-        const std::string_view name = Unescaped(TakeVCardPiece(piece, ','), room);
-        names.append(names.empty() || name.starts_with(' ') ? "" : " ").append(name);
+}
+
+/// Empties the contact but keeps the room of its texts.
+void Clear(VCardContact& contact) {
+    for (SimplifiedText* text :
+         {&contact.Family, &contact.Given, &contact.Additional, &contact.FullName,
+          &contact.Nickname, &contact.Organisation, &contact.Department, &contact.Mail,
+          &contact.Label, &contact.Note}) {
+        Clear(*text);
     }
-    return VCardLine(names, charset);
+    Clear(contact.Address);
+    contact.Numbers.clear();
+    contact.NumbersLeftOut = 0;
+    contact.IsGroup = false;
+    contact.IsWhole = true;
 }
 
 VCardCharset CharsetNamed(Charset characters) {
@@ -74,8 +79,8 @@ bool VCardReader::Next(VCardContact& contact) {
     if (std::exchange(hasBegun_, false)) {
         Begin(Place::Inside, contact);
     }
-    while (lines_.Next(line_)) {
-        const std::optional<VCardProperty> property = SplitVCardProperty(line_);
+    for (std::string_view line; lines_.Next(line);) {
+        const std::optional<VCardProperty> property = SplitVCardProperty(line);
         if (property && Take(*property, contact)) {
             return true;
         }
@@ -89,7 +94,10 @@ bool VCardReader::Next(VCardContact& contact) {
 }
 
 bool VCardReader::Begin(Place place, VCardContact& contact) {
-    contact = {};
+    if (!contact.Numbers.empty()) {
+        roomOfNumber_ = std::move(contact.Numbers.front().Number);
+    }
+    Clear(contact);
     kindOfGroup_.clear();
     place_ = place;
     charset_ = lines_.IsMarked() ? VCardCharset::Utf8 : preset_;
@@ -145,18 +153,35 @@ bool VCardReader::TakeEdge(VCardName edge, VCardContact& contact) {
     return true;
 }
 
-VCardCharset VCardReader::CharsetOf(const VCardProperty& property) const {
-    if (property.Parameters.empty()) {
-        return charset_;
+/// Of several parameters that tell it the first one counts.
+VCardReader::Manner VCardReader::MannerOf(const VCardProperty& property) const {
+    Manner manner = {.Characters = charset_, .Transfer = VCardTransfer::Plain};
+    constexpr std::string_view Types = "TYPE=";
+    const std::string_view all = property.Parameters;
+    if (all.empty() || (EqualsIgnoringCase(all.substr(0, Types.size()), Types) &&
+                        all.find(';') == std::string_view::npos)) {
+        return manner;  // as most
     }
-    const VCardCharset declared = VCardCharsetOf(ParameterOf(property, "CHARSET"));
-    return declared == VCardCharset::Undeclared ? charset_ : declared;
+    bool hasCharset = false;
+    VCardParameters parameters(all);
+    while (const auto parameter = parameters.Next()) {
+        if (!hasCharset && EqualsIgnoringCase(parameter->Name, "CHARSET")) {
+            hasCharset = true;
+            const VCardCharset declared = VCardCharsetOf(parameter->Value);
+            manner.Characters = declared == VCardCharset::Undeclared ? charset_ : declared;
+        } else if (manner.Transfer == VCardTransfer::Plain) {
+            manner.Transfer = TransferOf(*parameter);
+        }
+    }
+    return manner;
 }
 
 void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardContact& contact) {
-    const VCardCharset charset = CharsetOf(property);
-    const VCardTransfer transfer = TransferOf(property);
-    std::string_view value = TransferredBytes(property.Value, transfer, transferred_);
+    const auto [charset, transfer] = MannerOf(property);
+    std::string_view value = property.Value;
+    if (transfer != VCardTransfer::Plain) {
+        value = TransferredBytes(value, transfer, transferred_);
+    }
     switch (what) {
     case VCardName::Version:
         if (charset_ == VCardCharset::Undeclared && TrimmedBytes(value).starts_with('4')) {
@@ -167,28 +192,30 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
         TakeName(value, charset, contact);
         break;
     case VCardName::FullName:
-        TakeFirst(contact.FullName, VCardLine(Unescaped(value, unescaped_), charset));
+        TakeFirst(contact.FullName, value, charset);
         break;
     case VCardName::Nickname:
-        TakeFirst(contact.Nickname, VCardLine(Unescaped(value, unescaped_), charset));
+        TakeFirst(contact.Nickname, value, charset);
+        break;
+    case VCardName::Mail:
+        TakeFirst(contact.Mail, value, charset);
         break;
     case VCardName::Organisation:
         if (contact.Organisation.Value.empty()) {
-            contact.Organisation = NextLine(value, charset);
-            contact.Department = NextLine(value, charset);
+            TakeLine(contact.Organisation, TakeVCardPiece(value, ';'), charset);
+            TakeLine(contact.Department, TakeVCardPiece(value, ';'), charset);
         }
         break;
     case VCardName::Address:
         TakeAddress(property, value, charset, contact);
         break;
     case VCardName::Label:
-        TakeFirst(contact.Label, VCardText(Unescaped(value, unescaped_), charset));
-        break;
-    case VCardName::Mail:
-        TakeFirst(contact.Mail, VCardLine(Unescaped(value, unescaped_), charset));
+        if (contact.Label.Value.empty()) {
+            TakeLines(contact.Label, value, charset);
+        }
         break;
     case VCardName::Note:
-        Append(contact.Note, VCardText(Unescaped(value, unescaped_), charset));
+        TakeNote(contact.Note, value, charset);
         break;
     case VCardName::Number:
         TakeNumber(property, value, charset, contact);
@@ -210,14 +237,57 @@ void VCardReader::TakeName(std::string_view value, VCardCharset charset, VCardCo
     if (!contact.Family.Value.empty() || !contact.Given.Value.empty()) {
         return;
     }
-    contact.Family = NamesOf(TakeVCardPiece(value, ';'), charset);
-    contact.Given = NamesOf(TakeVCardPiece(value, ';'), charset);
-    contact.Additional = NamesOf(TakeVCardPiece(value, ';'), charset);
+    TakeNames(contact.Family, TakeVCardPiece(value, ';'), charset);
+    TakeNames(contact.Given, TakeVCardPiece(value, ';'), charset);
+    TakeNames(contact.Additional, TakeVCardPiece(value, ';'), charset);
 }
 
-/// The next component of a structured value.
-SimplifiedText VCardReader::NextLine(std::string_view& rest, VCardCharset charset) {
-    return VCardLine(Unescaped(TakeVCardPiece(rest, ';'), unescaped_), charset);
+/// Several given names, which version 3.0 separates by commas, become one text.
+void VCardReader::TakeNames(SimplifiedText& target, std::string_view piece, VCardCharset charset) {
+    if (piece.empty() || piece.find(',') == std::string_view::npos) {
+        TakeLine(target, piece, charset);
+        return;
+    }
+    names_.clear();
+    while (!piece.empty()) {
+        const std::string_view name = Unescaped(TakeVCardPiece(piece, ','), unescaped_);
+        names_.append(names_.empty() || name.starts_with(' ') ? "" : " ").append(name);
+    }
+    AssignVCardLine(target, names_, charset);
+}
+
+/// Takes a piece of a value, which may have escaped characters.
+void VCardReader::TakeLine(SimplifiedText& target, std::string_view piece, VCardCharset charset) {
+    if (piece.empty()) {
+        Clear(target);
+    } else if (!AssignUsualVCardText(target, piece, charset)) {
+        AssignVCardLine(target, Unescaped(piece, unescaped_), charset);
+    }
+}
+
+/// The same with several lines.
+void VCardReader::TakeLines(SimplifiedText& target, std::string_view piece, VCardCharset charset) {
+    if (!AssignUsualVCardText(target, piece, charset)) {
+        AssignVCardText(target, Unescaped(piece, unescaped_), charset);
+    }
+}
+
+/// Takes the value behind what there is already, as far as a line goes.
+void VCardReader::TakeNote(SimplifiedText& note, std::string_view value, VCardCharset charset) {
+    if (note.Value.empty()) {
+        TakeLines(note, value, charset);
+    } else if (note.Value.size() < LongestVCardLine) {
+        TakeLines(further_, value, charset);
+        note.Value.append(further_.Value.empty() ? u"" : u"\n").append(further_.Value);
+        note.Replaced = note.Replaced || further_.Replaced;
+    }
+}
+
+/// Takes the value unless there is one already.
+void VCardReader::TakeFirst(SimplifiedText& target, std::string_view value, VCardCharset charset) {
+    if (target.Value.empty()) {
+        TakeLine(target, value, charset);
+    }
 }
 
 void VCardReader::TakeAddress(const VCardProperty& property, std::string_view value,
@@ -226,33 +296,40 @@ void VCardReader::TakeAddress(const VCardProperty& property, std::string_view va
     if (hasAddress_ && (hasPreferred_ || !preferred)) {
         return;
     }
-    VCardAddress address;
-    for (SimplifiedText* part : {&address.Box, &address.Extension, &address.Street, &address.City,
-                                 &address.Region, &address.Code, &address.Country}) {
-        *part = NextLine(value, charset);
+    VCardAddress& address = hasAddress_ ? address_ : contact.Address;
+    for (SimplifiedText* part : PartsOf(address)) {
+        TakeLine(*part, TakeVCardPiece(value, ';'), charset);
     }
-    if (Says(address)) {
-        contact.Address = std::move(address);
-        hasAddress_ = true;
-        hasPreferred_ = preferred;
+    if (!Says(address)) {
+        Clear(address);
+        return;
     }
+    if (hasAddress_) {
+        std::swap(contact.Address, address_);
+    }
+    hasAddress_ = true;
+    hasPreferred_ = preferred;
 }
 
 void VCardReader::TakeNumber(const VCardProperty& property, std::string_view value,
                              VCardCharset charset, VCardContact& contact) {
-    Text number = VCardNumberText(Unescaped(value, unescaped_), charset).Value;
-    if (number.empty()) {
+    if (!AssignUsualVCardText(number_, value, charset)) {
+        number_ = VCardNumberText(Unescaped(value, unescaped_), charset);
+    }
+    if (number_.Value.empty()) {
         return;
     }
     if (contact.Numbers.size() == MostVCardNumbers) {
         ++contact.NumbersLeftOut;
         return;
     }
-    number.resize(std::min(number.size(), LongestVCardNumber));
-    contact.Numbers.push_back(
-        {.Number = std::move(number),
-         .Kind = NumberKindOf(property),
-         .Group = LoweredAscii(property.Group.substr(0, LongestVCardGroup + 1))});
+    VCardNumber& number = contact.Numbers.emplace_back();
+    number.Number = std::move(roomOfNumber_);
+    number.Number = TextView(number_.Value).substr(0, LongestVCardNumber);
+    number.Kind = NumberKindOf(property);
+    if (!property.Group.empty()) {
+        number.Group = LoweredAscii(property.Group.substr(0, LongestVCardGroup + 1));
+    }
 }
 
 void VCardReader::TakeLabel(const VCardProperty& property) {

@@ -66,7 +66,8 @@ class VCardReader {
     /// that declare none, in a file without a byte order mark.
     explicit VCardReader(InputStream& input, Charset characters = Charset::Automatic);
 
-    /// Puts the next contact into `contact`; false at the end. Raises what reading raises.
+    /// Puts the next contact into `contact`, whose room is used again; false at the end. Raises
+    /// what reading raises.
     bool Next(VCardContact& contact);
 
     [[nodiscard]] std::uintmax_t BytesRead() const { return lines_.BytesRead(); }
@@ -78,24 +79,38 @@ class VCardReader {
         Inside,
     };
 
+    /// How the bytes of a property are to be read.
+    struct Manner {
+        VCardCharset Characters;
+        VCardTransfer Transfer;
+    };
+
     bool Take(const VCardProperty& property, VCardContact& contact);
     bool TakeEdge(VCardName edge, VCardContact& contact);
     void TakeText(VCardName what, const VCardProperty& property, VCardContact& contact);
-    static void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact);
-    SimplifiedText NextLine(std::string_view& rest, VCardCharset charset);
+    void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact);
+    void TakeNames(SimplifiedText& target, std::string_view piece, VCardCharset charset);
+    void TakeLine(SimplifiedText& target, std::string_view piece, VCardCharset charset);
+    void TakeLines(SimplifiedText& target, std::string_view piece, VCardCharset charset);
+    void TakeNote(SimplifiedText& note, std::string_view value, VCardCharset charset);
+    void TakeFirst(SimplifiedText& target, std::string_view value, VCardCharset charset);
     void TakeAddress(const VCardProperty& property, std::string_view value, VCardCharset charset,
                      VCardContact& contact);
     void TakeNumber(const VCardProperty& property, std::string_view value, VCardCharset charset,
                     VCardContact& contact);
     void TakeLabel(const VCardProperty& property);
-    [[nodiscard]] VCardCharset CharsetOf(const VCardProperty& property) const;
+    [[nodiscard]] Manner MannerOf(const VCardProperty& property) const;
     bool Begin(Place place, VCardContact& contact);
     void Finish(VCardContact& contact) const;
 
     VCardLines lines_;
-    std::string line_;
     std::string transferred_;  ///< a value that stands otherwise in the line
     std::string unescaped_;    ///< a piece of a value
+    std::string names_;        ///< several names as one
+    SimplifiedText further_;   ///< a note behind others
+    VCardAddress address_;     ///< that is not the contact's
+    SimplifiedText number_;
+    Text roomOfNumber_;  ///< of the first number of the contact before
     Place place_ = Place::Outside;
     bool hasBegun_ = false;  ///< the next card, whose first line has been read
     VCardCharset preset_;    ///< of properties that declare none

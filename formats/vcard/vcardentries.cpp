@@ -14,61 +14,68 @@ namespace {
 
 constexpr std::size_t InfoWidth = InfoLines * InfoLineWidth;
 
+void Append(SimplifiedText& text, TextView between, const SimplifiedText& further) {
+    if (!text.Value.empty() && !further.Value.empty()) {
+        text.Value.append(between);
+    }
+    text.Value.append(further.Value);
+    text.Replaced = text.Replaced || further.Replaced;
+}
+
 /// Joins what there is of the texts.
 SimplifiedText Joined(const SimplifiedText& first, TextView between, const SimplifiedText& second) {
     SimplifiedText joined = first;
-    if (!first.Value.empty() && !second.Value.empty()) {
-        joined.Value.append(between);
-    }
-    joined.Value.append(second.Value);
-    joined.Replaced = first.Replaced || second.Replaced;
+    Append(joined, between, second);
     return joined;
-}
-
-/// Organisation and department in one line, if they fit there.
-SimplifiedText OrganisationOf(const VCardContact& contact) {
-    SimplifiedText line = Joined(contact.Organisation, u", ", contact.Department);
-    return line.Value.size() <= InfoLineWidth
-               ? line
-               : Joined(contact.Organisation, u"\n", contact.Department);
-}
-
-/// The address in lines: the street, then postcode and town.
-SimplifiedText AddressOf(const VCardContact& contact) {
-    const VCardAddress& address = contact.Address;
-    const SimplifiedText all =
-        Joined(VCardStreet(address), u"\n", Joined(address.Code, u" ", address.City));
-    return all.Value.empty() ? contact.Label : all;
 }
 
 /// Puts words into lines of the info text.
 class InfoLinesOf {
   public:
-    explicit InfoLinesOf(VCardInfo& info) : info_(info) {}
+    /// `room` is there for texts that are made on the way.
+    InfoLinesOf(VCardInfo& info, SimplifiedText& room) : info_(info), room_(room) {}
 
     /// Takes a text, each line of which begins a new line.
     void Take(const SimplifiedText& text) {
         info_.Replaced = info_.Replaced || text.Replaced;
-        const Text value = WithoutExportMark(text.Value);
-        for (TextView rest = value; !rest.empty();) {
+        if (std::none_of(text.Value.begin(), text.Value.end(), [](char16_t character) {
+                return character == u'\n' || character == u'(';
+            })) {
+            TakeLine(text.Value);
+            return;
+        }
+        const bool isMarked = Contains(text.Value, ExportMark);
+        const Text unmarked = isMarked ? WithoutExportMark(text.Value) : Text();
+        for (TextView rest = isMarked ? unmarked : text.Value; !rest.empty();) {
             const std::size_t end = std::min(rest.find(u'\n'), rest.size());
             TakeLine(rest.substr(0, end));
             rest.remove_prefix(std::min(end + 1, rest.size()));
         }
     }
+    /// Takes what there is of two texts in one.
+    void Take(const SimplifiedText& first, TextView between, const SimplifiedText& second) {
+        if (first.Value.empty() || second.Value.empty()) {
+            Take(first.Value.empty() ? second : first);
+        } else {
+            room_ = first;
+            Append(room_, between, second);
+            Take(room_);
+        }
+    }
 
   private:
     void TakeLine(TextView line) {
+        Text& info = info_.Info;
         for (line = TrimBlanks(line); !line.empty() && !info_.IsCut; line = TrimBlanks(line)) {
-            if (info_.Info.size() == InfoWidth) {
+            if (info.size() == InfoWidth) {
                 info_.IsCut = true;
                 return;
             }
-            if (info_.Info.ends_with(u'(') && line.starts_with(u')')) {  // a mark over two lines
+            if (info.ends_with(u'(') && line.starts_with(u')')) {  // a mark over two lines
                 line.remove_prefix(1);
             }
             const std::size_t length = LengthOfNext(line);
-            info_.Info.append(PadOrCut(line.substr(0, length), InfoLineWidth));
+            info.append(line.substr(0, length)).append(InfoLineWidth - length, u' ');
             line.remove_prefix(length);
         }
     }
@@ -86,7 +93,75 @@ class InfoLinesOf {
     }
 
     VCardInfo& info_;
+    SimplifiedText& room_;
 };
+
+/// Organisation and department, in one line if they fit there.
+void TakeOrganisation(const VCardContact& contact, TextView name, InfoLinesOf& lines) {
+    const SimplifiedText& organisation = contact.Organisation;
+    const SimplifiedText& department = contact.Department;
+    if (organisation.Value.empty() && department.Value.empty()) {
+        return;
+    }
+    const bool isName = organisation.Value == name && name.size() <= FieldWidth;
+    SimplifiedText text = isName ? department : Joined(organisation, u", ", department);
+    if (!isName && text.Value.size() > InfoLineWidth) {
+        text = Joined(organisation, u"\n", department);
+    }
+    if (text.Value != name) {
+        lines.Take(text);
+    }
+}
+
+/// The address in lines: the street, then postcode and town.
+void TakeAddress(const VCardContact& contact, InfoLinesOf& lines) {
+    const VCardAddress& address = contact.Address;
+    const bool hasStreet = !address.Street.Value.empty() || !address.Extension.Value.empty();
+    if (!hasStreet && address.Box.Value.empty() && address.Code.Value.empty() &&
+        address.City.Value.empty()) {
+        lines.Take(contact.Label);
+        return;
+    }
+    if (hasStreet) {
+        lines.Take(address.Street, u", ", address.Extension);
+    } else {
+        lines.Take(address.Box);
+    }
+    lines.Take(address.Code, u" ", address.City);
+}
+
+/// The contact's info text: organisation, address and note in lines of 21 characters, as far as
+/// the six lines go. The organisation is left out where it is the name.
+void AssignInfo(VCardInfo& info, SimplifiedText& room, const VCardContact& contact, TextView name) {
+    info.Info.clear();
+    info.IsCut = false;
+    info.Replaced = false;
+    InfoLinesOf lines(info, room);
+    TakeOrganisation(contact, name, lines);
+    TakeAddress(contact, lines);
+    lines.Take(contact.Note);
+    info.Info.resize(RightTrim(info.Info).size());
+}
+
+/// "Nachname, Vorname", else another name; at last the first number.
+void AssignName(SimplifiedText& name, const VCardContact& contact) {
+    const bool hasGiven = !contact.Given.Value.empty();
+    name = contact.Family;
+    Append(name, u", ", hasGiven ? contact.Given : contact.Additional);
+    for (const SimplifiedText* other : {&contact.FullName, &contact.Organisation,
+                                        &contact.Department, &contact.Nickname, &contact.Mail}) {
+        if (!name.Value.empty()) {
+            break;
+        }
+        name = *other;
+    }
+    if (name.Value.empty() && !contact.Numbers.empty()) {
+        name.Value = contact.Numbers.front().Number;
+        name.Replaced = false;
+    } else if (Contains(name.Value, ExportMark)) {
+        name.Value = WithoutExportMark(std::move(name.Value));
+    }
+}
 
 /// The letter of a kind; empty for one that is not known.
 TextView LetterOf(NumberKind kind) {
@@ -140,16 +215,9 @@ class PlacesOfNumbers {
 }  // namespace
 
 SimplifiedText VCardContactName(const VCardContact& contact) {
-    const bool hasGiven = !contact.Given.Value.empty();
-    const SimplifiedText person =
-        Joined(contact.Family, u", ", hasGiven ? contact.Given : contact.Additional);
-    for (const SimplifiedText* name : {&person, &contact.FullName, &contact.Organisation,
-                                       &contact.Department, &contact.Nickname, &contact.Mail}) {
-        if (!name->Value.empty()) {
-            return {WithoutExportMark(name->Value), name->Replaced};
-        }
-    }
-    return {contact.Numbers.empty() ? Text() : contact.Numbers.front().Number};
+    SimplifiedText name;
+    AssignName(name, contact);
+    return name;
 }
 
 SimplifiedText VCardStreet(const VCardAddress& address) {
@@ -164,19 +232,6 @@ Text WithoutExportMark(Text text) {
     return text;
 }
 
-VCardInfo VCardContactInfo(const VCardContact& contact, TextView name) {
-    VCardInfo info;
-    InfoLinesOf lines(info);
-    const SimplifiedText organisation =
-        contact.Organisation.Value == name && name.size() <= FieldWidth ? contact.Department
-                                                                        : OrganisationOf(contact);
-    lines.Take(organisation.Value == name ? SimplifiedText() : organisation);
-    lines.Take(AddressOf(contact));
-    lines.Take(contact.Note);
-    info.Info.resize(RightTrim(info.Info).size());
-    return info;
-}
-
 VCardEntries::VCardEntries(const Settings& settings) : ownCountry_(OwnCountryCode(settings)) {}
 
 void VCardEntries::Reserve() {
@@ -184,50 +239,55 @@ void VCardEntries::Reserve() {
 }
 
 void VCardEntries::Take(const VCardContact& contact) {
-    const SimplifiedText name = VCardContactName(contact);
+    AssignName(name_, contact);
+    const TextView name = name_.Value;
     if (!contact.IsWhole) {
-        Note(u"Karte ohne Ende: ", name.Value);
+        Note(u"Karte ohne Ende: ", name);
     }
-    const std::vector<Number> numbers = NumbersOf(contact, name.Value);
-    if (numbers.empty()) {
+    TakeNumbers(contact, name);
+    if (numbers_.empty()) {
         return;
     }
-    const VCardInfo info = VCardContactInfo(contact, name.Value);
+    AssignInfo(info_, joined_, contact, name);
     bool nameIsCut = false;
     bool taken = false;
     Brackets brackets;
-    for (const Number& number : numbers) {
-        const Text bracket = numbers.size() == 1 ? Text() : brackets.Next(number.Kind);
+    for (Number& number : numbers_) {
+        const Text bracket = numbers_.size() == 1 ? Text() : brackets.Next(number.Kind);
         if (Entries.size() == RegisterPlaces) {
             IsFull = true;
-            Note(u"Kein Platz mehr: ", name.Value, number.Dialled);
+            Note(u"Kein Platz mehr: ", name, number.Dialled);
             continue;
         }
-        const TextView shown = TextView(name.Value).substr(0, FieldWidth - bracket.size());
-        nameIsCut = nameIsCut || shown.size() < name.Value.size();
+        nameIsCut = nameIsCut || name.size() > FieldWidth - bracket.size();
         taken = true;
-        RegisterEntry& entry = Entries.emplace_back();
-        entry.Name = Text(RightTrim(shown)) + bracket;
-        entry.Tel = number.Dialled;
-        entry.Info = info.Info;
+        AppendEntry(name, bracket, number);
     }
     if (nameIsCut) {
-        Note(u"Name gekürzt: ", name.Value);
+        Note(u"Name gekürzt: ", name);
     }
-    if (taken && info.IsCut) {
-        Note(u"Infotext gekürzt: ", name.Value);
+    if (taken && info_.IsCut) {
+        Note(u"Infotext gekürzt: ", name);
     }
-    if (taken && (name.Replaced || info.Replaced)) {
-        Note(u"Zeichen ersetzt: ", name.Value);
+    if (taken && (name_.Replaced || info_.Replaced)) {
+        Note(u"Zeichen ersetzt: ", name);
     }
 }
 
-std::vector<VCardEntries::Number> VCardEntries::NumbersOf(const VCardContact& contact,
-                                                          TextView name) {
-    std::vector<Number> numbers;
+void VCardEntries::AppendEntry(TextView name, TextView bracket, Number& number) {
+    RegisterEntry& entry = Entries.emplace_back();
+    entry.Name.reserve(FieldWidth);
+    entry.Name.append(RightTrim(name.substr(0, FieldWidth - bracket.size()))).append(bracket);
+    entry.Tel = std::move(number.Dialled);
+    entry.Info = info_.Info;
+}
+
+/// Puts the numbers that the telephone dials into `numbers_`, each once.
+void VCardEntries::TakeNumbers(const VCardContact& contact, TextView name) {
+    numbers_.clear();
     PlacesOfNumbers places(contact.Numbers.size());
     for (const VCardNumber& number : contact.Numbers) {
-        const DialledNumber dialled = Dialled(number.Number, ownCountry_);
+        DialledNumber dialled = Dialled(number.Number, ownCountry_);
         if (dialled.Number.empty()) {
             Note(u"Nicht wählbar: ", name, number.Number);
             continue;
@@ -246,11 +306,11 @@ std::vector<VCardEntries::Number> VCardEntries::NumbersOf(const VCardContact& co
         if (dialled.LeftOut) {
             Note(u"Zusatz der Rufnummer weggelassen: ", name, number.Number);
         }
-        const std::size_t place = places.Of(dialled.Number, numbers);
-        if (place == numbers.size()) {
-            numbers.push_back({dialled.Number, number.Kind});
-        } else if (numbers[place].Kind == NumberKind::Unknown) {
-            numbers[place].Kind = number.Kind;
+        const std::size_t place = places.Of(dialled.Number, numbers_);
+        if (place == numbers_.size()) {
+            numbers_.push_back({std::move(dialled.Number), number.Kind});
+        } else if (numbers_[place].Kind == NumberKind::Unknown) {
+            numbers_[place].Kind = number.Kind;
         }
     }
     if (contact.NumbersLeftOut > 0) {
@@ -260,7 +320,6 @@ std::vector<VCardEntries::Number> VCardEntries::NumbersOf(const VCardContact& co
     if (contact.Numbers.empty() && !contact.IsGroup && !name.empty()) {
         Note(u"Ohne Rufnummer: ", name);
     }
-    return numbers;
 }
 
 void VCardEntries::Note(TextView finding, TextView name, TextView number) {

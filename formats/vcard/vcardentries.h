@@ -10,6 +10,14 @@
 
 namespace norvik {
 
+/// The contact's info text: organisation, address and note in lines of 21 characters, as far as
+/// the six lines go. The organisation is left out where it is the name.
+struct VCardInfo {
+    Text Info;
+    bool IsCut = false;
+    bool Replaced = false;
+};
+
 /// Makes entries of contacts, one for each number, no more than the register has places, and
 /// reports what is cut, spelled otherwise or left out.
 class VCardEntries {
@@ -30,10 +38,15 @@ class VCardEntries {
         NumberKind Kind;
     };
 
-    std::vector<Number> NumbersOf(const VCardContact& contact, TextView name);
+    void TakeNumbers(const VCardContact& contact, TextView name);
+    void AppendEntry(TextView name, TextView bracket, Number& number);
     void Note(TextView finding, TextView name, TextView number = {});
 
     Text ownCountry_;
+    SimplifiedText name_;          ///< of the contact that is taken
+    VCardInfo info_;               ///< … likewise
+    SimplifiedText joined_;        ///< of several texts
+    std::vector<Number> numbers_;  ///< … likewise
     bool plusIsReported_ = false;
 };
 
@@ -45,14 +58,5 @@ SimplifiedText VCardStreet(const VCardAddress& address);
 
 /// A text in which nothing marks an entry for export.
 Text WithoutExportMark(Text text);
-
-/// The contact's info text: organisation, address and note in lines of 21 characters, as far as
-/// the six lines go. The organisation is left out where it is the name.
-struct VCardInfo {
-    Text Info;
-    bool IsCut = false;
-    bool Replaced = false;
-};
-VCardInfo VCardContactInfo(const VCardContact& contact, TextView name);
 
 }  // namespace norvik

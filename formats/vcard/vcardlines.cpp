@@ -20,14 +20,16 @@ std::string_view CharactersOf(ByteView bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-std::size_t LengthOfLine(std::string_view text) {
-    const auto* end = std::find_if(text.begin(), text.end(),
-                                   [](char byte) { return byte == '\r' || byte == '\n'; });
-    return static_cast<std::size_t>(end - text.begin());
-}
-
 bool IsBlank(char byte) {
     return byte == ' ' || byte == '\t';
+}
+
+/// Whether "=" is the last byte, blanks apart.
+bool EndsWithBreak(std::string_view line) {
+    while (!line.empty() && IsBlank(line.back())) {
+        line.remove_suffix(1);
+    }
+    return line.ends_with('=');
 }
 
 /// Finds out whether a line that grows is quoted-printable, so that "=" at its end breaks it
@@ -60,7 +62,38 @@ bool IsEdgeOfCard(std::string_view line) {
 
 }  // namespace
 
-bool VCardLines::Next(std::string& line) {
+bool VCardLines::Next(std::string_view& line) {
+    if (TakeWhole(line)) {
+        return true;
+    }
+    const bool isThere = Join();
+    line = joined_;
+    return isThere;
+}
+
+/// Takes a line that stands in the block as a whole, with the byte behind it, and needs no change,
+/// as most do.
+bool VCardLines::TakeWhole(std::string_view& line) {
+    if (nextIsWaiting_ || ((rest_.empty() || lineFeedBelongs_) && !Fill()) || hasZeros_) {
+        return false;
+    }
+    const std::size_t length = LengthOfLine();
+    if (length > LongestVCardLine || length + 2 >= rest_.size()) {
+        return false;
+    }
+    line = rest_.substr(0, length);
+    const bool endsInBoth = rest_[length] == '\r' && rest_[length + 1] == '\n';
+    const std::size_t behind = length + (endsInBoth ? 2 : 1);
+    if (EndsWithBreak(line) || IsBlank(rest_[behind]) || line.starts_with(Utf8Mark)) {
+        return false;
+    }
+    rest_.remove_prefix(behind);
+    return true;
+}
+
+/// Puts the next line together; false at the end.
+bool VCardLines::Join() {
+    std::string& line = joined_;
     line.clear();
     if (std::exchange(nextIsWaiting_, false)) {
         line = next_;
@@ -98,6 +131,16 @@ bool VCardLines::Next(std::string& line) {
     }
 }
 
+/// The bytes in front of the next CR or LF of the block. The place of a LF is kept: it is not
+/// sought again for each line that a CR ends.
+std::size_t VCardLines::LengthOfLine() {
+    if (fromLineFeed_ > rest_.size()) {
+        fromLineFeed_ = rest_.size() - std::min(rest_.find('\n'), rest_.size());
+    }
+    const std::string_view line = rest_.substr(0, rest_.size() - fromLineFeed_);
+    return std::min(line.find('\r'), line.size());
+}
+
 /// Takes care that there is something to read; false at the end.
 bool VCardLines::Fill() {
     for (;;) {
@@ -128,6 +171,8 @@ bool VCardLines::ReadBlock() {
     if (form_ != Form::Plain) {
         TakeUtf16(bytes);
     }
+    fromLineFeed_ = std::string_view::npos;
+    hasZeros_ = rest_.find('\0') != std::string_view::npos;
     return true;
 }
 
@@ -175,7 +220,7 @@ bool VCardLines::AppendPhysical(std::string& line) {
         return false;
     }
     for (;;) {
-        const std::size_t length = LengthOfLine(rest_);
+        const std::size_t length = LengthOfLine();
         Append(line, rest_.substr(0, length));
         if (length < rest_.size()) {
             lineFeedBelongs_ = rest_[length] == '\r';

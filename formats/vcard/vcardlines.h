@@ -20,8 +20,9 @@ class VCardLines {
     /// `input` must live as long as the reader.
     explicit VCardLines(InputStream& input) : input_(input), block_(InputBlockSize) {}
 
-    /// Puts the next line into `line`; false at the end. Raises what reading raises.
-    bool Next(std::string& line);
+    /// Gives the next line in `line`, until the next one is asked for; false at the end. Raises
+    /// what reading raises.
+    bool Next(std::string_view& line);
 
     /// How many bytes of the stream have been read, in whole blocks.
     [[nodiscard]] std::uintmax_t BytesRead() const { return bytesRead_; }
@@ -31,6 +32,9 @@ class VCardLines {
   private:
     enum class Form { Unknown, Plain, LittleEndian, BigEndian };
 
+    bool TakeWhole(std::string_view& line);
+    bool Join();
+    std::size_t LengthOfLine();
     bool Fill();
     bool ReadBlock();
     void FindForm();
@@ -40,13 +44,16 @@ class VCardLines {
 
     InputStream& input_;
     Bytes block_;
-    std::string converted_;  ///< a block of UTF-16 in UTF-8
-    std::string_view rest_;  ///< of the block, not read yet
+    std::string converted_;         ///< a block of UTF-16 in UTF-8
+    std::string_view rest_;         ///< of the block, not read yet
+    std::size_t fromLineFeed_ = 0;  ///< bytes from the next LF of the block on; npos: not sought
+    bool hasZeros_ = false;         ///< the block holds bytes of value 0
     std::uintmax_t bytesRead_ = 0;
     Form form_ = Form::Unknown;
     bool isMarked_ = false;
     std::string unitBytes_;   ///< a unit of UTF-16 that has not all come yet
     char32_t firstHalf_ = 0;  ///< of a surrogate pair
+    std::string joined_;      ///< a line that does not stand in the block as it is
     std::string next_;        ///< a line behind a soft line break
     bool nextIsWaiting_ = false;
     char last_ = 0;                 ///< of the line read last, blanks apart

@@ -14,7 +14,7 @@ bool IsDigit(char16_t character) {
 }
 
 bool IsLetter(char16_t character) {
-    return LowerCase(character) != UpperCase(character) || character == u'ß';
+    return character >= u'A' && (LowerCase(character) != UpperCase(character) || character == u'ß');
 }
 
 bool IsDialled(char16_t character) {
@@ -31,9 +31,9 @@ char16_t KeyOf(char16_t letter) {
 
 /// Words in front of an extension's digits.
 bool IsExtensionWord(TextView word) {
-    constexpr std::array<TextView, 12> Words = {u"x",   u"ext",       u"extn",        u"extension",
-                                                u"dw",  u"durchwahl", u"app",         u"apparat",
-                                                u"nst", u"kl",        u"nebenstelle", u"klappe"};
+    static constexpr std::array<TextView, 12> Words = {
+        u"x",   u"ext",     u"extn", u"extension", u"dw",          u"durchwahl",
+        u"app", u"apparat", u"nst",  u"kl",        u"nebenstelle", u"klappe"};
     const Text lowered = LowerCase(word);
     return std::find(Words.begin(), Words.end(), lowered) != Words.end();
 }
@@ -41,9 +41,9 @@ bool IsExtensionWord(TextView word) {
 /// Whether the digits in front of a word are those of numbers that are given as words.
 bool IsService(TextView digits) {
     constexpr std::size_t Longest = 7;
-    constexpr std::array<TextView, 13> Services = {u"800", u"700", u"900", u"180", u"137",
-                                                   u"190", u"801", u"833", u"844", u"855",
-                                                   u"866", u"877", u"888"};
+    static constexpr std::array<TextView, 13> Services = {u"800", u"700", u"900", u"180", u"137",
+                                                          u"190", u"801", u"833", u"844", u"855",
+                                                          u"866", u"877", u"888"};
     if (digits.size() > Longest) {
         return false;
     }
@@ -93,54 +93,59 @@ Text WithoutPercents(TextView address) {
 
 /// A number without what stands behind it as ";name=value".
 struct Stripped {
-    Text Number;
+    TextView Number;
     bool HasExtension = false;  ///< or something else that is not dialled
 };
 
-Stripped WithoutParameters(TextView number) {
-    Stripped stripped;
+/// The number stands in `room`.
+Stripped WithoutParameters(TextView number, Text& room) {
+    bool hasExtension = false;
+    room.clear();
     for (bool first = true; first || !number.empty(); first = false) {
         const std::size_t end = std::min(number.find(u';'), number.size());
         const TextView part = number.substr(0, end);
         number.remove_prefix(std::min(end + 1, number.size()));
         const std::size_t equals = part.find(u'=');
         if (first) {
-            stripped.Number = part;
+            room = part;
             continue;
         }
         const Text name = LowerCase(TrimBlanks(part.substr(0, equals)));
         if (equals == TextView::npos) {
             if (std::any_of(part.begin(), part.end(), IsDialled)) {
-                stripped.Number.append(u";").append(part);  // the mark of a pause
+                room.append(u";").append(part);  // the mark of a pause
             }
         } else if (name == u"ext") {
-            stripped.HasExtension = true;
+            hasExtension = true;
         } else if (name == u"phone-context" && part.substr(equals + 1).starts_with(u'+') &&
-                   !stripped.Number.starts_with(u'+')) {
-            stripped.Number.insert(0, part.substr(equals + 1));
+                   !room.starts_with(u'+')) {
+            room.insert(0, part.substr(equals + 1));
         }
     }
-    return stripped;
+    return {.Number = room, .HasExtension = hasExtension};
 }
 
-Stripped WithoutAddress(TextView number) {
+/// The number stands in itself or in `room`.
+Stripped WithoutAddress(TextView number, Text& room) {
     number = TrimBlanks(number);
-    if (number.find_first_of(u":;@") == TextView::npos) {
-        return {.Number = Text(number)};
+    if (std::none_of(number.begin(), number.end(), [](char16_t character) {
+            return character == u':' || character == u';' || character == u'@';
+        })) {
+        return {.Number = number};
     }
     const std::size_t host = std::min(number.find(u'@'), number.size());
     if (host < number.size() &&
         (LowerCase(number.substr(0, 3)) == u"sip" ||
          std::any_of(number.begin() + static_cast<std::ptrdiff_t>(host), number.end(), IsLetter))) {
         const std::size_t end = std::min(number.find(u';'), host);
-        return {.Number = Text(number.substr(0, end)), .HasExtension = true};
+        return {.Number = number.substr(0, end), .HasExtension = true};
     }
     for (const TextView scheme : {u"tel:", u"callto:"}) {
         if (LowerCase(number.substr(0, scheme.size())) == scheme) {
-            return WithoutParameters(WithoutPercents(number.substr(scheme.size())));
+            return WithoutParameters(WithoutPercents(number.substr(scheme.size())), room);
         }
     }
-    return WithoutParameters(number);
+    return WithoutParameters(number, room);
 }
 
 /// Goes through a number from left to right.
@@ -174,15 +179,25 @@ class Dialling {
             TakePlus();
         } else if (character == u'(') {
             place_ = BehindTrunkZero();
-        } else if (BeginsAnother(character)) {
-            EndHere();
-        } else if (character == u',' || character == u';') {
-            TakePause(character == u',' ? u'p' : u'w');
+        } else if (IsSeparator(character)) {
+            TakeSeparator(character);
         } else if (IsLetter(character)) {
             TakeWord();
             return;
         }
         ++place_;
+    }
+
+    static bool IsSeparator(char16_t character) {
+        return character == u':' || character == u'/' || character == u',' || character == u';';
+    }
+
+    void TakeSeparator(char16_t separator) {
+        if (BeginsAnother(separator)) {
+            EndHere();
+        } else if (separator == u',' || separator == u';') {
+            TakePause(separator == u',' ? u'p' : u'w');
+        }
     }
 
     /// Whether the character parts the digits so far from those of another number.
@@ -280,7 +295,8 @@ Text OwnCountryCode(const Settings& settings) {
 
 DialledNumber Dialled(TextView number, TextView ownCountry) {
     DialledNumber result;
-    const Stripped stripped = WithoutAddress(number);
+    Text room;
+    const Stripped stripped = WithoutAddress(number, room);
     result.LeftOut = stripped.HasExtension;
     Dialling dialling(stripped.Number, result);
     Text& digits = dialling.Digits;
@@ -291,8 +307,8 @@ DialledNumber Dialled(TextView number, TextView ownCountry) {
         return result;
     }
     if (dialling.HasPlus && !ownCountry.empty() && digits.starts_with(ownCountry)) {
-        digits.erase(0, ownCountry.size());
-        digits.insert(0, digits.starts_with(u'0') ? u"" : u"0");
+        const bool hasZero = TextView(digits).substr(ownCountry.size()).starts_with(u'0');
+        digits.replace(0, ownCountry.size(), hasZero ? u"" : u"0");
     } else if (dialling.HasPlus) {
         digits.insert(0, u"00");
         result.PlusWithoutCountry = ownCountry.empty();

@@ -11,11 +11,20 @@ char Lowered(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
+/// Without regard to case.
+bool AreEqual(char a, char b) {
+    return a == b || Lowered(a) == Lowered(b);
+}
+
 /// The place of the first of the characters that stands outside quotes; npos where there is none.
 template <char... Sought>
 std::size_t FindOutsideQuotes(std::string_view text) {
+    constexpr char Highest = std::max({'"', Sought...});
     bool quoted = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] > Highest) {  // as most are
+            continue;
+        }
         if (text[i] == '"') {
             quoted = !quoted;
         } else if (!quoted && ((text[i] == Sought) || ...)) {
@@ -81,66 +90,90 @@ std::string FromBase64(std::string_view value) {
     return bytes;
 }
 
+struct NameRow {
+    std::string_view Name;
+    VCardName What;
+};
+
+constexpr std::array<NameRow, 16> Names = {{
+    {"BEGIN", VCardName::Begin},
+    {"END", VCardName::End},
+    {"VERSION", VCardName::Version},
+    {"AGENT", VCardName::Agent},
+    {"N", VCardName::Name},
+    {"FN", VCardName::FullName},
+    {"NICKNAME", VCardName::Nickname},
+    {"ORG", VCardName::Organisation},
+    {"ADR", VCardName::Address},
+    {"LABEL", VCardName::Label},
+    {"EMAIL", VCardName::Mail},
+    {"NOTE", VCardName::Note},
+    {"TEL", VCardName::Number},
+    {"X-ABLABEL", VCardName::GroupLabel},
+    {"KIND", VCardName::Kind},
+    {"X-ADDRESSBOOKSERVER-KIND", VCardName::Kind},
+}};
+constexpr std::size_t LongestName = 31;
+
+/// A place by the length and the first letter, in any case.
+constexpr std::size_t PlaceByLook(std::string_view name) {
+    constexpr unsigned LetterMask = 0x1F;
+    return name.size() * (LetterMask + 1) + (static_cast<unsigned char>(name.front()) & LetterMask);
+}
+
+/// The row of the name that looks so, if any does; no two of them look alike.
+constexpr auto PlacesOfNames = [] {
+    std::array<unsigned char, (LongestName + 1) * (LongestName + 1)> places{};
+    for (std::size_t row = 0; row < Names.size(); ++row) {
+        places.at(PlaceByLook(Names.at(row).Name)) = static_cast<unsigned char>(row);
+    }
+    return places;
+}();
+static_assert(std::all_of(Names.begin(), Names.end(), [](const NameRow& row) {
+    return Names.at(PlacesOfNames.at(PlaceByLook(row.Name))).Name == row.Name;
+}));
+
 }  // namespace
 
 std::optional<VCardProperty> SplitVCardProperty(std::string_view line) {
     std::size_t nameEnd = 0;
-    while (nameEnd < line.size() && line[nameEnd] != ':' && line[nameEnd] != ';') {
-        ++nameEnd;
+    bool hasGroup = false;
+    for (; nameEnd < line.size() && line[nameEnd] != ':' && line[nameEnd] != ';'; ++nameEnd) {
+        hasGroup = hasGroup || line[nameEnd] == '.';
     }
     if (nameEnd == line.size()) {
         return std::nullopt;
     }
     VCardProperty property;
     property.Name = TrimmedBytes(line.substr(0, nameEnd));
-    const std::size_t point = property.Name.rfind('.');
-    if (point != std::string_view::npos) {
+    if (hasGroup) {
+        const std::size_t point = property.Name.rfind('.');
         property.Group = property.Name.substr(0, point);
         property.Name.remove_prefix(point + 1);
     }
-    line.remove_prefix(nameEnd);
-    std::size_t colon = FindOutsideQuotes<':'>(line);
-    if (colon == std::string_view::npos) {
-        colon = line.find(':');
+    const std::string_view behind = line.substr(nameEnd + 1);
+    if (line[nameEnd] == ':') {
+        property.Value = behind;
+    } else {
+        std::size_t colon = FindOutsideQuotes<':'>(behind);
+        if (colon == std::string_view::npos) {
+            colon = behind.find(':');
+        }
+        if (colon == std::string_view::npos) {
+            return std::nullopt;
+        }
+        property.Parameters = behind.substr(0, colon);
+        property.Value = behind.substr(colon + 1);
     }
-    if (colon == std::string_view::npos || property.Name.empty()) {
-        return std::nullopt;
-    }
-    property.Parameters = line.substr(0, colon);
-    if (!property.Parameters.empty()) {
-        property.Parameters.remove_prefix(1);
-    }
-    property.Value = line.substr(colon + 1);
-    return property;
+    return property.Name.empty() ? std::nullopt : std::optional(property);
 }
 
 std::optional<VCardName> VCardNameOf(std::string_view name) {
-    struct Row {
-        std::string_view Name;
-        VCardName What;
-    };
-    constexpr std::array<Row, 16> Rows = {{
-        {"TEL", VCardName::Number},
-        {"N", VCardName::Name},
-        {"FN", VCardName::FullName},
-        {"BEGIN", VCardName::Begin},
-        {"END", VCardName::End},
-        {"VERSION", VCardName::Version},
-        {"ORG", VCardName::Organisation},
-        {"ADR", VCardName::Address},
-        {"EMAIL", VCardName::Mail},
-        {"NOTE", VCardName::Note},
-        {"X-ABLABEL", VCardName::GroupLabel},
-        {"LABEL", VCardName::Label},
-        {"NICKNAME", VCardName::Nickname},
-        {"AGENT", VCardName::Agent},
-        {"KIND", VCardName::Kind},
-        {"X-ADDRESSBOOKSERVER-KIND", VCardName::Kind},
-    }};
-    const auto* found = std::find_if(Rows.begin(), Rows.end(), [name](const Row& row) {
-        return row.Name.size() == name.size() && EqualsIgnoringCase(row.Name, name);
-    });
-    return found == Rows.end() ? std::nullopt : std::optional(found->What);
+    if (name.empty() || name.size() > LongestName) {
+        return std::nullopt;
+    }
+    const NameRow& row = Names.at(PlacesOfNames.at(PlaceByLook(name)));
+    return EqualsIgnoringCase(row.Name, name) ? std::optional(row.What) : std::nullopt;
 }
 
 std::optional<VCardParameters::Parameter> VCardParameters::Next() {
@@ -165,18 +198,24 @@ std::optional<VCardParameters::Parameter> VCardParameters::Next() {
 VCardTransfer TransferOf(const VCardProperty& property) {
     VCardParameters parameters(property.Parameters);
     while (const auto parameter = parameters.Next()) {
-        if (!parameter->Name.empty() && !EqualsIgnoringCase(parameter->Name, "ENCODING")) {
-            continue;
-        }
-        if (EqualsIgnoringCase(parameter->Value, "QUOTED-PRINTABLE")) {
-            return VCardTransfer::QuotedPrintable;
-        }
-        if (EqualsIgnoringCase(parameter->Value, "BASE64") ||
-            (EqualsIgnoringCase(parameter->Value, "B") && !parameter->Name.empty())) {
-            return VCardTransfer::Base64;
+        if (const VCardTransfer transfer = TransferOf(*parameter);
+            transfer != VCardTransfer::Plain) {
+            return transfer;
         }
     }
     return VCardTransfer::Plain;
+}
+
+VCardTransfer TransferOf(const VCardParameters::Parameter& parameter) {
+    if (!parameter.Name.empty() && !EqualsIgnoringCase(parameter.Name, "ENCODING")) {
+        return VCardTransfer::Plain;
+    }
+    if (EqualsIgnoringCase(parameter.Value, "QUOTED-PRINTABLE")) {
+        return VCardTransfer::QuotedPrintable;
+    }
+    const bool isBase64 = EqualsIgnoringCase(parameter.Value, "BASE64") ||
+                          (EqualsIgnoringCase(parameter.Value, "B") && !parameter.Name.empty());
+    return isBase64 ? VCardTransfer::Base64 : VCardTransfer::Plain;
 }
 
 std::string_view TransferredBytes(std::string_view value, VCardTransfer transfer,
@@ -192,16 +231,6 @@ std::string_view TransferredBytes(std::string_view value, VCardTransfer transfer
         break;
     }
     return value;
-}
-
-std::string_view ParameterOf(const VCardProperty& property, std::string_view name) {
-    VCardParameters parameters(property.Parameters);
-    while (const auto parameter = parameters.Next()) {
-        if (EqualsIgnoringCase(parameter->Name, name)) {
-            return parameter->Value;
-        }
-    }
-    return {};
 }
 
 std::string_view TakeVCardPiece(std::string_view& rest, char separator) {
@@ -235,9 +264,12 @@ std::string_view Unescaped(std::string_view piece, std::string& room) {
 }
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(),
-                      [](char left, char right) { return Lowered(left) == Lowered(right); });
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), AreEqual);
+}
+
+bool ContainsIgnoringCase(std::string_view bytes, std::string_view part) {
+    return std::search(bytes.begin(), bytes.end(), part.begin(), part.end(), AreEqual) !=
+           bytes.end();
 }
 
 std::string LoweredAscii(std::string_view bytes) {

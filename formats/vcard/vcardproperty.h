@@ -63,14 +63,13 @@ class VCardParameters {
 /// How the bytes of a value were made fit for mail.
 enum class VCardTransfer { Plain, QuotedPrintable, Base64 };
 VCardTransfer TransferOf(const VCardProperty& property);
+/// What one parameter alone tells of that.
+VCardTransfer TransferOf(const VCardParameters::Parameter& parameter);
 
 /// The value's bytes as they were; those of a damaged value as far as they can be told. They stand
 /// in the value itself or in `room`.
 std::string_view TransferredBytes(std::string_view value, VCardTransfer transfer,
                                   std::string& room);
-
-/// The value of the parameter, or nothing.
-std::string_view ParameterOf(const VCardProperty& property, std::string_view name);
 
 /// A piece of a value up to the next separator that has no "\" in front, and whether there is a
 /// further one.
@@ -82,6 +81,7 @@ std::string_view Unescaped(std::string_view piece, std::string& room);
 
 /// Compares ASCII letters without regard to case.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+bool ContainsIgnoringCase(std::string_view bytes, std::string_view part);
 std::string LoweredAscii(std::string_view bytes);
 
 /// Without blanks and tabs at its ends.

@@ -38,14 +38,14 @@ bool IsUtf8(std::u8string_view bytes) {
 
 /// The eight characters in which ISO-8859-15 differs from Windows-1252.
 char32_t Latin9Point(Byte byte) {
-    constexpr std::array<std::pair<Byte, char32_t>, 8> Others = {{{0xA4, U'€'},
-                                                                  {0xA6, U'Š'},
-                                                                  {0xA8, U'š'},
-                                                                  {0xB4, U'Ž'},
-                                                                  {0xB8, U'ž'},
-                                                                  {0xBC, U'Œ'},
-                                                                  {0xBD, U'œ'},
-                                                                  {0xBE, U'Ÿ'}}};
+    static constexpr std::array<std::pair<Byte, char32_t>, 8> Others = {{{0xA4, U'€'},
+                                                                         {0xA6, U'Š'},
+                                                                         {0xA8, U'š'},
+                                                                         {0xB4, U'Ž'},
+                                                                         {0xB8, U'ž'},
+                                                                         {0xBC, U'Œ'},
+                                                                         {0xBD, U'œ'},
+                                                                         {0xBE, U'Ÿ'}}};
     const auto* found = std::find_if(Others.begin(), Others.end(),
                                      [byte](const auto& other) { return other.first == byte; });
     return found == Others.end() ? CharacterOf(byte) : found->second;
@@ -97,7 +97,8 @@ Text Tidied(TextView text) {
 
 /// A digit of another script, and the characters that programs put between digits.
 char32_t NumberPoint(char32_t point) {
-    constexpr std::array<char32_t, 6> Zeros = {0x0660, 0x06F0, 0x0966, 0x09E6, 0x0E50, 0xFF10};
+    static constexpr std::array<char32_t, 6> Zeros = {0x0660, 0x06F0, 0x0966,
+                                                      0x09E6, 0x0E50, 0xFF10};
     for (const char32_t zero : Zeros) {
         if (point >= zero && point <= zero + 9) {
             return U'0' + (point - zero);
@@ -113,17 +114,43 @@ char32_t NumberPoint(char32_t point) {
     return isBlank ? U' ' : point;
 }
 
-/// Printable ASCII without anything to tidy.
-bool IsPlain(std::string_view bytes) {
-    char last = ' ';
-    for (const char byte : bytes) {
-        const auto code = static_cast<Byte>(byte);
-        if (code < ' ' || code > '~' || (byte == ' ' && last == ' ')) {
-            return false;
-        }
-        last = byte;
+/// The bytes that stand for themselves wherever they are: printable ASCII without "\".
+constexpr auto IsPlain = [] {
+    std::array<bool, 256> isPlain{};
+    for (std::size_t byte = '!'; byte <= '~'; ++byte) {
+        isPlain.at(byte) = byte != '\\';
     }
-    return bytes.empty() || last != ' ';
+    return isPlain;
+}();
+
+/// Takes bytes that are tidy and plain and, in UTF-8, characters of the upper half of ISO-8859-1;
+/// gives false, with anything in `text`, where they are not.
+bool TakeUsual(std::string_view bytes, bool mayBeUtf8, Text& text) {
+    constexpr unsigned FirstPair = 0xC2A1;  // behind the hard blank
+    constexpr unsigned LastPair = 0xC3BF;
+    if (bytes.starts_with(' ') || bytes.ends_with(' ')) {
+        return false;
+    }
+    text.resize(bytes.size());
+    char16_t* end = text.data();
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const Byte byte = static_cast<Byte>(bytes[i]);
+        if (IsPlain[byte]) {
+            *end++ = byte;
+        } else if (byte == ' ' && bytes[i - 1] != ' ') {
+            *end++ = u' ';
+        } else {
+            const unsigned further = i + 1 < bytes.size() ? static_cast<Byte>(bytes[i + 1]) : 0;
+            const unsigned pair = static_cast<unsigned>(byte) << 8U | further;
+            if (!mayBeUtf8 || pair < FirstPair || pair > LastPair || (further & 0xC0U) != 0x80U) {
+                return false;
+            }
+            *end++ = static_cast<char16_t>((byte & 0x03U) << 6U | (further & 0x3FU));
+            ++i;
+        }
+    }
+    text.resize(static_cast<std::size_t>(end - text.data()));
+    return true;
 }
 
 bool IsTidy(TextView text) {
@@ -151,7 +178,7 @@ VCardCharset VCardCharsetOf(std::string_view name) {
         std::string_view Name;
         VCardCharset Charset;
     };
-    constexpr std::array<Row, 13> Rows = {{
+    static constexpr std::array<Row, 13> Rows = {{
         {"utf-8", VCardCharset::Utf8},
         {"utf8", VCardCharset::Utf8},
         {"iso-8859-1", VCardCharset::Windows1252},
@@ -175,10 +202,10 @@ VCardCharset VCardCharsetOf(std::string_view name) {
     return found == Rows.end() ? VCardCharset::Undeclared : found->Charset;
 }
 
-SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
-    if (IsPlain(bytes)) {
-        return {.Value = Text(bytes.begin(), bytes.end())};
-    }
+namespace {
+
+/// Any bytes.
+SimplifiedText Decoded(std::string_view bytes, VCardCharset charset) {
     if (IsAscii(bytes)) {
         return {.Value = Tidied(Text(bytes.begin(), bytes.end()))};
     }
@@ -191,9 +218,36 @@ SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
     return Tidy(Simplify(PointsOf(bytes, charset)));
 }
 
+}  // namespace
+
+bool AssignUsualVCardText(SimplifiedText& text, std::string_view bytes, VCardCharset charset) {
+    const bool mayBeUtf8 = charset == VCardCharset::Utf8 || charset == VCardCharset::Undeclared;
+    text.Replaced = false;
+    return TakeUsual(bytes, mayBeUtf8, text.Value);
+}
+
+void AssignVCardText(SimplifiedText& text, std::string_view bytes, VCardCharset charset) {
+    if (!AssignUsualVCardText(text, bytes, charset)) {
+        text = Decoded(bytes, charset);
+    }
+}
+
+SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
+    SimplifiedText text;
+    AssignVCardText(text, bytes, charset);
+    return text;
+}
+
+void AssignVCardLine(SimplifiedText& text, std::string_view bytes, VCardCharset charset) {
+    if (!AssignUsualVCardText(text, bytes, charset)) {
+        text = Decoded(bytes, charset);
+        std::replace(text.Value.begin(), text.Value.end(), NewLine, u' ');
+    }
+}
+
 SimplifiedText VCardLine(std::string_view bytes, VCardCharset charset) {
-    SimplifiedText text = VCardText(bytes, charset);
-    std::replace(text.Value.begin(), text.Value.end(), NewLine, u' ');
+    SimplifiedText text;
+    AssignVCardLine(text, bytes, charset);
     return text;
 }
 

@@ -21,9 +21,16 @@ VCardCharset VCardCharsetOf(std::string_view name);
 /// U+000A, other control characters and the hard blank a blank; blanks at the ends of lines go, and
 /// so do several in a row.
 SimplifiedText VCardText(std::string_view bytes, VCardCharset charset);
+/// Puts them into the place of a text.
+void AssignVCardText(SimplifiedText& text, std::string_view bytes, VCardCharset charset);
+
+/// The same, if the bytes need no more than a look: what most values are made of, in one line and
+/// without "\". Else gives false, with anything in `text`.
+bool AssignUsualVCardText(SimplifiedText& text, std::string_view bytes, VCardCharset charset);
 
 /// The same in one line.
 SimplifiedText VCardLine(std::string_view bytes, VCardCharset charset);
+void AssignVCardLine(SimplifiedText& text, std::string_view bytes, VCardCharset charset);
 
 /// A telephone number: digits, blanks and dashes of any script become those of ASCII.
 SimplifiedText VCardNumberText(std::string_view bytes, VCardCharset charset);

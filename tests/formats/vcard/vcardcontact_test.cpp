@@ -108,6 +108,7 @@ TEST(VCardReader, KnowsTheCharacterSetOfEachProperty) {
     EXPECT_EQ(contact.Organisation.Value, u"Mü");
     EXPECT_EQ(contact.Note.Value, u"?");
     EXPECT_EQ(ContactOf("VERSION:4.0\nFN:M\xFC").FullName.Value, u"M?");
+    EXPECT_EQ(ContactOf("FN;X=1;charset=latin1;CHARSET=UTF-8:\xC3\xBC").FullName.Value, u"Ã¼");
     EXPECT_THAT(NamesIn("\xEF\xBB\xBF"
                         "BEGIN:VCARD\nFN:M\xFC\nEND:VCARD"),
                 ElementsAre(u"M?"));

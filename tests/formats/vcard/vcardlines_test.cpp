@@ -22,8 +22,8 @@ std::vector<std::string> LinesOf(std::string_view file, std::size_t most) {
     InputStream input(read, std::nullopt);
     VCardLines reader(input);
     std::vector<std::string> lines;
-    for (std::string line; reader.Next(line);) {
-        lines.push_back(line);
+    for (std::string_view line; reader.Next(line);) {
+        lines.emplace_back(line);
     }
     EXPECT_EQ(reader.BytesRead(), file.size());
     return lines;

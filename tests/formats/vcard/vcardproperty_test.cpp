@@ -94,16 +94,11 @@ TEST(Unescaped, ReplacesWhatIsEscaped) {
     EXPECT_EQ(Unescaped("C:\\x\\", room), "C:\\x\\");
 }
 
-TEST(ParameterOf, GivesTheFirstOfThatName) {
-    const VCardProperty property = {
-        .Group = {}, .Name = "N", .Parameters = "X=1;charset=a;CHARSET=b", .Value = {}};
-    EXPECT_EQ(ParameterOf(property, "CHARSET"), "a");
-    EXPECT_EQ(ParameterOf(property, "PREF"), "");
-}
-
 TEST(Bytes, AreComparedLoweredAndTrimmedByAscii) {
     EXPECT_TRUE(EqualsIgnoringCase("aZ-1", "Az-1"));
     EXPECT_FALSE(EqualsIgnoringCase("a", "ab"));
+    EXPECT_TRUE(ContainsIgnoringCase("a,pReF", "PREF"));
+    EXPECT_FALSE(ContainsIgnoringCase("pre", "PREF"));
     EXPECT_EQ(LoweredAscii("AbC\xC4"), "abc\xC4");
     EXPECT_EQ(TrimmedBytes(" \ta b\t "), "a b");
     EXPECT_EQ(TrimmedBytes(" \t"), "");
