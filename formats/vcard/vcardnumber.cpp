@@ -38,6 +38,19 @@ bool IsExtensionWord(TextView word) {
     return std::find(Words.begin(), Words.end(), lowered) != Words.end();
 }
 
+/// Words that people write beside a number to tell what it is.
+bool IsRemark(TextView word) {
+    static constexpr std::array<TextView, 32> Words = {
+        u"tel",     u"telefon",      u"phone",        u"fon",    u"fax",      u"telefax",
+        u"mobil",   u"mobile",       u"mobiltelefon", u"handy",  u"cell",     u"privat",
+        u"private", u"zuhause",      u"home",         u"work",   u"office",   u"büro",
+        u"buero",   u"geschäftlich", u"dienstlich",   u"arbeit", u"zentrale", u"notruf",
+        u"hotline", u"kostenlos",    u"oder",         u"und",    u"bis",      u"voicemail",
+        u"mailbox", u"sekretariat"};
+    const Text lowered = LowerCase(word);
+    return std::find(Words.begin(), Words.end(), lowered) != Words.end();
+}
+
 /// Whether the digits in front of a word are those of numbers that are given as words.
 bool IsService(TextView digits) {
     constexpr std::size_t Longest = 7;
@@ -48,21 +61,27 @@ bool IsService(TextView digits) {
         return false;
     }
     return std::any_of(Services.begin(), Services.end(), [digits](TextView service) {
-        return digits.ends_with(service) ||  // "0180 5" has a digit more
+        return digits.ends_with(service) ||
+               (digits.starts_with(u'1') &&  // of North America
+                digits.substr(1).starts_with(service)) ||
+               // "0180 5" has a digit more
                (digits.size() == service.size() + 2 && digits.starts_with(u'0') &&
                 digits.substr(1).starts_with(service));
     });
 }
 
+/// So many letters at least stand for their keys; fewer are a mark.
+constexpr std::ptrdiff_t FewestLetters = 3;
+
 /// Whether the letters of a number stand for their keys: behind a service's number, or in capitals
-/// directly behind a short one.
+/// directly behind digits that leave room for them.
 bool IsGivenInLetters(TextView number) {
-    constexpr int FewestLetters = 3;
-    constexpr std::size_t MostDigits = 6;
+    constexpr std::ptrdiff_t MostDigits = 15;  // of any telephone number
     const auto* const first = std::find_if(number.begin(), number.end(), IsLetter);
     Text before;
     std::copy_if(number.begin(), first, std::back_inserter(before), IsDigit);
-    if (before.empty() || std::count_if(first, number.end(), IsLetter) < FewestLetters) {
+    const std::ptrdiff_t letters = std::count_if(first, number.end(), IsLetter);
+    if (before.empty() || letters < FewestLetters) {
         return false;
     }
     const bool isCapital = std::all_of(first, number.end(), [](char16_t character) {
@@ -70,7 +89,9 @@ bool IsGivenInLetters(TextView number) {
     });
     const char16_t behind = *std::prev(first);
     return IsService(before) ||
-           (isCapital && before.size() <= MostDigits && (IsDigit(behind) || behind == u'-'));
+           (isCapital && static_cast<std::ptrdiff_t>(before.size()) + letters <= MostDigits &&
+            std::find_if_not(first, number.end(), IsLetter) - first >= FewestLetters &&
+            (IsDigit(behind) || behind == u'-'));
 }
 
 /// "%2B" and the like of an address as the characters that they stand for.
@@ -112,7 +133,8 @@ Stripped WithoutParameters(TextView number, Text& room) {
         }
         const Text name = LowerCase(TrimBlanks(part.substr(0, equals)));
         if (equals == TextView::npos) {
-            if (std::any_of(part.begin(), part.end(), IsDialled)) {
+            if (std::none_of(part.begin(), part.end(), IsLetter) ||
+                std::any_of(part.begin(), part.end(), IsDialled)) {
                 room.append(u";").append(part);  // the mark of a pause
             }
         } else if (name == u"ext") {
@@ -162,6 +184,7 @@ class Dialling {
     Text Code;
     bool HasPlus = false;
     Text Digits;
+    bool MayGoOn = false;  ///< behind the digits, with letters that nobody can tell
 
   private:
     [[nodiscard]] char16_t At(std::size_t place) const {
@@ -244,16 +267,24 @@ class Dialling {
         const std::size_t behind = BehindBlanks(end, u" .:#=");
         const bool isExtension = !Digits.empty() && IsExtensionWord(word) && IsDigit(At(behind));
         if (TakeMarks(word, end)) {
-        } else if (!isExtension && IsGivenInLetters(number_)) {
+        } else if (!isExtension && !IsRemark(word) && IsGivenInLetters(number_)) {
             std::transform(word.begin(), word.end(), std::back_inserter(Digits), KeyOf);
             result_.LettersAsDigits = true;
         } else if (!Digits.empty()) {  // an extension follows, or another number
+            MayGoOn = !isExtension && !IsRemark(word) && IsAttached(word);
             EndHere();
             return;
         } else {
             result_.LeftOut = true;
         }
         place_ = end;
+    }
+
+    /// Whether the word may be a part of the number whose digits stand in front of it.
+    [[nodiscard]] bool IsAttached(TextView word) const {
+        const char16_t before = At(place_ - 1);
+        return static_cast<std::ptrdiff_t>(word.size()) >= FewestLetters &&
+               (IsDialled(before) || before == u'-');
     }
 
     /// Takes letters that the telephone knows between digits: pauses, "A" and the "i" of internal
@@ -303,7 +334,7 @@ DialledNumber Dialled(TextView number, TextView ownCountry) {
     while (!digits.empty() && (digits.back() == u'p' || digits.back() == u'w')) {
         digits.pop_back();
     }
-    if (std::none_of(digits.begin(), digits.end(), IsDigit)) {
+    if (dialling.MayGoOn || std::none_of(digits.begin(), digits.end(), IsDigit)) {
         return result;
     }
     if (dialling.HasPlus && !ownCountry.empty() && digits.starts_with(ownCountry)) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 
 namespace norvik {
@@ -82,6 +83,28 @@ std::string Escaped(TextView text) {
         escaped.push_back(character);
     }
     return ToUtf8(escaped);
+}
+
+/// With the pauses that other telephones know: "," takes a while, at ";" the user goes on.
+Text WithPauses(Text number) {
+    const auto isPause = [](char16_t character) { return character == u'p' || character == u'w'; };
+    const auto isDialled = [](char16_t character) {
+        return IsDigit(character) || Contains(u"*#A", {&character, 1});
+    };
+    for (auto place = number.begin(); place != number.end();) {
+        const auto end = std::find_if_not(place, number.end(), isPause);
+        if (end == place) {
+            ++place;
+            continue;
+        }
+        if (place != number.begin() && isDialled(*std::prev(place)) && end != number.end() &&
+            isDialled(*end)) {
+            std::transform(place, end, place,
+                           [](char16_t pause) { return pause == u'p' ? u',' : u';'; });
+        }
+        place = end;
+    }
+    return number;
 }
 
 /// The bytes of a line that go together: at most `width`, no character of UTF-8 torn.
@@ -209,7 +232,7 @@ std::string VCardOf(const std::vector<RegisterEntry>& entries, const Settings& s
     for (const RegisterEntry& entry : entries) {
         if (!entry.Tel.empty()) {
             AppendLine(card, "TEL" + std::string(TypeOf(SplitName(entry.Name).Bracket)) + ":" +
-                                 Escaped(InternationalNumber(entry.Tel, settings)));
+                                 Escaped(WithPauses(InternationalNumber(entry.Tel, settings))));
         }
     }
     if (const Text note = NoteOf(first); !note.empty()) {

@@ -56,6 +56,7 @@ TEST(Dialled, KeepsCodesAndPauses) {
     EXPECT_EQ(Number(u"#31#040"), u"#31#040");
     EXPECT_EQ(Number(u"040,,1;2"), u"040pp1w2");
     EXPECT_EQ(Number(u"040p1W2pp3A4"), u"040p1w2pp3A4");
+    EXPECT_EQ(Number(u"040;;1,;2;,3"), u"040ww1pw2wp3");
     EXPECT_EQ(Number(u",040,;"), u"040");
 }
 
@@ -99,6 +100,26 @@ TEST(Dialled, DialsLettersByTheirKeys) {
     EXPECT_EQ(Number(u"01805 abc"), u"01805222");
     EXPECT_EQ(Number(u"0711-ABCDEF"), u"0711222333");
     EXPECT_EQ(Number(u"0800 1234567 kostenlos"), u"08001234567");
+    EXPECT_EQ(Number(u"+1 (800) 555-CALL", u"49"), u"0018005552255");
+    EXPECT_EQ(Number(u"+1 800 555 Call", u"49"), u"0018005552255");
+    EXPECT_EQ(Number(u"+49 711 555-CALL"), u"07115552255");
+}
+
+TEST(Dialled, NeverCutsANumberAtLettersThatMayBelongToIt) {
+    for (const TextView number :
+         {u"555-call", u"0171 12345-Huber", u"0711abc", u"+49 40 12345678-ABCDEFG"}) {
+        EXPECT_EQ(Number(number), u"") << number.size();
+    }
+    // Words and marks that tell what number it is.
+    for (const TextView number :
+         {u"0171 12345-MOBIL", u"0171-12345-Fax", u"0171 12345Privat", u"0171 12345-M",
+          u"0171 12345-EG", u"0171 12345 Huber", u"0171 12345/Huber", u"0171 12345 (Huber)"}) {
+        const DialledNumber dialled = Dialled(number, u"49");
+        EXPECT_EQ(dialled.Number, u"017112345") << number.size();
+        EXPECT_TRUE(dialled.LeftOut);
+    }
+    EXPECT_EQ(Number(u"040 1800 Mobil"), u"0401800");
+    EXPECT_EQ(Number(u"0800 123 FAX"), u"0800123");
 }
 
 TEST(Dialled, NeedsADigit) {

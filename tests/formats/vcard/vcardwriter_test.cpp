@@ -98,6 +98,26 @@ TEST(VCardOf, TheEntriesOfAPersonHaveOneName) {
               "END:VCARD\r\n");
 }
 
+std::string NumberLineOf(TextView tel) {
+    const std::string card = VCardOf({Entry(u"Anna", Text(tel))}, Stuttgart());
+    const std::size_t start = card.find("TEL");
+    return card.substr(start, card.find("\r\n", start) - start);
+}
+
+TEST(VCardOf, PausesAreThoseOfOtherTelephones) {
+    EXPECT_EQ(NumberLineOf(u"0711123p1w2"), "TEL:+49711123\\,1\\;2");
+    EXPECT_EQ(NumberLineOf(u"112pp1ww2"), "TEL:112\\,\\,1\\;\\;2");
+    EXPECT_EQ(NumberLineOf(u"**61p1"), "TEL:**61\\,1");
+    EXPECT_EQ(NumberLineOf(u"i12w3"), "TEL:i12\\;3");
+    EXPECT_EQ(NumberLineOf(u"p1"), "TEL:p1");
+    EXPECT_EQ(NumberLineOf(u"11 pw"), "TEL:11 pw");
+    for (const TextView tel : {u"0711123p1w2", u"112pp1ww2", u"**61pw1", u"i12wp3", u"0043p0w0"}) {
+        const auto again = ThroughCard(Entry(u"Anna", Text(tel)), Stuttgart());
+        ASSERT_TRUE(again);
+        EXPECT_EQ(again->Tel, tel);
+    }
+}
+
 TEST(VCardOf, LongLinesAreFoldedBetweenCharacters) {
     const Text umlauts(126, u'ü');
     const std::string card = VCardOf({Entry(u"A", u"112", umlauts)}, Stuttgart());
