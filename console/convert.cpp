@@ -180,7 +180,9 @@ std::optional<ExitStatus> EndOfLoad(const ConverterOptions& options, LoadResult 
     case LoadResult::OtherKind:
         break;
     }
-    return NotRead(options.Source, u"keine " + Text(RowOf(options.From).Called));
+    return NotRead(options.Source, state.Damage.NothingToDial
+                                       ? Text(u"keine wählbare Rufnummer")
+                                       : u"keine " + Text(RowOf(options.From).Called));
 }
 
 /// Writes the register that was loaded, or says what there is to say of it.

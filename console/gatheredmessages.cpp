@@ -13,6 +13,18 @@ namespace {
 constexpr std::size_t MostCharacters = 4'000'000;
 constexpr std::size_t MostMessages = 10'000;
 
+/// Takes the first line off.
+TextView TakeLine(TextView& text) {
+    const std::size_t end = std::min(text.find(LineEnd), text.size());
+    const TextView line = text.substr(0, end);
+    text.remove_prefix(std::min(end + LineEnd.size(), text.size()));
+    return line;
+}
+
+Text Times(long long count) {
+    return u" (" + Decimal(count) + u"-mal)";
+}
+
 }  // namespace
 
 GatheredMessages::GatheredMessages(std::FILE* output, Text source)
@@ -50,10 +62,10 @@ void GatheredMessages::Print() {
     last_ = nullptr;
     size_ = 0;
     for (const Message& message : messages) {
-        Text lines = WithSource(source_, message.What);
+        Text lines = WithSource(source_, OnceEach(message.What));
         if (message.Times > 1 && lines.ends_with(LineEnd)) {
             lines.resize(lines.size() - LineEnd.size());
-            lines.append(u" (").append(Decimal(message.Times)).append(u"-mal)").append(LineEnd);
+            lines.append(Times(message.Times)).append(LineEnd);
         }
         PrintLines(output_, lines);
     }
@@ -62,12 +74,31 @@ void GatheredMessages::Print() {
 Text WithSource(TextView source, TextView text) {
     Text lines;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find(LineEnd), text.size());
-        if (end > 0) {
-            lines.append(source).append(source.empty() ? u"" : u": ");
-            lines.append(text.substr(0, end)).append(LineEnd);
+        const TextView line = TakeLine(text);
+        if (!line.empty()) {
+            lines.append(source).append(source.empty() ? u"" : u": ").append(line);
+            lines.append(LineEnd);
         }
-        text.remove_prefix(std::min(end + LineEnd.size(), text.size()));
+    }
+    return lines;
+}
+
+Text OnceEach(TextView text) {
+    std::unordered_map<TextView, long long> times;
+    for (TextView rest = text; !rest.empty();) {
+        ++times[TakeLine(rest)];
+    }
+    Text lines;
+    lines.reserve(text.size());
+    while (!text.empty()) {
+        const TextView line = TakeLine(text);
+        long long& count = times[line];
+        if (line.empty() || count == 1) {
+            lines.append(line).append(LineEnd);
+        } else if (count > 1) {
+            lines.append(line).append(Times(count)).append(LineEnd);
+            count = 0;  // the others are counted here
+        }
     }
     return lines;
 }

@@ -41,6 +41,9 @@ class GatheredMessages {
     std::size_t size_ = 0;
 };
 
+/// The lines of `text`, equal ones once, with how often they come.
+Text OnceEach(TextView text);
+
 /// The lines of `text`, each with `source` in front; empty ones fall away.
 Text WithSource(TextView source, TextView text);
 

@@ -187,7 +187,7 @@ void EnsureDifferentTargets(const std::vector<ConverterOptions>& runs) {
 
 /// An option that would change nothing is a mistake that must not pass in silence: whoever asks for
 /// the marked entries must not get all of them.
-void EnsureAllApply(const Reading& reading) {
+void EnsureAllApply(const Reading& reading, const std::vector<ConverterOptions>& runs) {
     const auto uses = [&](std::string_view name) {
         return std::find(reading.Used.begin(), reading.Used.end(), name) != reading.Used.end();
     };
@@ -198,7 +198,10 @@ void EnsureAllApply(const Reading& reading) {
     }
     for (const std::string_view name : reading.Used) {
         const OptionRow& row = *FindRow(name);
-        if (!row.Applies(reading.Options)) {
+        const bool applies = row.IsForSomeSources && reading.Options.Together
+                                 ? std::any_of(runs.begin(), runs.end(), row.Applies)
+                                 : std::all_of(runs.begin(), runs.end(), row.Applies);
+        if (!applies) {
             Fail(FromAscii(row.Name) + u" gilt nur " + Text(row.Where));
         }
     }
@@ -217,9 +220,9 @@ std::vector<ConverterOptions> ReadOptions(std::span<const std::string_view> argu
         one.Options.Source = source;
         TakeFormats(one);
         TakeFolder(one.Options);
-        EnsureAllApply(one);
         runs.push_back(std::move(one.Options));
     }
+    EnsureAllApply(reading, runs);
     if (!reading.Options.Together) {
         EnsureDifferentTargets(runs);
     }

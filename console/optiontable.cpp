@@ -189,8 +189,8 @@ constexpr std::array<OptionRow, 30> Rows = {{
     {"--nur-markierte", false, Set<&ConverterOptions::OnlyMarked>, ToReduced, u"für die Ziele 193 und simsurf"},
     {"--anfuehrungszeichen", false, Set<&ConverterOptions::Quoted>, To<FileFormat::Csv>, u"für ein Register mit dem Ziel csv"},
     {"--ausschliessen", true, TakeExclusion, To<FileFormat::Ip286>, u"für das Ziel ip286"},
-    {"--ohne-doubletten", false, Set<&ConverterOptions::AvoidDoubles>, From<FileFormat::Csv>, u"für eine QUELLE im Format csv"},
-    {"--zeichensatz", true, TakeCharset, OfCharacters, u"für eine QUELLE im Format csv oder vcard"},
+    {"--ohne-doubletten", false, Set<&ConverterOptions::AvoidDoubles>, From<FileFormat::Csv>, u"für eine QUELLE im Format csv", true},
+    {"--zeichensatz", true, TakeCharset, OfCharacters, u"für eine QUELLE im Format csv oder vcard", true},
     {"--msn", true, [](Reading& reading, std::string_view value) {
          reading.Options.Msn = TextValue(u"--msn", value);
      }, From<FileFormat::CallList>, u"für eine Anrufliste (.t9a)"},

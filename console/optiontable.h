@@ -20,6 +20,8 @@ struct OptionRow {
     void (*Take)(Reading& reading, std::string_view value);
     bool (*Applies)(const ConverterOptions& options);
     TextView Where;  ///< completes "--name gilt nur "
+    /// Of several sources that become one register it is enough that it applies to one.
+    bool IsForSomeSources = false;
 };
 
 /// The row of an option, which may have another name; null for an unknown one.

@@ -12,13 +12,23 @@ namespace norvik {
 
 namespace {
 
-/// Asks and tells as another desktop, but shows nothing of a register: the one that is read is not
-/// the one on the screen.
+/// Asks as another desktop, but shows nothing of a register: the one that is read is not the one on
+/// the screen. What only tells something is kept for one report.
 class BehindTheScreen : public Desktop {
   public:
     explicit BehindTheScreen(Desktop& screen) : screen_(screen) {}
 
-    Button Ask(const MessageBox& box) override { return screen_.Ask(box); }
+    Button Ask(const MessageBox& box) override {
+        if (box.buttons.size() > 1) {
+            return screen_.Ask(box);
+        }
+        if (last_ && !box.text.ends_with(last_->text)) {  // the new one does not repeat it
+            AppendLast();
+        }
+        last_ = box;
+        last_->ForAll = nullptr;
+        return box.defaultButton;
+    }
     std::optional<Text> AskForText(const InputBox& box) override { return screen_.AskForText(box); }
     std::optional<FilePath> AskForFileToOpen(const FileDialog& dialog) override {
         return screen_.AskForFileToOpen(dialog);
@@ -30,8 +40,42 @@ class BehindTheScreen : public Desktop {
     void SetStatus(TextView text) override { screen_.SetStatus(text); }
     void SetPointer(Pointer pointer) override { screen_.SetPointer(pointer); }
 
+    /// What has been told, as lines.
+    LongReport Report() {
+        if (last_) {
+            AppendLast();
+        }
+        return report_;
+    }
+    /// Tells it, of a file of which nothing was read.
+    void ShowReport() {
+        if (!last_) {
+            return;
+        }
+        MessageBox box = *last_;
+        if (!report_.IsEmpty()) {
+            box.text = report_.Append(box.text).Shown();
+        }
+        screen_.Ask(box);
+    }
+
   private:
+    void AppendLast() {
+        TextView text = last_->text;
+        if (text.starts_with(NothingCorrected)) {
+            text.remove_prefix(NothingCorrected.size());
+            text.remove_prefix(std::min(text.find_first_not_of(LineEnd), text.size()));
+        }
+        report_.Append(text);
+        if (!text.empty() && !text.ends_with(LineEnd)) {
+            report_.Append(LineEnd);
+        }
+        last_.reset();
+    }
+
     Desktop& screen_;
+    LongReport report_;
+    std::optional<MessageBox> last_;
 };
 
 /// The formats that can be loaded, each ending once.
@@ -131,6 +175,7 @@ void mnuDateiAdd(RegisterState& state, const Settings& settings, const CsvLoadOp
     AddedEntries added;
     if (isRead) {
         added = AddEntries(state, source, settings);
+        added.Findings = reader.Report().Append(added.Findings);
         if (!isWhole) {
             added.Findings.Append(u"Die Datei ist nicht bis zu ihrem Ende gelesen").Append(LineEnd);
         }
@@ -142,7 +187,9 @@ void mnuDateiAdd(RegisterState& state, const Settings& settings, const CsvLoadOp
     if (added.Added > 0) {
         ShowAdded(state, added, desktop);
     }
-    if (isRead && (added.Added == 0 || added.AlreadyThere > 0 || !added.Findings.IsEmpty())) {
+    if (!isRead) {
+        reader.ShowReport();
+    } else if (added.Added == 0 || added.AlreadyThere > 0 || !added.Findings.IsEmpty()) {
         desktop.Ask(ReportOf(added));
     }
     desktop.SetStatus(StatusOf(added));

@@ -39,6 +39,7 @@ struct LoadDamage {
     long long LinesPassedOver = 0;        ///< filled lines that are no entry
     std::size_t BytesBehindEnd = 0;       ///< behind the end mark, when they hold anything
     std::optional<RuntimeError> Failure;  ///< ended the load
+    bool NothingToDial = false;           ///< contacts, but no number that can be dialled
 };
 
 struct RegisterState {

@@ -47,7 +47,8 @@ void CheckRegister(RegisterState& state, Desktop& desktop) {
         return;
     }
     // A charge counter that is too high counts as corrected although it keeps its value.
-    LongReport text(u"Es wurden " + Decimal(findings) + u" Fehler korrigiert");
+    LongReport text(findings == 0 ? Text(NothingCorrected)
+                                  : u"Es wurden " + Decimal(findings) + u" Fehler korrigiert");
     text.Append(LineEnd).Append(LineEnd).Append(state.LoadReport);
     desktop.Ask({.text = text.Shown(), .title = u"Fehlerprüfung", .icon = Icon::Information});
 }

@@ -6,6 +6,9 @@
 
 namespace norvik {
 
+/// The report's first line where it tells of the load alone.
+inline constexpr TextView NothingCorrected = u"Es wurden 0 Fehler korrigiert";
+
 /// Checks every named entry of the whole table (not of the used positions only), repairs
 /// announcements above 7 and tones above 79 (both become 0), reports them and charge counters above
 /// 32768 in LoadReport, and shows the report when it is not empty.

@@ -8,18 +8,6 @@ namespace norvik {
 
 namespace {
 
-/// Whether one of the parameters says that this value is liked best.
-bool IsPreferred(const VCardProperty& property) {
-    VCardParameters parameters(property.Parameters);
-    while (const auto parameter = parameters.Next()) {
-        if (EqualsIgnoringCase(parameter->Name, "PREF") ||
-            ContainsIgnoringCase(parameter->Value, "PREF")) {
-            return true;
-        }
-    }
-    return false;
-}
-
 bool Says(const VCardAddress& address) {
     return !address.Box.Value.empty() || !address.Extension.Value.empty() ||
            !address.Street.Value.empty() || !address.City.Value.empty() ||
@@ -48,12 +36,14 @@ void Clear(VCardContact& contact) {
     for (SimplifiedText* text :
          {&contact.Family, &contact.Given, &contact.Additional, &contact.FullName,
           &contact.Nickname, &contact.Organisation, &contact.Department, &contact.Mail,
-          &contact.Label, &contact.Note}) {
+          &contact.Label, &contact.Note, &contact.PhoneticFamily, &contact.PhoneticGiven,
+          &contact.SortName}) {
         Clear(*text);
     }
     Clear(contact.Address);
     contact.Numbers.clear();
     contact.NumbersLeftOut = 0;
+    contact.NameGaveWay = false;
     contact.IsGroup = false;
     contact.IsWhole = true;
 }
@@ -190,9 +180,21 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
         break;
     case VCardName::Name:
         TakeName(value, charset, contact);
+        if (!property.Parameters.empty()) {
+            TakeSortName(property, charset, contact);
+        }
+        break;
+    case VCardName::PhoneticFamily:
+        TakeFirst(contact.PhoneticFamily, value, charset);
+        break;
+    case VCardName::PhoneticGiven:
+        TakeFirst(contact.PhoneticGiven, value, charset);
+        break;
+    case VCardName::SortName:
+        TakeFirst(contact.SortName, value, charset);
         break;
     case VCardName::FullName:
-        TakeFirst(contact.FullName, value, charset);
+        contact.NameGaveWay = TakeFirst(contact.FullName, value, charset) || contact.NameGaveWay;
         break;
     case VCardName::Nickname:
         TakeFirst(contact.Nickname, value, charset);
@@ -234,12 +236,43 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
 }
 
 void VCardReader::TakeName(std::string_view value, VCardCharset charset, VCardContact& contact) {
-    if (!contact.Family.Value.empty() || !contact.Given.Value.empty()) {
-        return;
+    const std::array<SimplifiedText*, 3> parts = {&contact.Family, &contact.Given,
+                                                  &contact.Additional};
+    if (contact.Family.Value.empty() && contact.Given.Value.empty()) {
+        TakeNameParts(value, charset, parts);
+    } else if (Strangeness(contact.Family) + Strangeness(contact.Given) > 0) {
+        auto& [family, given, additional] = otherName_;
+        TakeNameParts(value, charset, {&family, &given, &additional});
+        if (Strangeness(family) + Strangeness(given) < 0) {
+            std::swap(contact.Family, family);
+            std::swap(contact.Given, given);
+            std::swap(contact.Additional, additional);
+            contact.NameGaveWay = true;
+        }
     }
-    TakeNames(contact.Family, TakeVCardPiece(value, ';'), charset);
-    TakeNames(contact.Given, TakeVCardPiece(value, ';'), charset);
-    TakeNames(contact.Additional, TakeVCardPiece(value, ';'), charset);
+}
+
+void VCardReader::TakeNameParts(std::string_view value, VCardCharset charset,
+                                const std::array<SimplifiedText*, 3>& parts) {
+    for (SimplifiedText* part : parts) {
+        TakeNames(*part, TakeVCardPiece(value, ';'), charset);
+    }
+}
+
+/// The parameter of a name has family and given name in one text or in a list.
+void VCardReader::TakeSortName(const VCardProperty& property, VCardCharset charset,
+                               VCardContact& contact) {
+    names_.clear();
+    VCardParameters parameters(property.Parameters);
+    while (const auto parameter = parameters.Next()) {
+        std::string_view names =
+            EqualsIgnoringCase(parameter->Name, "SORT-AS") ? parameter->Value : std::string_view();
+        while (!names.empty()) {
+            names_.append(names_.empty() ? "" : ", ");
+            names_.append(TrimmedBytes(TakeVCardPiece(names, ',')));
+        }
+    }
+    TakeFirst(contact.SortName, names_, charset);
 }
 
 /// Several given names, which version 3.0 separates by commas, become one text.
@@ -283,11 +316,19 @@ void VCardReader::TakeNote(SimplifiedText& note, std::string_view value, VCardCh
     }
 }
 
-/// Takes the value unless there is one already.
-void VCardReader::TakeFirst(SimplifiedText& target, std::string_view value, VCardCharset charset) {
+/// Takes the value unless there is one already; one that can be read goes before one of another
+/// script. Gives whether such a one gave way.
+bool VCardReader::TakeFirst(SimplifiedText& target, std::string_view value, VCardCharset charset) {
     if (target.Value.empty()) {
         TakeLine(target, value, charset);
+    } else if (Strangeness(target) > 0) {
+        TakeLine(further_, value, charset);
+        if (Strangeness(further_) < 0) {
+            std::swap(target, further_);
+            return true;
+        }
     }
+    return false;
 }
 
 void VCardReader::TakeAddress(const VCardProperty& property, std::string_view value,

@@ -9,6 +9,7 @@
 #include "formats/vcard/vcardproperty.h"
 #include "formats/vcard/vcardtext.h"
 
+#include <array>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -31,8 +32,9 @@ struct VCardAddress {
     SimplifiedText Country;
 };
 
-/// A contact; what its card does not have is empty. Texts are one line each, but the note and the
-/// label, whose lines are separated by U+000A.
+/// A contact; what its card does not have is empty. Of several values of a name the first one
+/// counts that is not of another script. Texts are one line each, but the note and the label, whose
+/// lines are separated by U+000A.
 struct VCardContact {
     SimplifiedText Family;
     SimplifiedText Given;
@@ -42,11 +44,15 @@ struct VCardContact {
     SimplifiedText Organisation;
     SimplifiedText Department;
     SimplifiedText Mail;
-    VCardAddress Address;  ///< the preferred one, else the first that says anything
-    SimplifiedText Label;  ///< an address as it is written on a letter
+    SimplifiedText PhoneticFamily;  ///< as it is spoken, which other scripts do not tell
+    SimplifiedText PhoneticGiven;
+    SimplifiedText SortName;  ///< by which the contact is sorted
+    VCardAddress Address;     ///< the preferred one, else the first that says anything
+    SimplifiedText Label;     ///< an address as it is written on a letter
     SimplifiedText Note;
     std::vector<VCardNumber> Numbers;  ///< in the card's order
     long long NumbersLeftOut = 0;      ///< beyond MostVCardNumbers
+    bool NameGaveWay = false;          ///< one of another script to one that can be read
     bool IsGroup = false;              ///< stands for a list of contacts
     bool IsWhole = true;               ///< the card has an end
 };
@@ -89,11 +95,14 @@ class VCardReader {
     bool TakeEdge(VCardName edge, VCardContact& contact);
     void TakeText(VCardName what, const VCardProperty& property, VCardContact& contact);
     void TakeName(std::string_view value, VCardCharset charset, VCardContact& contact);
+    void TakeNameParts(std::string_view value, VCardCharset charset,
+                       const std::array<SimplifiedText*, 3>& parts);
+    void TakeSortName(const VCardProperty& property, VCardCharset charset, VCardContact& contact);
     void TakeNames(SimplifiedText& target, std::string_view piece, VCardCharset charset);
     void TakeLine(SimplifiedText& target, std::string_view piece, VCardCharset charset);
     void TakeLines(SimplifiedText& target, std::string_view piece, VCardCharset charset);
     void TakeNote(SimplifiedText& note, std::string_view value, VCardCharset charset);
-    void TakeFirst(SimplifiedText& target, std::string_view value, VCardCharset charset);
+    bool TakeFirst(SimplifiedText& target, std::string_view value, VCardCharset charset);
     void TakeAddress(const VCardProperty& property, std::string_view value, VCardCharset charset,
                      VCardContact& contact);
     void TakeNumber(const VCardProperty& property, std::string_view value, VCardCharset charset,
@@ -107,8 +116,9 @@ class VCardReader {
     std::string transferred_;  ///< a value that stands otherwise in the line
     std::string unescaped_;    ///< a piece of a value
     std::string names_;        ///< several names as one
-    SimplifiedText further_;   ///< a note behind others
-    VCardAddress address_;     ///< that is not the contact's
+    SimplifiedText further_;   ///< a value behind others
+    std::array<SimplifiedText, 3> otherName_;
+    VCardAddress address_;  ///< that is not the contact's
     SimplifiedText number_;
     Text roomOfNumber_;  ///< of the first number of the contact before
     Place place_ = Place::Outside;

@@ -143,8 +143,23 @@ void AssignInfo(VCardInfo& info, SimplifiedText& room, const VCardContact& conta
     info.Info.resize(RightTrim(info.Info).size());
 }
 
-/// "Nachname, Vorname", else another name; at last the first number.
-void AssignName(SimplifiedText& name, const VCardContact& contact) {
+/// Another name in place of one of another script, if one can be read; gives whether one can.
+bool ReplaceStrangeName(SimplifiedText& name, const VCardContact& contact) {
+    const SimplifiedText phonetic = Joined(contact.PhoneticFamily, u", ", contact.PhoneticGiven);
+    for (const SimplifiedText* other :
+         {&contact.FullName, &phonetic, &contact.SortName, &contact.Nickname, &contact.Organisation,
+          &contact.Department, &contact.Mail}) {
+        if (Strangeness(*other) < 0) {
+            name = *other;
+            return true;
+        }
+    }
+    return false;
+}
+
+/// "Nachname, Vorname", else another name; at last the first number. Gives whether the name that
+/// would come first is of another script and gave way.
+bool AssignName(SimplifiedText& name, const VCardContact& contact) {
     const bool hasGiven = !contact.Given.Value.empty();
     name = contact.Family;
     Append(name, u", ", hasGiven ? contact.Given : contact.Additional);
@@ -155,12 +170,15 @@ void AssignName(SimplifiedText& name, const VCardContact& contact) {
         }
         name = *other;
     }
+    const bool isOther =
+        Strangeness(name) > 0 ? ReplaceStrangeName(name, contact) : contact.NameGaveWay;
     if (name.Value.empty() && !contact.Numbers.empty()) {
         name.Value = contact.Numbers.front().Number;
         name.Replaced = false;
     } else if (Contains(name.Value, ExportMark)) {
         name.Value = WithoutExportMark(std::move(name.Value));
     }
+    return isOther;
 }
 
 /// The letter of a kind; empty for one that is not known.
@@ -239,7 +257,7 @@ void VCardEntries::Reserve() {
 }
 
 void VCardEntries::Take(const VCardContact& contact) {
-    AssignName(name_, contact);
+    const bool isOtherName = AssignName(name_, contact);
     const TextView name = name_.Value;
     if (!contact.IsWhole) {
         Note(u"Karte ohne Ende: ", name);
@@ -262,6 +280,9 @@ void VCardEntries::Take(const VCardContact& contact) {
         nameIsCut = nameIsCut || name.size() > FieldWidth - bracket.size();
         taken = true;
         AppendEntry(name, bracket, number);
+    }
+    if (taken && isOtherName) {
+        Note(u"Name in fremder Schrift, dafür: ", name);
     }
     if (nameIsCut) {
         Note(u"Name gekürzt: ", name);

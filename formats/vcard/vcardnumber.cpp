@@ -324,6 +324,11 @@ Text OwnCountryCode(const Settings& settings) {
     return digits.substr(std::min(digits.find_first_not_of(u'0'), digits.size()));
 }
 
+Text ShownNumber(TextView number) {
+    Text room;
+    return Text(TrimBlanks(WithoutAddress(number, room).Number));
+}
+
 DialledNumber Dialled(TextView number, TextView ownCountry) {
     DialledNumber result;
     Text room;

@@ -95,7 +95,7 @@ struct NameRow {
     VCardName What;
 };
 
-constexpr std::array<NameRow, 16> Names = {{
+constexpr std::array<NameRow, 19> Names = {{
     {"BEGIN", VCardName::Begin},
     {"END", VCardName::End},
     {"VERSION", VCardName::Version},
@@ -112,6 +112,9 @@ constexpr std::array<NameRow, 16> Names = {{
     {"X-ABLABEL", VCardName::GroupLabel},
     {"KIND", VCardName::Kind},
     {"X-ADDRESSBOOKSERVER-KIND", VCardName::Kind},
+    {"X-PHONETIC-LAST-NAME", VCardName::PhoneticFamily},
+    {"X-PHONETIC-FIRST-NAME", VCardName::PhoneticGiven},
+    {"SORT-STRING", VCardName::SortName},
 }};
 constexpr std::size_t LongestName = 31;
 
@@ -216,6 +219,17 @@ VCardTransfer TransferOf(const VCardParameters::Parameter& parameter) {
     const bool isBase64 = EqualsIgnoringCase(parameter.Value, "BASE64") ||
                           (EqualsIgnoringCase(parameter.Value, "B") && !parameter.Name.empty());
     return isBase64 ? VCardTransfer::Base64 : VCardTransfer::Plain;
+}
+
+bool IsPreferred(const VCardProperty& property) {
+    VCardParameters parameters(property.Parameters);
+    while (const auto parameter = parameters.Next()) {
+        if (EqualsIgnoringCase(parameter->Name, "PREF") ||
+            ContainsIgnoringCase(parameter->Value, "PREF")) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::string_view TransferredBytes(std::string_view value, VCardTransfer transfer,

@@ -37,6 +37,9 @@ enum class VCardName {
     Number,
     GroupLabel,
     Kind,
+    PhoneticFamily,
+    PhoneticGiven,
+    SortName,
 };
 
 /// In any case of letters; nothing for another property.
@@ -65,6 +68,9 @@ enum class VCardTransfer { Plain, QuotedPrintable, Base64 };
 VCardTransfer TransferOf(const VCardProperty& property);
 /// What one parameter alone tells of that.
 VCardTransfer TransferOf(const VCardParameters::Parameter& parameter);
+
+/// Whether one of the parameters says that this value is liked best.
+bool IsPreferred(const VCardProperty& property);
 
 /// The value's bytes as they were; those of a damaged value as far as they can be told. They stand
 /// in the value itself or in `room`.

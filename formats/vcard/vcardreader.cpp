@@ -68,6 +68,7 @@ bool LoadVCard(RegisterState& state, Source source, const Settings& settings, De
         if (read.Failure) {
             throw RuntimeError(*read.Failure);
         }
+        state.Damage.NothingToDial = read.Contacts > 0;
         ReportNothing(read, desktop);
         return false;
     }

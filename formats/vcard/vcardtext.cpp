@@ -251,6 +251,15 @@ SimplifiedText VCardLine(std::string_view bytes, VCardCharset charset) {
     return text;
 }
 
+int Strangeness(const SimplifiedText& text) {
+    int strange = 0;
+    for (const char16_t character : text.Value) {
+        const bool isLetter = LowerCase(character) != UpperCase(character) || character == u'ß';
+        strange += character == u'?' && text.Replaced ? 1 : isLetter ? -1 : 0;
+    }
+    return strange;
+}
+
 SimplifiedText VCardNumberText(std::string_view bytes, VCardCharset charset) {
     if (IsAscii(bytes)) {
         return VCardLine(bytes, charset);

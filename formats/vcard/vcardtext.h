@@ -32,6 +32,10 @@ bool AssignUsualVCardText(SimplifiedText& text, std::string_view bytes, VCardCha
 SimplifiedText VCardLine(std::string_view bytes, VCardCharset charset);
 void AssignVCardLine(SimplifiedText& text, std::string_view bytes, VCardCharset charset);
 
+/// How many more of the text's characters became "?" than are letters. Above 0 it is of another
+/// script and tells nobody anything.
+int Strangeness(const SimplifiedText& text);
+
 /// A telephone number: digits, blanks and dashes of any script become those of ASCII.
 SimplifiedText VCardNumberText(std::string_view bytes, VCardCharset charset);
 

@@ -45,6 +45,16 @@ TEST(GatheredMessages, AreNoMoreThanCanBeHeld) {
     EXPECT_EQ(stream.Content(), expected + std::string(20, 'z') + "\n");
 }
 
+TEST(OnceEach, CountsEqualLines) {
+    EXPECT_EQ(OnceEach(u"a\r\n\r\nb\r\na\r\n\r\na"), u"a (3-mal)\r\n\r\nb\r\n\r\n");
+    EXPECT_EQ(OnceEach(u""), u"");
+    const CapturedStream stream;
+    GatheredMessages messages(stream.File(), u"a.csv");
+    messages.Add(u"Doublette entfernt: A\r\nDoublette entfernt: A\r\n");
+    messages.Print();
+    EXPECT_EQ(stream.Content(), "a.csv: Doublette entfernt: A (2-mal)\n");
+}
+
 TEST(WithSource, StandsInFrontOfEachFilledLine) {
     EXPECT_EQ(WithSource(u"a", u"eins\r\n\r\nzwei"), u"a: eins\r\na: zwei\r\n");
     EXPECT_EQ(WithSource(u"", u"eins"), u"eins\r\n");

@@ -38,6 +38,18 @@ TEST_F(ConverterProgram, ASourceOfAnotherKindLeavesNothing) {
     EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.pbo"));
 }
 
+TEST_F(ConverterProgram, AVCardWithoutANumberToDialIsCalledSo) {
+    folder.Write("a.vcf", "BEGIN:VCARD\r\nFN:Anna\r\nTEL:unbekannt\r\nEND:VCARD\r\n");
+    const Outcome outcome = Run({"a.vcf", "neu.csv"});
+    EXPECT_EQ(outcome.Status, 3);
+    EXPECT_EQ(outcome.Errors, "a.vcf: In dieser vCard-Datei steht keine wählbare Rufnummer!\n"
+                              "a.vcf: Nicht wählbar: Anna: unbekannt\n" +
+                                  Own + "\"a.vcf\" nicht gelesen: keine wählbare Rufnummer\n");
+    folder.Write("b.vcf", "Brief\r\n");
+    EXPECT_EQ(Run({"b.vcf", "neu.csv"}).Errors, "b.vcf: Dies ist keine vCard-Datei!\n" + Own +
+                                                    "\"b.vcf\" nicht gelesen: keine vCard-Datei\n");
+}
+
 TEST_F(ConverterProgram, AnExistingTargetIsReplacedOnlyOnRequest) {
     folder.Write("a.t9t", Example195());
     folder.Write("b.pbo", "alt");

@@ -46,6 +46,19 @@ TEST_F(Together, UnsortedTheyFollowEachOther) {
               "\"Zita\",\"**12\",\"1\"\r\n\"Boe\",\"0301\",\"1\"\r\n");
 }
 
+TEST_F(Together, OptionsOfTextFilesApplyToThoseAmongTheSources) {
+    folder.Write("c.csv", "Name;Tel\r\nM\xC3\xBC;3\r\nM\xC3\xBC;3\r\n");
+    folder.Write("d.vcf", "BEGIN:VCARD\r\nFN:N\xC3\xBC\r\nTEL:4\r\nEND:VCARD\r\n");
+    const Outcome outcome = Run({"a.t9t", "c.csv", "d.vcf", "--zeichensatz=windows-1252",
+                                 "--ohne-doubletten", "--zusammen", "alles.csv"});
+    EXPECT_EQ(outcome.Status, 1);
+    EXPECT_EQ(StringOf(ReadFile(folder / "alles.csv")).find("M\xFC"), std::string::npos);
+    EXPECT_NE(StringOf(ReadFile(folder / "alles.csv")).find("M\xC3\xBC;3"), std::string::npos);
+    EXPECT_NE(StringOf(ReadFile(folder / "alles.csv")).find("N\xC3\xBC;4"), std::string::npos);
+    EXPECT_EQ(Run({"a.t9t", "--zeichensatz=utf-8", "--zusammen", "x.csv"}).Errors,
+              Own + "--zeichensatz gilt nur für eine QUELLE im Format csv oder vcard\n");
+}
+
 TEST_F(Together, NothingToSayIsStatusZero) {
     folder.Write("c.csv", "Name;Tel\r\nCarl;3\r\n");
     const Outcome outcome = Run({"a.t9t", "c.csv", "--zusammen", "alles.t9t"});

@@ -53,6 +53,31 @@ TEST_F(VCardEntriesTest, ANumberGivesAnEntry) {
     EXPECT_TRUE(entries.Report.IsEmpty());
 }
 
+TEST_F(VCardEntriesTest, ANameInAnotherScriptGivesWayToOneThatCanBeRead) {
+    const std::string strange = "N:\xE7\x8E\x8B;\xE5\x8A\x9B\nFN:\xE7\x8E\x8B\xE5\x8A\x9B\n";
+    Take(strange + "N;ALTID=1:Wang;Li\nTEL:1");
+    Take(strange + "FN;LANGUAGE=en:Li Wang\nTEL:1");
+    Take(strange + "X-PHONETIC-FIRST-NAME:Li\nX-PHONETIC-LAST-NAME:Wang\nNICKNAME:x\nTEL:1");
+    Take("N;SORT-AS=\"Wang,Li\":\xE7\x8E\x8B;\xE5\x8A\x9B\nNICKNAME:x\nTEL:1");
+    Take("N;SORT-AS=Wang,Li:\xE7\x8E\x8B;\xE5\x8A\x9B\nTEL:1");
+    Take(strange + "SORT-STRING:Wang\nTEL:1");
+    Take(strange + "ORG:ACME\nNICKNAME:\xE5\x8A\x9B\nNICKNAME:Lili\nTEL:1");
+    Take(strange + "ORG:ACME\nTEL:1");
+    Take(strange + "EMAIL:li@example.org\nTEL:1");
+    Take(strange + "ORG:\xE7\x8E\x8B\nTEL:1");
+    Take("N:M\xC3\xBCller \xE2\x9D\xA4;\nNICKNAME:Mia\nTEL:1");  // a heart
+    EXPECT_THAT(Names(),
+                ElementsAre(u"Wang, Li", u"Li Wang", u"Wang, Li", u"Wang, Li", u"Wang, Li", u"Wang",
+                            u"Lili", u"ACME", u"li@example.org", u"?, ?", u"Müller ?"));
+    const auto instead = [](const Text& name) {
+        return u"Name in fremder Schrift, dafür: " + name + u"\r\n";
+    };
+    EXPECT_EQ(entries.Report, instead(u"Wang, Li") + instead(u"Li Wang") + instead(u"Wang, Li") +
+                                  instead(u"Wang, Li") + instead(u"Wang, Li") + instead(u"Wang") +
+                                  instead(u"Lili") + instead(u"ACME") + instead(u"li@example.org") +
+                                  u"Zeichen ersetzt: ?, ?\r\nZeichen ersetzt: Müller ?\r\n");
+}
+
 TEST_F(VCardEntriesTest, TheNameIsTheFirstThatSaysAnything) {
     Take("N:Alt;;\nFN:x\nTEL:1");
     Take("N:;Anna;\nFN:x\nTEL:1");
