@@ -1,8 +1,8 @@
 // Any bytes as a vCard file, in blocks of any size; with and without an own
 // country, with and without a character set told.
 // Sources: formats/vcard/vcardlines.cpp formats/vcard/vcardproperty.cpp formats/vcard/vcardtext.cpp
-// formats/vcard/vcardkind.cpp formats/vcard/vcardcontact.cpp formats/vcard/vcardnumber.cpp
-// formats/vcard/vcardentries.cpp formats/vcard/vcardreader.cpp
+// Sources: formats/vcard/vcardkind.cpp formats/vcard/vcardcontact.cpp formats/vcard/vcardnumber.cpp
+// Sources: formats/vcard/vcardentries.cpp formats/vcard/vcardreader.cpp
 #include "formats/vcard/vcard.h"
 #include "formats/vcard/vcardentries.h"
 #include "register/register.h"
