@@ -92,7 +92,8 @@ class Sequence {
     void Perform(const Act& act, bool faulty);
     void Follow(const EntrySet& before, bool loaded);
     void FollowDestroyed();
-    /// In a register or a file.
+    /// In a register, a version or a file of the user's. A process's own file holds what its
+    /// register holds, or what is out of date.
     [[nodiscard]] EntrySet Lasting();
     [[nodiscard]] EntrySet Standing();
     void Check(const char* when);
@@ -358,7 +359,7 @@ void Sequence::FollowDestroyed() {
 }
 
 EntrySet Sequence::Lasting() {
-    EntrySet lasting = reader_.EntriesBelow(folder_.Path());
+    EntrySet lasting = reader_.EntriesBelow(folder_.Path(), "sitzung-");
     for (const Running& program : running_) {
         lasting.merge(EntriesOf(program.Prog.State));
     }
@@ -367,6 +368,7 @@ EntrySet Sequence::Lasting() {
 
 EntrySet Sequence::Standing() {
     EntrySet standing = Lasting();
+    standing.merge(reader_.EntriesBelow(folder_.Path()));
     for (const Running& program : running_) {
         standing.merge(UndoableEntries(program.Prog.State, program.Prog.Past));
     }

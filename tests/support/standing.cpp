@@ -96,10 +96,11 @@ const EntrySet& FileReader::EntriesIn(const FilePath& file) {
     return found->second;
 }
 
-EntrySet FileReader::EntriesBelow(const FilePath& folder) {
+EntrySet FileReader::EntriesBelow(const FilePath& folder, std::string_view but) {
     EntrySet entries;
     for (const auto& file : fs::recursive_directory_iterator(folder)) {
-        if (file.is_regular_file()) {
+        const std::string name = file.path().filename().string();
+        if (file.is_regular_file() && (but.empty() || !name.starts_with(but))) {
             entries.merge(EntrySet(EntriesIn(file.path())));
         }
     }

@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace norvik::test {
 
@@ -25,8 +26,8 @@ class FileReader {
   public:
     /// The entries that a load of the file can show, also of a damaged one that it reports.
     const EntrySet& EntriesIn(const FilePath& file);
-    /// Those of all files in a folder and in its folders.
-    EntrySet EntriesBelow(const FilePath& folder);
+    /// Those of all files in a folder and in its folders, but for names that begin with `but`.
+    EntrySet EntriesBelow(const FilePath& folder, std::string_view but = {});
 
   private:
     std::map<std::uint64_t, EntrySet> read_;
