@@ -1,5 +1,6 @@
 // Constructing, showing and starting the main window, without a start file and with one, against an
-// empty QMainWindow, both shown and painted once.
+// empty QMainWindow, both shown and painted once; and a load in a window that stands, which keeps
+// what was there, against the same in one that keeps nothing.
 #include "benchmarks/ratios.h"
 #include "benchmarks/registers.h"
 #include "formats/registerfile/registerfile.h"
@@ -10,6 +11,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QCheckBox>
 
 #include <fstream>
 
@@ -62,6 +64,36 @@ void WindowStartUp_Baseline(benchmark::State& run) {
     }
 }
 BENCHMARK(WindowStartUp_Baseline)->Apply(StartFileCounts);
+
+/// Loads a register that no file holds any longer, time and again.
+void Load(benchmark::State& run, const FilePath& versionFolder) {
+    const FilePath folder = BenchmarkFolder();
+    const FilePath file = StartFile(folder, run);
+    MainWindow window(
+        folder, [] {}, {}, versionFolder);
+    window.show();
+    window.Start(QString(), file);
+    auto* const mark = window.findChild<QCheckBox*>(QStringLiteral("chkExport"));
+    for (auto _ : run) {
+        run.PauseTiming();
+        mark->click();
+        QApplication::processEvents();
+        run.ResumeTiming();
+        window.Start(QString(), file);
+        QApplication::processEvents();
+    }
+}
+
+void WindowLoad(benchmark::State& run) {
+    Load(run, BenchmarkFolder() / "staende");
+    std::filesystem::remove_all(BenchmarkFolder() / "staende");
+}
+BENCHMARK(WindowLoad)->Apply(EntryCounts);
+
+void WindowLoad_Baseline(benchmark::State& run) {
+    Load(run, {});
+}
+BENCHMARK(WindowLoad_Baseline)->Apply(EntryCounts);
 
 }  // namespace
 
