@@ -201,7 +201,7 @@ ExitStatus Deliver(const ConverterOptions& options, const Settings& settings, Re
         return WriteTarget(options, settings, state, target, desktop);
     };
     const auto report = [&](const RuntimeError& error) {
-        ReportWriteError(options.To.value(), error, desktop);
+        ReportWriteError(options, error, desktop);
     };
     const ExitStatus written = WriteOrSay(options, write, report, desktop);
     return StatusOf(written, reported || desktop.Findings() > 0);

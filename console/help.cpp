@@ -1,6 +1,7 @@
 #include "console/help.h"
 
 #include "console/messages.h"
+#include "console/options.h"
 #include "formats/formattable.h"
 
 #include <algorithm>
@@ -21,10 +22,13 @@ constexpr TextView Calls = uR"(Aufruf: norvik-konverter [Optionen] QUELLE ZIEL
 
 )";
 
-constexpr TextView OtherOptions = uR"(  --nur-markierte       nur markierte Einträge (193, simsurf)
+constexpr TextView OtherOptions =
+    uR"(  --nur-markierte       nur markierte Einträge (193, simsurf, pdf)
   --anfuehrungszeichen  alle Werte in Anführungszeichen (csv)
   --ausschliessen TEXT  ohne die Einträge, deren Nummer TEXT enthält (ip286);
                         mehrfach möglich
+  --spalten ZAHL        1, 2 oder 3 Spalten auf einer Seite (pdf); sonst 2
+  --papier NAME         a4 oder a5 (pdf); sonst a4
   --ohne-doubletten     Zeilen auslassen, die der vorigen gleichen (QUELLE csv)
   --zeichensatz NAME    Zeichensatz (QUELLE csv; vcard, wo keiner genannt ist):
                         utf-8, windows-1252 oder auto, dann aus der Datei
@@ -98,16 +102,6 @@ std::vector<Text> SourceEndings() {
     return endings;
 }
 
-std::vector<Text> TargetEndings() {
-    std::vector<Text> endings;
-    for (const FormatRow& row : FormatTable()) {
-        if (TargetOfEnding(FilePath(row.Ending)) == row.Format) {
-            endings.push_back(FromAscii(row.Ending));
-        }
-    }
-    return endings;
-}
-
 /// The words of `text` in lines that fit behind `start`; further lines begin below its end.
 Text Folded(TextView start, TextView text) {
     Text folded(start);
@@ -147,7 +141,7 @@ Text Help() {
     help.append(
         Folded(OptionColumn(u"--von FORMAT"), u"Format der QUELLE: " + Enumerated(SourceNames())));
     help.append(Folded(OptionColumn(u"--nach FORMAT"),
-                       u"Format des ZIELs: " + Enumerated(TargetNames()) +
+                       u"Format des ZIELs: " + Enumerated(TargetWords()) +
                            u"; ein ZIEL .t9t wird ohne --nach eine 195-Datei, aus "
                            u"einer 193-Datei eine 193-Datei"));
     return help.append(OtherOptions);

@@ -5,6 +5,7 @@
 #include "console/nearest.h"
 #include "console/optiontable.h"
 #include "console/printable.h"
+#include "paper/pdf.h"
 
 #include <algorithm>
 #include <array>
@@ -135,6 +136,10 @@ std::vector<FilePath> TakeFiles(Reading& reading) {
          u" nennt es");
 }
 
+bool IsPdf(const FilePath& path) {
+    return LowerCase(TextFromPath(path.filename())).ends_with(FromAscii(PdfEnding));
+}
+
 /// What the options say comes before the ending.
 void TakeFormats(Reading& reading) {
     ConverterOptions& options = reading.Options;
@@ -145,16 +150,23 @@ void TakeFormats(Reading& reading) {
     }
     options.From = *from;
     const bool hasTarget = options.What == Task::Convert;
-    options.To = reading.To || !hasTarget ? reading.To : TargetOfEnding(options.Target);
+    const bool byEnding = hasTarget && !reading.To && !reading.ToPaper;
+    options.OnPaper = reading.ToPaper || (byEnding && IsPdf(options.Target));
+    options.To = byEnding ? TargetOfEnding(options.Target) : reading.To;
     if (options.From == FileFormat::CallList) {
         const bool known =
             options.To || options.Target == FilePath(StandardStream) || IsFolder(options.Target);
-        if (hasTarget && (!known || options.To.value_or(FileFormat::Csv) != FileFormat::Csv)) {
+        const bool isOther =
+            options.OnPaper || options.To.value_or(FileFormat::Csv) != FileFormat::Csv;
+        if (hasTarget && (!known || isOther)) {
             Fail(u"eine Anrufliste (.t9a) gibt nur eine CSV-Datei");
         }
         options.To.reset();
-    } else if (hasTarget && !options.To) {
+    } else if (hasTarget && !options.To && !options.OnPaper) {
         FailWithoutFormat(options.Target, u"--nach");
+    }
+    if (options.OnPaper && options.Losses) {
+        Fail(u"--verluste gilt nicht für das Ziel pdf");
     }
     options.KeepsModel = hasTarget && !reading.To && options.To == FileFormat::Register195;
 }
@@ -167,7 +179,8 @@ void TakeFolder(ConverterOptions& options) {
     if (options.Source == FilePath(StandardStream)) {
         Fail(u"- hat keinen Namen für eine Datei im Ordner " + PrintablePath(options.Target));
     }
-    const std::string_view ending = RowOf(options.To.value_or(FileFormat::Csv)).Ending;
+    const std::string_view ending =
+        options.OnPaper ? PdfEnding : RowOf(options.To.value_or(FileFormat::Csv)).Ending;
     FilePath name = options.Source.filename().stem();
     name += std::string(ending);
     options.Target /= name;
@@ -227,6 +240,23 @@ std::vector<ConverterOptions> ReadOptions(std::span<const std::string_view> argu
         EnsureDifferentTargets(runs);
     }
     return runs;
+}
+
+std::vector<std::string_view> TargetWords() {
+    std::vector<std::string_view> words = TargetNames();
+    words.push_back(PdfWord);
+    return words;
+}
+
+std::vector<std::string_view> TargetEndings() {
+    std::vector<std::string_view> endings;
+    for (const FormatRow& row : FormatTable()) {
+        if (TargetOfEnding(FilePath(row.Ending)) == row.Format) {
+            endings.push_back(row.Ending);
+        }
+    }
+    endings.push_back(PdfEnding);
+    return endings;
 }
 
 }  // namespace norvik

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "dialogs/mobileexportfields.h"
 #include "formats/formattable.h"
+#include "paper/phonelist.h"
 
 #include <optional>
 #include <span>
@@ -28,9 +29,11 @@ struct ConverterOptions {
     FilePath Source = {};
     FilePath Target = {};  ///< empty when there is none
     FileFormat From = FileFormat::Register195;
-    /// Nothing for the file that a call list gives, and where the losses in every format are
-    /// wanted.
+    /// Nothing for the file that a call list gives, for the phone list on paper, and where the
+    /// losses in every format are wanted.
     std::optional<FileFormat> To = {};
+    /// The target is a PDF file of the phone list.
+    bool OnPaper = false;
     /// "--zusammen": the target holds this source and all others. The first one is the register to
     /// which the others are added.
     bool Together = false;
@@ -52,6 +55,7 @@ struct ConverterOptions {
     Text Msn = u"0";                          ///< "--msn"; the window's boxes begin with the same
     /// As ConvertLineAccessZero takes it: "0" for "--null-hinzu", else the code of "--null-weg".
     std::optional<Text> ZeroCode = {};
+    PhoneListOptions List = {};            ///< "--spalten", "--papier"
     FilePath SettingsFile = {};            ///< "--ini"; empty when there is none
     std::optional<double> UnitPrice = {};  ///< "--preis"
     /// The options of the mobile export, which are named as their settings.
@@ -67,6 +71,10 @@ struct UsageError {
 /// source; those of sources that go together are one. Throws UsageError. After "--hilfe" or
 /// "--version" nothing more is looked at.
 std::vector<ConverterOptions> ReadOptions(std::span<const std::string_view> arguments);
+
+/// The words of all targets, and their endings.
+std::vector<std::string_view> TargetWords();
+std::vector<std::string_view> TargetEndings();
 
 /// The names of all options that begin with two dashes.
 std::vector<std::string_view> OptionNames();

@@ -6,6 +6,7 @@
 #include "console/nearest.h"
 #include "console/printable.h"
 #include "formats/common/globalize.h"
+#include "paper/pdf.h"
 
 #include <algorithm>
 #include <array>
@@ -55,6 +56,30 @@ FileFormat FormatValue(TextView option, std::string_view value, std::optional<Fi
         FailUnknown(Text(option) + u": unbekanntes Format", value, names);
     }
     return *format;
+}
+
+void TakeTarget(Reading& reading, std::string_view value) {
+    reading.ToPaper = value == PdfWord;
+    reading.To =
+        reading.ToPaper
+            ? std::nullopt
+            : std::optional(FormatValue(u"--nach", value, TargetOfName(value), TargetWords()));
+}
+
+void TakeColumns(Reading& reading, std::string_view value) {
+    const bool isOne = value.size() == 1 && value[0] >= '1' && value[0] <= '0' + MostListColumns;
+    if (!isOne) {
+        Fail(u"--spalten: " + ShownArgument(value) + u" ist keine Zahl von 1 bis 3");
+    }
+    reading.Options.List.Columns = value[0] - '0';
+}
+
+void TakePaper(Reading& reading, std::string_view value) {
+    constexpr std::array<std::string_view, 2> Names = {"a4", "a5"};
+    if (value != Names[0] && value != Names[1]) {
+        FailUnknown(u"--papier: unbekanntes Papier", value, Names);
+    }
+    reading.Options.List.Paper = value == Names[0] ? PaperA4 : PaperA5;
 }
 
 /// In the order of `Charset`.
@@ -158,8 +183,12 @@ bool To(const ConverterOptions& options) {
 }
 
 bool ToReduced(const ConverterOptions& options) {
-    return OfRegister(options) &&
-           (ToAny(options) || (options.To && RowOf(*options.To).CanLeaveOutUnmarked));
+    return OfRegister(options) && (ToAny(options) || options.OnPaper ||
+                                   (options.To && RowOf(*options.To).CanLeaveOutUnmarked));
+}
+
+bool ToPaper(const ConverterOptions& options) {
+    return OfRegister(options) && options.OnPaper;
 }
 
 bool ToFormat(const ConverterOptions& options) {
@@ -176,19 +205,20 @@ bool ToFile(const ConverterOptions& options) {
 }
 
 constexpr TextView ForRegisters = u"für ein Register als QUELLE";
+constexpr TextView ForPaper = u"für das Ziel pdf";
 constexpr TextView ForMobileExport = u"für das Ziel simsurf";
 
 // clang-format off
-constexpr std::array<OptionRow, 30> Rows = {{
+constexpr std::array<OptionRow, 32> Rows = {{
     {"--von", true, [](Reading& reading, std::string_view value) {
          reading.From = FormatValue(u"--von", value, SourceOfName(value), SourceNames());
      }, Anywhere, u""},
-    {"--nach", true, [](Reading& reading, std::string_view value) {
-         reading.To = FormatValue(u"--nach", value, TargetOfName(value), TargetNames());
-     }, ToFormat, u"mit einem ZIEL oder mit --verluste"},
-    {"--nur-markierte", false, Set<&ConverterOptions::OnlyMarked>, ToReduced, u"für die Ziele 193 und simsurf"},
+    {"--nach", true, TakeTarget, ToFormat, u"mit einem ZIEL oder mit --verluste"},
+    {"--nur-markierte", false, Set<&ConverterOptions::OnlyMarked>, ToReduced, u"für die Ziele 193, simsurf und pdf"},
     {"--anfuehrungszeichen", false, Set<&ConverterOptions::Quoted>, To<FileFormat::Csv>, u"für ein Register mit dem Ziel csv"},
     {"--ausschliessen", true, TakeExclusion, To<FileFormat::Ip286>, u"für das Ziel ip286"},
+    {"--spalten", true, TakeColumns, ToPaper, ForPaper},
+    {"--papier", true, TakePaper, ToPaper, ForPaper},
     {"--ohne-doubletten", false, Set<&ConverterOptions::AvoidDoubles>, From<FileFormat::Csv>, u"für eine QUELLE im Format csv", true},
     {"--zeichensatz", true, TakeCharset, OfCharacters, u"für eine QUELLE im Format csv oder vcard", true},
     {"--msn", true, [](Reading& reading, std::string_view value) {

@@ -10,6 +10,7 @@ struct Reading {
     ConverterOptions Options = {};
     std::optional<FileFormat> From = {};
     std::optional<FileFormat> To = {};
+    bool ToPaper = false;
     std::vector<FilePath> Files = {};
     std::vector<std::string_view> Used = {};  ///< the names of the options that occurred
 };

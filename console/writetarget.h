@@ -22,8 +22,8 @@ TargetOptions TargetOptionsOf(const ConverterOptions& options, const Settings& s
 bool WriteTarget(const ConverterOptions& options, const Settings& settings, RegisterState& state,
                  const OutputTarget& target, Desktop& desktop);
 
-/// Shows what the window shows in a box when writing in this format fails; nothing where it passes
+/// Shows what the window shows in a box when writing this target fails; nothing where it passes
 /// over the failure.
-void ReportWriteError(FileFormat format, const RuntimeError& error, Desktop& desktop);
+void ReportWriteError(const ConverterOptions& options, const RuntimeError& error, Desktop& desktop);
 
 }  // namespace norvik

@@ -30,6 +30,8 @@ class Windows {
     /// Shows the window of the doubled numbers beside the main window, or brings it to the front.
     virtual void ShowDoubles() = 0;
     virtual void CloseDoubles() = 0;
+    /// Shows the phone list's dialog and returns when it is closed.
+    virtual void ShowPhoneList() = 0;
 
     /// Opens a document with the program that the desktop has for it. Gives 33 when it was handed
     /// over, 2 when there is no such document, 31 when no program opens it.

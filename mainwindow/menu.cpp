@@ -13,6 +13,7 @@
 #include "formats/vcard/vcardmenu.h"
 #include "mainwindow/doubleswindow.h"
 #include "mainwindow/handlers.h"
+#include "mainwindow/phonelistwindow.h"
 #include "mainwindow/registerlistwindow.h"
 #include "mainwindow/undo.h"
 #include "mainwindow/versionswindow.h"
@@ -90,7 +91,9 @@ constexpr MenuRow Rows[] = {
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren...", "", 3, false, Run<mnuDateiConvCallListCSV>},
     {"mnuDatei", u"&Datei", "mnuDateiLoadSync",  u"S&yncDatei laden",                   "",       4, false, Run<mnuDateiLoadSync>},
     {"mnuDatei", u"&Datei", "mnuDateiVersions",  u"&Frühere Stände...",                  "",       5, false, Run<mnuDateiVersions>, nullptr, {}, VersionsCaption},
-    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "Ctrl+Q", 6, false, Run<mnuDateiBeenden>},
+    {"mnuDatei", u"&Datei", "mnuDateiPrint",     u"Dr&ucken...",                         "Ctrl+P", 6, false, Run<mnuDateiPrint>},
+    {"mnuDatei", u"&Datei", "mnuDateiSavePdf",   u"Als &PDF speichern...",               "",       6, false, Run<mnuDateiSavePdf>},
+    {"mnuDatei", u"&Datei", "mnuDateiBeenden",   u"&Beenden",                            "Ctrl+Q", 7, false, Run<mnuDateiBeenden>},
 
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen...", "", 1, false, Run<mnuBearbeitenNullHinzu>, nullptr, u"Null hinzufügen (# Einträge)"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf",  u"Null zur Amtholung &entfernen...",  "", 1, false, Run<mnuBearbeitenNullEntf>, nullptr, u"Null entfernen (# Einträge)"},

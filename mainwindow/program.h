@@ -7,6 +7,7 @@
 #include "mainwindow/fields.h"
 #include "mainwindow/history.h"
 #include "mainwindow/recentfiles.h"
+#include "paper/phonelist.h"
 #include "register/register.h"
 #include "register/settings.h"
 #include "registertools/fillregisterlist.h"
@@ -78,6 +79,14 @@ struct DoublesFields {
     unsigned Generation = 0;  ///< of the register that the rows show
 };
 
+/// The phone list's dialog.
+struct PhoneListFields {
+    bool AsPdf = false;       ///< it saves a PDF file in place of printing
+    PhoneListOptions Chosen;  ///< stays for the next time
+    /// How many entries there are of each kind of ListedEntries; one without any cannot be chosen.
+    std::array<int, 3> Counts = {};
+};
+
 struct Program {
     /// Where "norvik.ini" and the optional companion files lie.
     FilePath Folder;
@@ -96,6 +105,7 @@ struct Program {
     DoublesFields Doubles;
     RecentFiles Recent;
     FilePath SavedTo;  ///< the file that the last operation wrote; empty where it wrote none
+    PhoneListFields PhoneList;
     /// Where the help documents are installed; those in Folder come first.
     FilePath DocumentFolder;
 };

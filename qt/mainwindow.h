@@ -11,6 +11,9 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <optional>
+
+class QPrinter;
 
 class QMenu;
 
@@ -65,6 +68,8 @@ class MainWindow : public QMainWindow {
     void CloseVersions();
     void ShowDoubles();
     void CloseDoubles();
+    /// Shows the phone list's dialog until it is closed.
+    void RunPhoneList();
     Text KeepReplacedFile(const FilePath& file);
     Text KeepOverwrittenFile(const FilePath& file);
     [[nodiscard]] const FilePath& VersionFolder() const { return program_.Keep.Folder; }
@@ -110,6 +115,11 @@ class MainWindow : public QMainWindow {
     void DrawSaveShortcut() const;
     void DrawSaveChange() const;
     void SelectListRow() const;
+
+    /// Gives how many pages the printer took, nothing when it takes none.
+    std::optional<int> PrintPages(QPrinter& printer);
+    bool PrintPhoneList(QWidget& parent);
+    void PreviewPhoneList(QWidget& parent);
 
     Program program_;
     ScreenDesktop desktop_;

@@ -260,6 +260,10 @@ void ScreenDesktop::CloseDoubles() {
     window_.CloseDoubles();
 }
 
+void ScreenDesktop::ShowPhoneList() {
+    window_.RunPhoneList();
+}
+
 int ScreenDesktop::OpenDocument(const FilePath& document) {
     // The numbers of the shell that the status line has always shown.
     constexpr int NotFound = 2;

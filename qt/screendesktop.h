@@ -43,6 +43,7 @@ class ScreenDesktop : public Desktop, public Windows {
     void CloseVersions() override;
     void ShowDoubles() override;
     void CloseDoubles() override;
+    void ShowPhoneList() override;
     int OpenDocument(const FilePath& document) override;
     void OpenInTextEditor(const FilePath& document) override;
 

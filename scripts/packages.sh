@@ -37,7 +37,8 @@ SAY
 }
 
 # What it takes to build and start the editor.
-EDITOR_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
+EDITOR_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-translations-l10n libhpdf-dev
+    fonts-dejavu-core)
 # To make a Debian package of it: cpack finds its dependencies with these.
 PACKAGE_PACKAGES=(dpkg-dev file gzip)
 # To show it where there is no display.
@@ -46,9 +47,9 @@ SCREEN_PACKAGES=(xvfb xdotool imagemagick)
 SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick)
 # To build and run the tests.
 TEST_PACKAGES=(clang libclang-rt-14-dev lld ccache libgtest-dev libgmock-dev python3 python3-phonenumbers
-    at-spi2-core dbus-daemon python3-pyatspi xvfb)
+    at-spi2-core dbus-daemon poppler-utils python3-pyatspi xvfb)
 # For the linters, the benchmarks and the fuzzers.
 LINT_PACKAGES=(clang-format clang-tidy git hunspell hunspell-de-de hunspell-en-us python3 shellcheck)
 BENCHMARK_PACKAGES=(libbenchmark-dev python3 abook)
 COVERAGE_PACKAGES=(gcovr)
-FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm-14)
+FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm-14 libhpdf-dev)

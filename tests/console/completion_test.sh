@@ -48,6 +48,9 @@ expect 'gebuehren' --nach ge
 expect 'auto|utf-8|windows-1252' --zeichensatz ''
 expect 'utf-8' --zeichensatz = u
 expect 'simsurf' --nach = s
+expect 'pdf' --nach p
+expect 'a4|a5' --papier a
+expect '1|2|3' --spalten ''
 expect '193|195' --von = 19
 expect 'norvik.ini|ordner.x' --ini =
 expect 'norvik.ini|ordner.x' --ini ''

@@ -83,12 +83,13 @@ TEST(Help, NamesEveryFormat) {
         HasSubstr(
             "\r\n\r\nWandelt ein Telefonregister von einem Format in ein anderes um. Das Format "
             "folgt\r\naus der Endung: QUELLE .t9t, .pbo, .csv, .t9a (Anrufliste) oder .vcf, ZIEL "
-            ".t9t,\r\n.pbo, .csv, .pbb, .geb oder .vcf. \"-\" ist die Standardein- oder "
-            "-ausgabe.\r\n\r\n"
+            ".t9t,\r\n.pbo, .csv, .pbb, .geb, .vcf oder .pdf. \"-\" ist die Standardein- "
+            "oder -ausgabe.\r\n\r\n"
             "  --von FORMAT          Format der QUELLE: 195, 193, 175, csv oder vcard\r\n"
             "  --nach FORMAT         Format des ZIELs: 195, 193, 175, csv, ip286, simsurf,\r\n"
-            "                        gebuehren oder vcard; ein ZIEL .t9t wird ohne --nach\r\n"
-            "                        eine 195-Datei, aus einer 193-Datei eine 193-Datei\r\n"
+            "                        gebuehren, vcard oder pdf; ein ZIEL .t9t wird ohne\r\n"
+            "                        --nach eine 195-Datei, aus einer 193-Datei eine\r\n"
+            "                        193-Datei\r\n"
             "  --nur-markierte "));
 }
 
@@ -120,28 +121,26 @@ TEST(ManualPage, ListsEveryFormat) {
                     (row.Load != nullptr ? "\tja" : "\tnein") +
                     (row.Write != nullptr ? "\tja\n" : "\tnein\n");
     }
+    expected += "pdf\t.pdf\tnein\tja\n";
     const std::string page = SourceText("docs/norvik-konverter.1");
     EXPECT_THAT(page, HasSubstr("\n" + expected + ".TE\n"));
     EXPECT_THAT(page, HasSubstr("\nFormat der QUELLE: " + Enumerated(SourceNames()) + ".\n"));
-    EXPECT_THAT(page, HasSubstr("\nFormat des ZIELs: " + Enumerated(TargetNames()) + ".\n"));
+    EXPECT_THAT(page, HasSubstr("\nFormat des ZIELs: " + Enumerated(TargetWords()) + ".\n"));
 }
 
 TEST(Completion, OffersEveryFormat) {
     const std::string script = SourceText("console/norvik-konverter.bash-completion");
     EXPECT_THAT(script, HasSubstr("compgen -W \"" + Joined(SourceNames()) + "\""));
-    EXPECT_THAT(script, HasSubstr("compgen -W \"" + Joined(TargetNames()) + "\""));
+    EXPECT_THAT(script, HasSubstr("compgen -W \"" + Joined(TargetWords()) + "\""));
     std::vector<std::string_view> sources;
-    std::vector<std::string_view> targets;
     for (const FormatRow& row : FormatTable()) {
         if (SourceOfEnding(FilePath(row.Ending)) == row.Format) {
             sources.push_back(row.Ending);
         }
-        if (TargetOfEnding(FilePath(row.Ending)) == row.Format) {
-            targets.push_back(row.Ending);
-        }
     }
     EXPECT_THAT(script, HasSubstr("_norvik_konverter_files \"$word\" " + Joined(sources) + "\n"));
-    EXPECT_THAT(script, HasSubstr("_norvik_konverter_files \"$word\" " + Joined(targets) + "\n"));
+    EXPECT_THAT(script,
+                HasSubstr("_norvik_konverter_files \"$word\" " + Joined(TargetEndings()) + "\n"));
 }
 
 TEST(Completion, OffersEveryOption) {

@@ -100,7 +100,7 @@ TEST_F(ConverterProgram, ShowsNamesSoThatATerminalIsSafe) {
     EXPECT_EQ(
         Run({"--nach=\x1B]0;x\x07", "a", "b"}).Errors,
         Own + "--nach: unbekanntes Format ?]0;x?; bekannt sind 195, 193, 175, csv, ip286, simsurf, "
-              "gebuehren, vcard\n");
+              "gebuehren, vcard, pdf\n");
 }
 
 TEST_F(ConverterProgram, ShowsEntriesSoThatATerminalIsSafe) {

@@ -126,9 +126,49 @@ TEST(Options, OfACallList) {
     EXPECT_EQ(Read({"a.t9a", "b.txt", "--nach=csv"}).To, std::nullopt);
     for (const Words& words :
          {Words{"a.t9a", "b.t9t"}, Words{"a.t9a", "b.txt"}, Words{"a.t9a", "b.csv", "--nach=ip286"},
-          Words{"a.t9a", "-", "--nach=195"}}) {
+          Words{"a.t9a", "-", "--nach=195"}, Words{"a.t9a", "b.pdf"},
+          Words{"a.t9a", "-", "--nach=pdf"}}) {
         EXPECT_EQ(ErrorOf(words), "eine Anrufliste (.t9a) gibt nur eine CSV-Datei");
     }
+}
+
+TEST(Options, OfThePhoneListOnPaper) {
+    const ConverterOptions byEnding = Read({"a.t9t", "b.Pdf"});
+    EXPECT_TRUE(byEnding.OnPaper);
+    EXPECT_EQ(byEnding.To, std::nullopt);
+    EXPECT_EQ(byEnding.List, PhoneListOptions());
+    const ConverterOptions byWord = Read({"a.csv", "-", "--nach=csv", "--nach=pdf", "--spalten=3",
+                                          "--papier", "a5", "--nur-markierte", "--doppelte"});
+    EXPECT_TRUE(byWord.OnPaper);
+    EXPECT_EQ(byWord.List.Columns, 3);
+    EXPECT_EQ(byWord.List.Paper, PaperA5);
+    EXPECT_TRUE(byWord.OnlyMarked);
+    EXPECT_EQ(Read({"a.csv", "b.pdf", "--papier=a4"}).List.Paper, PaperA4);
+    EXPECT_FALSE(Read({"a.csv", "b.pdf", "--nach=pdf", "--nach=csv"}).OnPaper);
+    EXPECT_TRUE(ReadOptions(Words{"a.csv", "b.t9t", "--zusammen=c.pdf"}).back().OnPaper);
+    const TestFolder folder;
+    EXPECT_EQ(Read({"x/a.csv", folder.Path().string(), "--nach=pdf"}).Target, folder / "a.pdf");
+}
+
+TEST(Options, RefuseWhatThePhoneListOnPaperHasNot) {
+    const std::string columns = "--spalten: ";
+    for (const std::string wrong : {"0", "4", "12", "x"}) {
+        EXPECT_EQ(ErrorOf({"a.t9t", "b.pdf", "--spalten", wrong}),
+                  columns + wrong + " ist keine Zahl von 1 bis 3");
+    }
+    EXPECT_EQ(ErrorOf({"a.t9t", "b.pdf", "--papier=A3"}),
+              "--papier: unbekanntes Papier A3; am nächsten kommt a4");
+    EXPECT_EQ(ErrorOf({"a.t9t", "b.pdf", "--papier=letter"}),
+              "--papier: unbekanntes Papier letter; bekannt sind a4, a5");
+    EXPECT_EQ(ErrorOf({"a.t9t", "b.csv", "--spalten=2"}), "--spalten gilt nur für das Ziel pdf");
+    EXPECT_EQ(ErrorOf({"a.t9t", "b.csv", "--papier=a4"}), "--papier gilt nur für das Ziel pdf");
+    EXPECT_EQ(ErrorOf({"a.t9t", "b.pdf", "--verluste"}), "--verluste gilt nicht für das Ziel pdf");
+    EXPECT_EQ(ErrorOf({"a.t9t", "--nach=pdf", "--verluste"}),
+              "--verluste gilt nicht für das Ziel pdf");
+    EXPECT_EQ(ErrorOf({"--von=pdf", "a", "b"}),
+              "--von: unbekanntes Format pdf; bekannt sind 195, 193, 175, csv, vcard");
+    EXPECT_EQ(ErrorOf({"a.pdf", "b.csv"}),
+              "das Format von a.pdf ist nicht zu erkennen; --von nennt es");
 }
 
 TEST(Options, WithoutATarget) {
@@ -198,7 +238,7 @@ TEST(Options, NameTheNearestOneOfAWrongFormat) {
               "--nach: unbekanntes Format gebühren; am nächsten kommt gebuehren");
     EXPECT_EQ(ErrorOf({"--nach=", "a", "b"}),
               "--nach: unbekanntes Format ; bekannt sind 195, 193, 175, csv, ip286, simsurf, "
-              "gebuehren, vcard");
+              "gebuehren, vcard, pdf");
     EXPECT_EQ(ErrorOf({"--nach=CSV", "a", "b"}),
               "--nach: unbekanntes Format CSV; am nächsten kommt csv");
 }
@@ -235,8 +275,10 @@ TEST(Options, RefuseValuesThatMakeNoSense) {
 
 TEST(Options, RefuseWhatWouldChangeNothing) {
     const std::vector<std::pair<Words, std::string>> useless = {
-        {{"--nur-markierte", "b.csv"}, "--nur-markierte gilt nur für die Ziele 193 und simsurf"},
-        {{"--nur-markierte", "b.t9t"}, "--nur-markierte gilt nur für die Ziele 193 und simsurf"},
+        {{"--nur-markierte", "b.csv"},
+         "--nur-markierte gilt nur für die Ziele 193, simsurf und pdf"},
+        {{"--nur-markierte", "b.t9t"},
+         "--nur-markierte gilt nur für die Ziele 193, simsurf und pdf"},
         {{"--anfuehrungszeichen", "b.t9t"},
          "--anfuehrungszeichen gilt nur für ein Register mit dem Ziel csv"},
         {{"--anfuehrungszeichen", "b.csv", "--nach=ip286"},

@@ -2,6 +2,7 @@
 #include "console/writetarget.h"
 
 #include "tests/support/builders.h"
+#include "tests/support/pdftext.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 Settings SettingsWith(std::initializer_list<std::pair<Setting, TextView>> rows) {
     Settings settings;
@@ -87,11 +89,26 @@ TEST(WriteTarget, TellsWhetherThereWasAnythingToWrite) {
     EXPECT_TRUE(std::filesystem::exists(folder / "a"));
 }
 
+TEST(WriteTarget, WritesThePhoneListOfMarkedEntriesAlone) {
+    const TestFolder folder;
+    RegisterState state = RegisterOf({Entry(u"Anna", u"1"), Entry(u"Bert", u"2")});
+    ScriptedDesktop desktop;
+    const ConverterOptions options = {.OnPaper = true, .OnlyMarked = true};
+    EXPECT_FALSE(WriteTarget(options, Settings(), state, folder / "a.pdf", desktop));
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(OkBox(u"Keine Datensätze zum Drucken!", u"Fehler", "Exclamation")));
+    EXPECT_THAT(FilesIn(folder.Path()), IsEmpty());
+    SetExportMark(state, 2, true);
+    EXPECT_TRUE(WriteTarget(options, Settings(), state, folder / "a.pdf", desktop));
+    EXPECT_THAT(TextOfPdf(folder / "a.pdf"),
+                StartsWith("B\nBert 2\nTelefonliste 1 markierter Eintrag B\nSeite 1 von 1 "));
+}
+
 TEST(ReportWriteError, ShowsTheBoxThatTheWindowShows) {
     const RuntimeError full(ErrorNumber::DiskFull);
     const auto shown = [&full](FileFormat format) {
         ScriptedDesktop desktop;
-        ReportWriteError(format, full, desktop);
+        ReportWriteError({.To = format}, full, desktop);
         return desktop.Transcript;
     };
     EXPECT_THAT(shown(FileFormat::Register195), IsEmpty());
@@ -105,6 +122,10 @@ TEST(ReportWriteError, ShowsTheBoxThatTheWindowShows) {
         OkBox(u"Laufzeitfehler '61':\r\n\r\nDatenträger voll", u"NORVIK", "Critical");
     EXPECT_THAT(shown(FileFormat::MobileExport), ElementsAre(unhandled));
     EXPECT_THAT(shown(FileFormat::ChargeStatement), ElementsAre(unhandled));
+    ScriptedDesktop desktop;
+    ReportWriteError({.OnPaper = true}, full, desktop);
+    EXPECT_THAT(desktop.Transcript,
+                ElementsAre(OkBox(u"Undef'd Error: mnuDateiSavePdf:61Datenträger voll")));
 }
 
 }  // namespace

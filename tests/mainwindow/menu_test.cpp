@@ -40,6 +40,8 @@ constexpr NamedItem AllItems[] = {
     {"mnuDatei", u"&Datei", "mnuDateiConvCallListCSV", u"Anrufliste in CSV &konvertieren..."},
     {"mnuDatei", u"&Datei", "mnuDateiLoadSync", u"S&yncDatei laden"},
     {"mnuDatei", u"&Datei", "mnuDateiVersions", u"&Frühere Stände..."},
+    {"mnuDatei", u"&Datei", "mnuDateiPrint", u"Dr&ucken..."},
+    {"mnuDatei", u"&Datei", "mnuDateiSavePdf", u"Als &PDF speichern..."},
     {"mnuDatei", u"&Datei", "mnuDateiBeenden", u"&Beenden"},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullHinzu", u"Null zur Amtholung &hinzufügen..."},
     {"mnuBearbeiten", u"&Bearbeiten", "mnuBearbeitenNullEntf", u"Null zur Amtholung &entfernen..."},

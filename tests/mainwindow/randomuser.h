@@ -106,6 +106,7 @@ class RandomDesktop : public Desktop, public Windows {
         RebuildRows(program_);
     }
     void CloseMainWindow() override {}
+    void ShowPhoneList() override {}
     void ShowMobileExport() override {
         btnExport_Click(NVHE_Load(program_.Set), program_.State, program_.Set, *this);
     }

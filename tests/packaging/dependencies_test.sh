@@ -41,10 +41,12 @@ depends() {
     dpkg-deb --root-owner-group -b "$folder/package" "$folder/norvik.deb" >/dev/null &&
         "$root/packaging/checkdepends.sh" "$folder/norvik.deb" 2>&1
 }
-all='libc6 (>= 2.34), libgcc-s1 (>= 3.0), libqt6core6 (>= 6.4.0), libqt6gui6 (>= 6.1.2), libqt6widgets6 (>= 6.3.0), libstdc++6 (>= 12), qt6-translations-l10n'
+all='libc6 (>= 2.34), libgcc-s1 (>= 3.0), libhpdf-2.3.0 (>= 2.3.0), libqt6core6 (>= 6.4.0), libqt6gui6 (>= 6.1.2), libqt6printsupport6 (>= 6.1.2), libqt6widgets6 (>= 6.3.0), libstdc++6 (>= 12), qt6-translations-l10n'
 message=$(depends "$all") || fail "a whole list: $message"
 message=$(depends "${all/libqt6widgets6 (>= 6.3.0), /}") && fail "one without the window's library"
 [[ $message == *"does not depend on libqt6widgets6"* ]] || fail "the library is not named: $message"
+message=$(depends "${all/libhpdf-2.3.0 (>= 2.3.0), /}") && fail "one without the PDF library"
+[[ $message == *"does not depend on libhpdf-2.3.0"* ]] || fail "the library is not named: $message"
 depends "qt6-translations-l10n" >/dev/null && fail "one with the translations alone"
 depends "${all/libc6 /libc6-dev }" >/dev/null && fail "one with a longer name"
 depends "" >/dev/null && fail "one without dependencies"

@@ -28,7 +28,7 @@ const std::vector<std::set<std::string>> Floors = {{"base"},
                                                    {"register", "ringtones"},
                                                    {"registertools"},
                                                    {"formats"},
-                                                   {"sync", "losses", "versions"},
+                                                   {"sync", "losses", "versions", "paper"},
                                                    {"dialogs"},
                                                    {"mainwindow"},
                                                    {"qt", "console"}};
@@ -199,6 +199,34 @@ Findings ToolkitOutsideItsFloor(const fs::path& root) {
             if (header.starts_with("Q") || header.starts_with(ToolkitFloor + "/") ||
                 header.starts_with(ToolkitTests + "/")) {
                 findings.push_back(file.Path + " includes " + header);
+            }
+        }
+    }
+    return findings;
+}
+
+/// The libraries beside the standard's: what their headers' names begin with, and the folder that
+/// may include them.
+const std::map<std::string, std::string> OtherLibraries = {{"hpdf", "paper"}};
+
+/// Product files outside the toolkit's floor that include neither ours nor the standard library,
+/// whose headers have no ending and no folder, or a library that is another folder's.
+Findings OtherLibrariesOutsideTheirFolders(const fs::path& root) {
+    static const std::regex standard("[a-z_]+");
+    Findings findings;
+    for (const SourceFile& file : SourceFiles(root)) {
+        if (!IsProduct(file) || file.Folder == ToolkitFloor ||
+            file.Path.starts_with("base/platform_")) {
+            continue;
+        }
+        for (const Include& include : IncludesOf(file)) {
+            const auto library =
+                std::find_if(OtherLibraries.begin(), OtherLibraries.end(), [&](const auto& row) {
+                    return include.Header.starts_with(row.first) && row.second == file.Folder;
+                });
+            if (!include.Quoted && !std::regex_match(include.Header, standard) &&
+                library == OtherLibraries.end()) {
+                findings.push_back(file.Path + " includes " + include.Header);
             }
         }
     }
@@ -395,6 +423,10 @@ TEST(SourceTree, OnlyTheTopFloorIncludesTheToolkit) {
     EXPECT_THAT(ToolkitOutsideItsFloor(Root), IsEmpty());
 }
 
+TEST(SourceTree, TheCoreUsesTheStandardLibraryAlone) {
+    EXPECT_THAT(OtherLibrariesOutsideTheirFolders(Root), IsEmpty());
+}
+
 TEST(SourceTree, NoFoldersIncludeEachOtherInACircle) {
     EXPECT_THAT(FoldersInACircle(Root), IsEmpty());
 }
@@ -432,6 +464,7 @@ class PlantedTree : public testing::Test {
         Plant("qt/window.h",
               "// Window.\n#include <QWidget>\n#include \"registertools/check.h\"\n");
         Plant("qt/window.cpp", "#include \"qt/window.h\"\n");
+        Plant("paper/pdf.h", "// PDF.\n#include \"registertools/check.h\"\n#include <hpdf.h>\n");
         Plant("console/options.h", "// Options.\n#include \"registertools/check.h\"\n");
         Plant("tests/base/text_test.cpp", "#include \"base/text.h\"\n#include <gtest/gtest.h>\n");
         Plant("tests/qt/window_test.cpp", "#include <QTest>\n#include \"qt/window.h\"\n");
@@ -450,6 +483,7 @@ TEST_F(PlantedTree, AsItShouldBeHasNoFindings) {
     EXPECT_THAT(FoldersWithoutAFloor(folder.Path()), IsEmpty());
     EXPECT_THAT(IncludesUpwards(folder.Path()), IsEmpty());
     EXPECT_THAT(ToolkitOutsideItsFloor(folder.Path()), IsEmpty());
+    EXPECT_THAT(OtherLibrariesOutsideTheirFolders(folder.Path()), IsEmpty());
     EXPECT_THAT(FoldersInACircle(folder.Path()), IsEmpty());
     EXPECT_THAT(SourcesWithoutATest(folder.Path()), IsEmpty());
     EXPECT_THAT(ProductFilesThatAreTooLong(folder.Path()), IsEmpty());
@@ -566,6 +600,19 @@ TEST_F(PlantedTree, TheToolkitOutsideItsFolderIsFound) {
                             "registertools/view.h includes QString",
                             "tests/registertools/view_test.cpp includes QtWidgets/QWidget",
                             "tests/registertools/view_test.cpp includes qt/window.h"));
+}
+
+TEST_F(PlantedTree, ALibraryOutsideItsFolderIsFound) {
+    Plant("registertools/print.cpp", "#include <hpdf.h>\n#include <vector>\n#include <cstdio>\n");
+    Plant("console/print.cpp", "#include <hpdf_doc.h>\n#include <boost/any.hpp>\n");
+    Plant("paper/page.h", "// Pages.\n#include <hpdf_doc.h>\n#include <zlib.h>\n");
+    Plant("base/platform_posix.cpp", "#include <unistd.h>\n");
+    Plant("tests/base/text_test.cpp", "#include <unistd.h>\n");
+    EXPECT_THAT(OtherLibrariesOutsideTheirFolders(folder.Path()),
+                ElementsAre("console/print.cpp includes hpdf_doc.h",
+                            "console/print.cpp includes boost/any.hpp",
+                            "paper/page.h includes zlib.h",
+                            "registertools/print.cpp includes hpdf.h"));
 }
 
 TEST_F(PlantedTree, ACircleOfFoldersIsFound) {

@@ -268,6 +268,10 @@ void ScriptedDesktop::CloseDoubles() {
     Transcript.emplace_back("close DOUBLES");
 }
 
+void ScriptedDesktop::ShowPhoneList() {
+    Transcript.emplace_back("show PHONELIST");
+}
+
 Text ScriptedDesktop::BeforeReplacing(const FilePath& file) {
     return OnBeforeReplacing ? OnBeforeReplacing(file) : Text();
 }

@@ -38,7 +38,7 @@ class ScriptedDesktop : public Desktop, public Windows {
     ///   status "text" | beep | pointer Hourglass | pointer Normal
     ///   entry | list | file | focus 0 | close
     ///   show NVHE | show NVList | close NVList | show NVSET | show VERSIONS | close VERSIONS
-    ///   show DOUBLES | close DOUBLES
+    ///   show DOUBLES | close DOUBLES | show PHONELIST
     ///   document /path -> 33 | editor /path
     /// CR LF inside a text stands as \r\n. A box or input that offers to answer all further ones
     /// alike ends with "offering for all" in front of "->", its answer with "for all" when that
@@ -86,6 +86,7 @@ class ScriptedDesktop : public Desktop, public Windows {
     void CloseVersions() override;
     void ShowDoubles() override;
     void CloseDoubles() override;
+    void ShowPhoneList() override;
     int OpenDocument(const FilePath& document) override;
     void OpenInTextEditor(const FilePath& document) override;
 

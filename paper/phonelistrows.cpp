@@ -1,0 +1,118 @@
+#include "paper/phonelist.h"
+
+#include <algorithm>
+
+namespace norvik {
+
+namespace {
+
+/// The text without what does not show: each run of blanks and control characters is one blank, and
+/// none stands at an end.
+Text Tidied(TextView text) {
+    constexpr char16_t FixedBlank = 0xA0;
+    Text tidied;
+    for (const char16_t character : text) {
+        if (character != u' ' && character != FixedBlank && !IsControl(character)) {
+            tidied.push_back(character);
+        } else if (!tidied.empty() && tidied.back() != u' ') {
+            tidied.push_back(u' ');
+        }
+    }
+    return Text(RightTrim(tidied));
+}
+
+/// The letter without its mark: "A" of "ä".
+char16_t BaseLetter(char16_t character) {
+    struct Row {
+        TextView Letters;
+        char16_t Base;
+    };
+    constexpr Row Rows[] = {{u"ÀÁÂÃÄÅÆ", u'A'}, {u"Ç", u'C'},    {u"Ð", u'D'},  {u"Þ", u'T'},
+                            {u"ÈÉÊË", u'E'},    {u"ÌÍÎÏ", u'I'}, {u"Ñ", u'N'},  {u"ÒÓÔÕÖØŒ", u'O'},
+                            {u"Šß", u'S'},      {u"ÙÚÛÜ", u'U'}, {u"ÝŸ", u'Y'}, {u"Ž", u'Z'}};
+    const char16_t upper = UpperCase(character);
+    for (const Row& row : Rows) {
+        if (row.Letters.find(upper) != TextView::npos) {
+            return row.Base;
+        }
+    }
+    return upper;
+}
+
+char16_t InitialOf(TextView name) {
+    const char16_t letter = name.empty() ? u'#' : BaseLetter(name.front());
+    return letter >= u'A' && letter <= u'Z' ? letter : u'#';
+}
+
+std::vector<Text> InfoLinesOf(const RegisterEntry& entry) {
+    // The mark in front is the register's own, and shifts the lines behind it.
+    const bool isMarked = entry.Info.starts_with(ExportMark);
+    const TextView info = TextView(entry.Info).substr(isMarked ? ExportMark.size() : 0);
+    std::vector<Text> lines;
+    for (std::size_t start = 0; start < info.size(); start += InfoLineWidth) {
+        Text line = Tidied(Slice(info, start, InfoLineWidth));
+        if (!line.empty()) {
+            lines.push_back(std::move(line));
+        }
+    }
+    return lines;
+}
+
+bool IsWanted(const RegisterEntry& entry, ListedEntries which) {
+    switch (which) {
+    case ListedEntries::Marked:
+        return IsMarked(entry);
+    case ListedEntries::Filtered:
+        return entry.Listed && !entry.Name.empty();
+    case ListedEntries::All:
+        break;
+    }
+    return true;
+}
+
+PhoneListRow RowOfEntry(const RegisterEntry& entry) {
+    const Text name = Tidied(entry.Name);
+    return {.Initial = InitialOf(name),
+            .Name = name,
+            .Tel = Tidied(entry.Tel),
+            .Info = InfoLinesOf(entry)};
+}
+
+bool IsEmptyRow(const PhoneListRow& row) {
+    return row.Name.empty() && row.Tel.empty() && row.Info.empty();
+}
+
+}  // namespace
+
+std::vector<PhoneListRow> PhoneListRows(const RegisterState& state, ListedEntries which) {
+    std::vector<PhoneListRow> rows;
+    bool isSorted = true;
+    Text before;
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        const RegisterEntry& entry = EntryAt(state, position);
+        PhoneListRow row = RowOfEntry(entry);
+        if (IsWanted(entry, which) && !IsEmptyRow(row)) {
+            Text key = LowerCase(entry.Name);
+            isSorted = isSorted && before <= key;
+            before = std::move(key);
+            rows.push_back(std::move(row));
+        }
+    }
+    if (isSorted) {  // "#" is less than any letter
+        std::stable_sort(
+            rows.begin(), rows.end(),
+            [](const PhoneListRow& a, const PhoneListRow& b) { return a.Initial < b.Initial; });
+    }
+    return rows;
+}
+
+int CountPhoneListRows(const RegisterState& state, ListedEntries which) {
+    int count = 0;
+    for (int position = 1; position <= state.AnzGes; ++position) {
+        const RegisterEntry& entry = EntryAt(state, position);
+        count += IsWanted(entry, which) && !IsEmptyRow(RowOfEntry(entry)) ? 1 : 0;
+    }
+    return count;
+}
+
+}  // namespace norvik
