@@ -1,4 +1,4 @@
-# Makes C++ of the fonts: cmake -DFOLDER=paper/fonts -DSOURCE=fontfiles.cpp -P fontfiles.cmake
+# Makes the C++ source ${SOURCE} of the fonts in ${FOLDER}.
 set(text "#include \"paper/fontfiles.h\"\n\nnamespace norvik {\n")
 foreach(font Regular Bold)
     string(TOLOWER ${font} name)

@@ -24,15 +24,18 @@ Text Tidied(TextView text) {
 /// The letter without its mark: "A" of "ä".
 char16_t BaseLetter(char16_t character) {
     struct Row {
-        TextView Letters;
+        char16_t First;
+        char16_t Last;
         char16_t Base;
     };
-    constexpr Row Rows[] = {{u"ÀÁÂÃÄÅÆ", u'A'}, {u"Ç", u'C'},    {u"Ð", u'D'},  {u"Þ", u'T'},
-                            {u"ÈÉÊË", u'E'},    {u"ÌÍÎÏ", u'I'}, {u"Ñ", u'N'},  {u"ÒÓÔÕÖØŒ", u'O'},
-                            {u"Šß", u'S'},      {u"ÙÚÛÜ", u'U'}, {u"ÝŸ", u'Y'}, {u"Ž", u'Z'}};
+    constexpr Row Rows[] = {
+        {u'À', u'Æ', u'A'}, {u'Ç', u'Ç', u'C'}, {u'È', u'Ë', u'E'}, {u'Ì', u'Ï', u'I'},
+        {u'Ð', u'Ð', u'D'}, {u'Ñ', u'Ñ', u'N'}, {u'Ò', u'Ö', u'O'}, {u'Ø', u'Ø', u'O'},
+        {u'Ù', u'Ü', u'U'}, {u'Ý', u'Ý', u'Y'}, {u'Þ', u'Þ', u'T'}, {u'ß', u'ß', u'S'},
+        {u'Œ', u'Œ', u'O'}, {u'Š', u'Š', u'S'}, {u'Ÿ', u'Ÿ', u'Y'}, {u'Ž', u'Ž', u'Z'}};
     const char16_t upper = UpperCase(character);
     for (const Row& row : Rows) {
-        if (row.Letters.find(upper) != TextView::npos) {
+        if (upper >= row.First && upper <= row.Last) {
             return row.Base;
         }
     }

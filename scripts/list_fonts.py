@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Makes the fonts of the printed phone list from DejaVu Sans Condensed (Debian: fonts-dejavu-extra,
-python3-fonttools): paper/fonts/regular.ttf and bold.ttf with the characters of Windows-1252 alone, and
+"""Makes the fonts of the printed phone list from DejaVu Sans Condensed (Debian: `fonts-dejavu-extra`,
+`python3-fonttools`): paper/fonts/regular.ttf and bold.ttf with the characters of Windows-1252 alone, and
 paper/fonts/widths.inc with the width of each.
 
     scripts/list_fonts.py           writes them anew

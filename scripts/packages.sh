@@ -44,7 +44,7 @@ PACKAGE_PACKAGES=(dpkg-dev file gzip)
 # To show it where there is no display.
 SCREEN_PACKAGES=(xvfb xdotool imagemagick)
 # To make the pictures of the user's guide.
-SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick)
+SCREENSHOT_PACKAGES=(xvfb openbox xdotool imagemagick poppler-utils faketime)
 # To build and run the tests.
 TEST_PACKAGES=(clang libclang-rt-14-dev lld ccache libgtest-dev libgmock-dev python3 python3-phonenumbers
     at-spi2-core dbus-daemon poppler-utils python3-pyatspi xvfb)

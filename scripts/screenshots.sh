@@ -11,7 +11,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 install_missing "${EDITOR_PACKAGES[@]}" "${SCREENSHOT_PACKAGES[@]}"
 cd "$root"
 cmake --preset release -DNORVIK_BENCHMARKS=OFF >/dev/null
-cmake --build --preset release --target norvik-telefonregister
+cmake --build --preset release --target norvik-telefonregister norvik-konverter
 
 pictures=$root/docs/help/bilder
 mkdir -p "$pictures"
@@ -132,6 +132,14 @@ search_for() {
     press alt+w
 }
 
+# The first page of the phone list, on a day that stays.
+faketime '2026-05-04 10:30' build/release/console/norvik-konverter samples/telefonbuch.t9t \
+    "$folder/liste.pdf" --still || [ "$?" -eq 1 ]
+pdftoppm -r 75 -png -singlefile "$folder/liste.pdf" "$folder/liste"
+convert "$folder/liste.png" -bordercolor '#999999' -border 1 -strip \
+    -define png:exclude-chunks=date,time "$pictures/telefonliste.png"
+echo "$pictures/telefonliste.png"
+
 main='^norvik Telefonregister - Datei: '
 cd "$program_folder"
 ./norvik-telefonregister --datei telefonbuch.t9t &  # the caption shows no path
@@ -156,6 +164,13 @@ import -window root -crop "$(identify -format '%wx%h' "$pictures/fenster.png")+0
     -define png:exclude-chunks=date,time "$pictures/menue.png"
 echo "$pictures/menue.png"
 press Escape Escape
+
+press ctrl+p
+await '^Telefonliste drucken$'
+picture druckfenster '^Telefonliste drucken$'
+press Escape
+wait_until is_gone '^Telefonliste drucken$'
+await "$main"
 
 press alt+l Return
 await '^Telefonregister-Liste'

@@ -40,7 +40,7 @@ TEST_F(ConverterOnPaper, WritesTheSortedListOfTheDay) {
 }
 
 TEST_F(ConverterOnPaper, GivesTheSameBytesToStandardOutputAndToAFolder) {
-    Run({"a.csv", "b.pdf", "--spalten=3", "--papier=a5"});
+    EXPECT_EQ(Run({"a.csv", "b.pdf", "--spalten=3", "--papier=a5"}).Status, 0);
     const Outcome outcome = Run({"a.csv", "-", "--nach=pdf", "--spalten=3", "--papier=a5"});
     EXPECT_EQ(outcome.Status, 0);
     EXPECT_EQ(outcome.Output, ReadFile(folder / "b.pdf"));

@@ -1,6 +1,7 @@
 #include "console/options.h"
 
 #include "tests/support/scripteddesktop.h"
+#include "tests/support/testfolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -37,7 +37,7 @@ PaperDocument AllCharacters() {
 
 class Pdf : public testing::Test {
   protected:
-    /// What a program of the package poppler-utils prints about the file, the line that begins so.
+    /// What a program prints about the file, the line that begins so.
     std::string LineOf(const std::string& program, const std::string& start) const {
         const std::string output = OutputOf(program + " '" + file.string() + "'");
         const std::size_t at = output.find(start);

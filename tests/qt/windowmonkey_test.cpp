@@ -281,6 +281,11 @@ class Monkey : public QObject {
     /// Works in a dialog and closes it.
     void Answer(const QPointer<QDialog>& dialog) {
         ++Boxes;
+        // What prints is the toolkit's own, and there may be a printer.
+        if (dialog->inherits("QAbstractPrintDialog") || dialog->inherits("QPrintPreviewDialog")) {
+            dialog->close();
+            return;
+        }
         EXPECT_FALSE(dialog->findChildren<QPushButton*>().isEmpty())
             << "a box without a button: " << dialog->windowTitle().toStdString();
         if (auto* file = qobject_cast<QFileDialog*>(dialog)) {
@@ -375,6 +380,7 @@ class WindowMonkey : public testing::Test {
 };
 
 TEST_F(WindowMonkey, FindsNothing) {
+    const QByteArray path = qgetenv("PATH");
     qputenv("PATH", "");  // no document is opened
     int events = 2000;
     unsigned seeds = 1;
@@ -384,6 +390,7 @@ TEST_F(WindowMonkey, FindsNothing) {
     for (unsigned seed = 1; seed <= seeds; ++seed) {
         Run(seed, events);
     }
+    qputenv("PATH", path);
 }
 
 }  // namespace

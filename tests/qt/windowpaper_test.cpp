@@ -114,9 +114,10 @@ TEST_F(WindowPaper, TheFilteredListIsOfferedWhileItsFilterIsOn) {
 TEST_F(WindowPaper, PrintsThroughTheToolkitsDialog) {
     Dialogs.DriveToItsEnd([this](QDialog&) { Click("btnPrint"); });
     Dialogs.DriveToItsEnd([this](QDialog& dialog) {
-        auto* print = qobject_cast<QAbstractPrintDialog*>(&dialog);
-        ASSERT_NE(print, nullptr);
-        print->printer()->setOutputFileName(PathIn("druck.pdf"));
+        ASSERT_NE(qobject_cast<QAbstractPrintDialog*>(&dialog), nullptr);
+        auto* printers = dialog.findChild<QComboBox*>(QStringLiteral("printers"));
+        printers->setCurrentIndex(printers->count() - 1);  // the file, behind the printers
+        dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->setText(PathIn("druck.pdf"));
         dialog.accept();
     });
     Trigger("mnuDateiPrint");
