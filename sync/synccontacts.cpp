@@ -166,7 +166,8 @@ class ContactRecords {
                 tables_.SyncNameTable[record] = tables_.SyncNameTable[first];
                 tables_.SyncAddressTable[record] = tables_.SyncAddressTable[first];
             }
-            tables_.SyncPhoneTable[record].at(column) = kept_->emplace_back(ShownNumber(number.Number));
+            tables_.SyncPhoneTable[record].at(column) =
+                kept_->emplace_back(ShownNumber(number.Number));
         }
     }
 
