@@ -130,12 +130,23 @@ bool FitsScreen(const QString& text, const QWidget& widget) {
     return needed.width() <= room.width() && needed.height() <= room.height();
 }
 
-/// Leaves the lines of the text whole: the toolkit would break them at a width of its own.
+/// The width of a title beside the frame's buttons. The frame is the desktop's own; its font is
+/// hardly wider than a bold one.
+int WidthOfTitle(const QMessageBox& dialog) {
+    QFont font = dialog.font();
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    constexpr int RoomForButtons = 6;  // three squares at each side at most
+    return metrics.horizontalAdvance(dialog.windowTitle()) + RoomForButtons * metrics.height();
+}
+
+/// Leaves the lines of the text whole, which the toolkit would break at a width of its own, and the
+/// title, which does not count for it.
 void KeepLinesWhole(const QMessageBox& dialog) {
     if (auto* label = dialog.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
         const QRect whole = label->fontMetrics().boundingRect(QRect(), 0, dialog.text());
-        label->setMinimumWidth(std::min(whole.width() + 2 * label->margin() + 1,
-                                        dialog.screen()->availableSize().width() / 2));
+        const int needed = std::max(whole.width() + 2 * label->margin() + 1, WidthOfTitle(dialog));
+        label->setMinimumWidth(std::min(needed, dialog.screen()->availableSize().width() / 2));
     }
 }
 

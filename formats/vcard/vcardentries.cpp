@@ -162,7 +162,11 @@ bool ReplaceStrangeName(SimplifiedText& name, const VCardContact& contact) {
 bool AssignName(SimplifiedText& name, const VCardContact& contact) {
     const bool hasGiven = !contact.Given.Value.empty();
     name = contact.Family;
-    Append(name, u", ", hasGiven ? contact.Given : contact.Additional);
+    if (Strangeness(contact.Family) <= 0 || Strangeness(contact.Given) >= 0) {
+        Append(name, u", ", hasGiven ? contact.Given : contact.Additional);
+    } else {  // a sign alone, or half of a name, is none
+        name.Value = contact.Given.Value;
+    }
     for (const SimplifiedText* other : {&contact.FullName, &contact.Organisation,
                                         &contact.Department, &contact.Nickname, &contact.Mail}) {
         if (!name.Value.empty()) {

@@ -227,9 +227,12 @@ class Dialling {
     [[nodiscard]] bool BeginsAnother(char16_t character) const {
         const char16_t behind = At(BehindBlanks(place_ + 1));
         const bool isPause = character == u',' || character == u';';
+        // Behind an area or country code there may be a stroke with blanks, too.
+        constexpr std::size_t LongestCode = 5;
+        const bool mayPart = isPause || (character == u'/' && Digits.size() > LongestCode);
         return !Digits.empty() &&
                (character == u':' || (character == u'/' && At(place_ + 1) == u'/') ||
-                (isPause && At(place_ + 1) == u' ' && (behind == u'0' || behind == u'+')));
+                (mayPart && At(place_ + 1) == u' ' && (behind == u'0' || behind == u'+')));
     }
 
     void TakePlus() {
@@ -326,7 +329,8 @@ Text OwnCountryCode(const Settings& settings) {
 
 Text ShownNumber(TextView number) {
     Text room;
-    return Text(TrimBlanks(WithoutAddress(number, room).Number));
+    Text shown(TrimBlanks(WithoutAddress(number, room).Number));
+    return Dialled(shown, {}).Number == Dialled(number, {}).Number ? shown : Text(number);
 }
 
 DialledNumber Dialled(TextView number, TextView ownCountry) {

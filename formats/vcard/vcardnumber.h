@@ -21,7 +21,8 @@ struct DialledNumber {
 /// and signs between digits. Codes ("*", "#", a leading "i") stay, pauses are "p" and "w".
 DialledNumber Dialled(TextView number, TextView ownCountry);
 
-/// The number as people read it: without "tel:" and what stands behind it as ";name=value".
+/// The number as people read it: without "tel:" and what stands behind it as ";name=value",
+/// unless it would be dialled otherwise then.
 Text ShownNumber(TextView number);
 
 }  // namespace norvik

@@ -71,7 +71,7 @@ TEST_F(StartSync, LoadsAVCardWithoutAskingForFieldNumbers) {
               StartWith({Loading, "status \"2 Adress-Einträge importiert\""}));
     EXPECT_TRUE(program.Sync.SyncLoaded);
     EXPECT_EQ(program.Sync.Tables.SyncNameTable[1][SyncTables::Surname], u"Meier");
-    EXPECT_EQ(program.Sync.Tables.SyncPhoneTable[1][SyncTables::Business], u"tel:+49-30-1");
+    EXPECT_EQ(program.Sync.Tables.SyncPhoneTable[1][SyncTables::Business], u"+49-30-1");
     EXPECT_EQ(program.Sync.Tables.SyncPhoneTable[1][SyncTables::Other], u"0171 2");
     EXPECT_EQ(program.Sync.Tables.SyncNameTable[2][SyncTables::Surname], u"Kunz");
 }

@@ -36,6 +36,21 @@ TEST_F(WindowTest, AFileIsAddedAndTakenAwayAgain) {
     EXPECT_THAT(ShownNames(), ElementsAre("Anna", "Bert", "Dora", "Müller"));
 }
 
+TEST_F(WindowTest, ABoxHasRoomForItsTitle) {
+    Load({{.name = "Anna", .tel = "1"}});
+    Folder.Write("a.vcf", "BEGIN:VCARD\r\nFN:A\r\nTEL:1\r\nTEL:x\r\nEND:VCARD\r\n");
+    Dialogs.ChooseFile(PathIn("a.vcf"))
+        .Look([](QDialog& dialog) {
+            QFont font = dialog.font();
+            font.setBold(true);
+            const QFontMetrics metrics(font);
+            EXPECT_GE(dialog.width(),
+                      metrics.horizontalAdvance(dialog.windowTitle()) + 6 * metrics.height());
+        })
+        .Click(QMessageBox::Ok);
+    Trigger("mnuDateiLoadVCard");
+}
+
 }  // namespace
 
 }  // namespace norvik::test

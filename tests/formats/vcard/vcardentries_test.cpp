@@ -66,16 +66,18 @@ TEST_F(VCardEntriesTest, ANameInAnotherScriptGivesWayToOneThatCanBeRead) {
     Take(strange + "EMAIL:li@example.org\nTEL:1");
     Take(strange + "ORG:\xE7\x8E\x8B\nTEL:1");
     Take("N:M\xC3\xBCller \xE2\x9D\xA4;\nNICKNAME:Mia\nTEL:1");  // a heart
+    Take("N:\xE2\x9D\xA4;Tante;Hilde\nTEL:1");
     EXPECT_THAT(Names(),
                 ElementsAre(u"Wang, Li", u"Li Wang", u"Wang, Li", u"Wang, Li", u"Wang, Li", u"Wang",
-                            u"Lili", u"ACME", u"li@example.org", u"?, ?", u"Müller ?"));
+                            u"Lili", u"ACME", u"li@example.org", u"?, ?", u"Müller ?", u"Tante"));
     const auto instead = [](const Text& name) {
         return u"Name in fremder Schrift, dafür: " + name + u"\r\n";
     };
     EXPECT_EQ(entries.Report, instead(u"Wang, Li") + instead(u"Li Wang") + instead(u"Wang, Li") +
                                   instead(u"Wang, Li") + instead(u"Wang, Li") + instead(u"Wang") +
                                   instead(u"Lili") + instead(u"ACME") + instead(u"li@example.org") +
-                                  u"Zeichen ersetzt: ?, ?\r\nZeichen ersetzt: Müller ?\r\n");
+                                  u"Zeichen ersetzt: ?, ?\r\nZeichen ersetzt: Müller ?\r\n"
+                                  u"Zeichen ersetzt: Tante\r\n");
 }
 
 TEST_F(VCardEntriesTest, TheNameIsTheFirstThatSaysAnything) {

@@ -26,8 +26,8 @@ TEST(Dialled, TurnsAPlusIntoWhatIsDialled) {
 
 TEST(Dialled, IsTheFirstOfSeveralNumbers) {
     for (const TextView numbers :
-         {u"040/123 ::: 040 2", u"040 123 // 040 2", u"040/123, 0171/22", u"040123; +49 171",
-          u"040/123 oder 0171/456", u"040 123 Fax 556", u"040 123 +49 171"}) {
+         {u"040 123 / 0171 2", u"040/123 ::: 040 2", u"040 123 // 040 2", u"040/123, 0171/22",
+          u"040123; +49 171", u"040/123 oder 0171/456", u"040 123 Fax 556", u"040 123 +49 171"}) {
         const DialledNumber dialled = Dialled(numbers, u"49");
         EXPECT_EQ(dialled.Number, u"040123") << numbers.size();
         EXPECT_TRUE(dialled.LeftOut);
@@ -47,6 +47,8 @@ TEST(Dialled, WithoutACountryMakesZerosOfAPlus) {
 TEST(Dialled, DropsWhatStandsBetweenDigits) {
     EXPECT_EQ(Number(u" 040/12-3.4 (5) "), u"04012345");
     EXPECT_EQ(Number(u"(0)40 1"), u"0401");
+    EXPECT_EQ(Number(u"040 / 012 / 34"), u"04001234");
+    EXPECT_EQ(Number(u"+49 / 040 / 12"), u"04012");
 }
 
 TEST(Dialled, KeepsCodesAndPauses) {
@@ -89,6 +91,13 @@ TEST(Dialled, DialsNoDigitsOfAHost) {
     EXPECT_EQ(Number(u"sip:anna@192.168.1.1"), u"");
     EXPECT_EQ(Number(u"anna@example1.org"), u"");
     EXPECT_EQ(Number(u"040@1"), u"0401");
+}
+
+TEST(ShownNumber, IsNoAddress) {
+    EXPECT_EQ(ShownNumber(u" tel:+49-40-1;ext=7"), u"+49-40-1");
+    EXPECT_EQ(ShownNumber(u"TEL:%2B49%2040"), u"+49 40");
+    EXPECT_EQ(ShownNumber(u"040 1 x7"), u"040 1 x7");
+    EXPECT_EQ(ShownNumber(u"tel:%40a1"), u"tel:%40a1");  // "@a1" would be a host
 }
 
 TEST(Dialled, DialsLettersByTheirKeys) {
