@@ -1,5 +1,6 @@
 #include "qt/doubleswindow.h"
 
+#include "qt/panelarea.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
 #include "qt/windowplace.h"
@@ -58,12 +59,13 @@ DoublesWindow::DoublesWindow(QWidget* parent)
     buttons->addStretch();
     buttons->addWidget(btnErase_);
     buttons->addWidget(btnClose);
-    auto* layout = new QVBoxLayout(this);
+    auto* panel = new QWidget(this);
+    auto* layout = new QVBoxLayout(panel);
     layout->addWidget(count_);
     layout->addWidget(ListDoubles_);
-    layout->addLayout(buttons);
-    resize(sizeHint().expandedTo(
-        {fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 24}));
+    LayOut(*this, panel, buttons);
+    Resize(*this, sizeHint().expandedTo(
+                      {fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 24}));
     PlaceBeside(*this, *parent);
     ListDoubles_->setFocus();
 }

@@ -4,11 +4,11 @@
 #include "qt/entryfield.h"
 #include "qt/entrygroups.h"
 #include "qt/entrylist.h"
+#include "qt/panelarea.h"
 #include "qt/phonepicture.h"
 #include "qt/recordscrollbar.h"
 #include "qt/widgetmakers.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -18,8 +18,6 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
@@ -183,33 +181,6 @@ QWidget* MakeListPanel(MainWindowWidgets& widgets, QWidget* parent) {
     return panel;
 }
 
-/// Keeps its panel usable on a screen that is too small for it; else it shows the whole panel.
-class PanelArea : public QScrollArea {
-  public:
-    explicit PanelArea(QWidget* parent) : QScrollArea(parent) {
-        // The toolkit follows the Tab key within the panel only.
-        connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, QWidget* now) {
-            if (now != nullptr && isAncestorOf(now)) {
-                ensureWidgetVisible(now);
-            }
-        });
-    }
-
-    [[nodiscard]] QSize sizeHint() const override {
-        return widget() == nullptr ? QScrollArea::sizeHint() : widget()->sizeHint();
-    }
-};
-
-QWidget* MakeScrollable(QWidget* panel, QWidget* parent) {
-    auto* area = new PanelArea(parent);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setWidget(panel);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
-    return area;
-}
-
 void SetTabOrder(const MainWindowWidgets& widgets) {
     std::vector<QWidget*> order = {widgets.Bild1, widgets.Satzwahl};
     for (EntryField* field : widgets.Texts) {
@@ -234,7 +205,7 @@ MainWindowWidgets MakeMainWindowWidgets(QMainWindow& window) {
     MainWindowWidgets widgets;
     auto* splitter = new QSplitter(Qt::Horizontal, &window);
     QWidget* entry = MakeEntryPanel(widgets, splitter);
-    QWidget* scrollable = MakeScrollable(entry, splitter);
+    auto* scrollable = new PanelArea(entry, splitter);
     QWidget* list = MakeListPanel(widgets, splitter);
     splitter->addWidget(scrollable);
     splitter->addWidget(list);
@@ -253,7 +224,7 @@ MainWindowWidgets MakeMainWindowWidgets(QMainWindow& window) {
     SetTabOrder(widgets);
     const QSize wanted(entry->sizeHint().width() + listWidth,
                        window.sizeHint().height() + window.fontMetrics().height() * 2);
-    window.resize(wanted.boundedTo(window.screen()->availableSize()));
+    Resize(window, wanted);
     return widgets;
 }
 

@@ -2,6 +2,7 @@
 
 #include "qt/display.h"
 #include "qt/entryfield.h"
+#include "qt/panelarea.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
 
@@ -66,7 +67,8 @@ MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* paren
     : QDialog(parent), fields_(std::move(fields)) {
     setObjectName(QStringLiteral("NVHE"));
     setWindowTitle(QStringLiteral("Handyexport"));
-    auto* layout = new QVBoxLayout(this);
+    auto* panel = new QWidget(this);
+    auto* layout = new QVBoxLayout(panel);
     QWidget* numbers = MakeBoxes(QStringLiteral("Rufnummern"),
                                  {AddRegionCodeBox, GlobalizeNumberBox, Change00toPlusBox});
     auto* numberLayout = qobject_cast<QVBoxLayout*>(numbers->layout());
@@ -85,7 +87,7 @@ MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* paren
     qobject_cast<QVBoxLayout*>(lines->layout())->addLayout(separator);
     layout->addWidget(lines);
     layout->addStretch();
-    layout->addLayout(MakeButtons());
+    LayOut(*this, panel, MakeButtons());
     LimitToRepertoire(InpSeparator_, beep, {.TakesTab = true});
     Draw();
     NameTab(InpSeparator_);
@@ -93,6 +95,7 @@ MobileExportDialog::MobileExportDialog(MobileExportFields fields, QWidget* paren
         fields_.InpSeparator = ToText(text);
         NameTab(InpSeparator_);
     });
+    Resize(*this, sizeHint());
     chkHE_[AddRegionCodeBox]->setFocus();
 }
 

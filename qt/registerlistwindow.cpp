@@ -2,12 +2,12 @@
 
 #include "qt/display.h"
 #include "qt/entrylist.h"
+#include "qt/panelarea.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
 #include "qt/windowplace.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -39,14 +39,13 @@ RegisterListWindow::RegisterListWindow(QWidget* parent)
       model_(new EntryListModel(this)) {
     setObjectName(QStringLiteral("NVList"));
     setWindowTitle(QStringLiteral("Telefonregister-Liste filtern - Maske setzen"));
-    auto* layout = new QGridLayout(this);
-    layout->addWidget(MakeBoxes(), 0, 0);
-    layout->addLayout(MakeList(), 0, 1);
-    layout->addLayout(MakeButtons(), 1, 0, 1, 2);
-    layout->setColumnStretch(1, 1);
-    layout->setRowStretch(0, 1);
-    resize(sizeHint().expandedTo(
-        {fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 24}));
+    auto* panel = new QWidget(this);
+    auto* layout = new QHBoxLayout(panel);
+    layout->addWidget(MakeBoxes());
+    layout->addLayout(MakeList(), 1);
+    LayOut(*this, panel, MakeButtons());
+    Resize(*this, sizeHint().expandedTo(
+                      {fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 24}));
     PlaceBeside(*this, *parent);
     chkFi_.front()->setFocus();
 }

@@ -3,6 +3,7 @@
 #include "qt/display.h"
 #include "qt/entryfield.h"
 #include "qt/entrylist.h"
+#include "qt/panelarea.h"
 #include "qt/recordscrollbar.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
@@ -56,12 +57,14 @@ SettingsDialog::SettingsDialog(SettingsFields fields, Desktop& desktop,
     : QDialog(parent), fields_(std::move(fields)), desktop_(desktop), run_(std::move(run)) {
     setObjectName(QStringLiteral("NVSET"));
     setWindowTitle(QStringLiteral("Norvikkonverter - Einstellungen"));
-    auto* layout = new QVBoxLayout(this);
+    auto* panel = new QWidget(this);
+    auto* layout = new QVBoxLayout(panel);
     layout->addWidget(MakeGeneral());
     layout->addWidget(MakeLocation());
     layout->addWidget(MakeSync(), 1);
-    layout->addLayout(MakeButtons());
+    LayOut(*this, panel, MakeButtons());
     Draw();
+    Resize(*this, sizeHint());
     Connect();
     InpLoadfile_->setFocus();
 }

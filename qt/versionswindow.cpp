@@ -1,10 +1,10 @@
 #include "qt/versionswindow.h"
 
 #include "qt/entrylist.h"
+#include "qt/panelarea.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -33,18 +33,16 @@ VersionsWindow::VersionsWindow(QWidget* parent)
       names_(new EntryListModel(this)) {
     setObjectName(QStringLiteral("VERSIONS"));
     setWindowTitle(QStringLiteral("Frühere Stände"));
-    auto* layout = new QGridLayout(this);
-    layout->addLayout(MakeTable(), 0, 0);
-    layout->addLayout(MakeNames(), 0, 1);
-    layout->addLayout(MakeButtons(), 1, 0, 1, 2);
+    auto* panel = new QWidget(this);
+    auto* layout = new QHBoxLayout(panel);
+    layout->addLayout(MakeTable(), 3);
+    layout->addLayout(MakeNames(), 1);
+    LayOut(*this, panel, MakeButtons());
     ListVersions_->installEventFilter(this);
     connect(ListVersions_, &QTableWidget::cellDoubleClicked, ofChosen_.front(),
             &QPushButton::click);
-    layout->setColumnStretch(0, 3);
-    layout->setColumnStretch(1, 1);
-    layout->setRowStretch(0, 1);
-    resize(sizeHint().expandedTo(
-        {fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 24}));
+    Resize(*this, sizeHint().expandedTo(
+                      {fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 24}));
     ListVersions_->setFocus();
 }
 
