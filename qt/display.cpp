@@ -1,6 +1,12 @@
 #include "qt/display.h"
 
 #include <QAccessible>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+#include <algorithm>
 
 namespace norvik {
 
@@ -29,6 +35,40 @@ void Display::Tell() {
     }
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
+}
+
+void Display::LeaveRoom() {
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+QString Display::Fitting() const {
+    const int room = contentsRect().width() - std::max(indent(), 0);
+    return fontMetrics().elidedText(text(), Qt::ElideMiddle, room);
+}
+
+bool Display::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && Fitting() != text()) {
+        const QString remark = toolTip().isEmpty() ? QString() : u'\n' + toolTip();
+        // A tool tip knows markup, a text holds none.
+        QToolTip::showText(dynamic_cast<QHelpEvent*>(event)->globalPos(),
+                           QStringLiteral("<p style='white-space:pre-wrap'>%1</p>")
+                               .arg((text() + remark).toHtmlEscaped()),
+                           this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
+void Display::paintEvent(QPaintEvent* event) {
+    const QString fitting = Fitting();
+    if (fitting == text()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    style()->drawItemText(&painter, contentsRect().adjusted(std::max(indent(), 0), 0, 0, 0),
+                          static_cast<int>(alignment()) | Qt::TextSingleLine, palette(),
+                          isEnabled(), fitting, foregroundRole());
 }
 
 QString Display::NameNow() const {

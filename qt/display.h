@@ -20,10 +20,20 @@ class Display : public QLabel {
     /// Tells a screen reader what is shown, also where it is what was told before.
     void Tell();
 
+    /// Does not widen the window for a long text; what does not fit is shown when the pointer rests
+    /// on the label.
+    void LeaveRoom();
+
     /// A remark that is shown when the pointer rests on the label.
     void SetRemark(const QString& remark);
 
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
   private:
+    /// The text without what the label has no room for.
+    [[nodiscard]] QString Fitting() const;
     [[nodiscard]] QString NameNow() const;
 
     QString meaning_;

@@ -1,5 +1,6 @@
 #include "qt/filedialog.h"
 
+#include "qt/panelarea.h"
 #include "qt/textconversion.h"
 #include "versions/versionstore.h"
 
@@ -218,6 +219,8 @@ std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::Acc
     if (std::filesystem::is_directory(folder, error)) {
         fileDialog.setDirectory(FromFilePath(folder));
     }
+    Resize(fileDialog, {fileDialog.fontMetrics().averageCharWidth() * 100,
+                        fileDialog.fontMetrics().height() * 28});
     allowed.reset();
     if (!fileDialog.Run()) {
         return std::nullopt;

@@ -204,6 +204,7 @@ void SetTabOrder(const MainWindowWidgets& widgets) {
 MainWindowWidgets MakeMainWindowWidgets(QMainWindow& window) {
     MainWindowWidgets widgets;
     auto* splitter = new QSplitter(Qt::Horizontal, &window);
+    splitter->setObjectName(QStringLiteral("Teilung"));
     QWidget* entry = MakeEntryPanel(widgets, splitter);
     auto* scrollable = new PanelArea(entry, splitter);
     QWidget* list = MakeListPanel(widgets, splitter);
@@ -217,8 +218,7 @@ MainWindowWidgets MakeMainWindowWidgets(QMainWindow& window) {
     splitter->setSizes({entry->sizeHint().width(), listWidth});
 
     widgets.Status = MakeDisplay("Status", QStringLiteral("Statuszeile"), &window);
-    // A long text is cut rather than widening the window.
-    widgets.Status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    widgets.Status->LeaveRoom();
     widgets.Status->setIndent(window.fontMetrics().averageCharWidth());
     window.statusBar()->addWidget(widgets.Status, 1);
     SetTabOrder(widgets);

@@ -1,6 +1,7 @@
 #include "qt/messagedialog.h"
 
 #include "base/longreport.h"
+#include "qt/panelarea.h"
 #include "qt/textconversion.h"
 #include "qt/widgetmakers.h"
 
@@ -124,7 +125,9 @@ bool FitsScreen(const QString& text, const QWidget& widget) {
     }
     const QSize screen = widget.screen()->availableSize();
     // Beside the text stand the icon, the margins, the buttons and the window's frame.
-    const QSize room(screen.width() / 2, screen.height() * 2 / 3);
+    QSize room(screen.width() / 2, screen.height() * 2 / 3);
+    const int below = widget.fontMetrics().height() * 6;  // the margins and the buttons
+    room.setHeight(std::min(room.height(), RoomFor(widget).height() - below));
     const QRect needed =
         widget.fontMetrics().boundingRect(QRect(QPoint(0, 0), room), Qt::TextWordWrap, text);
     return needed.width() <= room.width() && needed.height() <= room.height();

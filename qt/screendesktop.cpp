@@ -4,6 +4,7 @@
 #include "qt/filedialog.h"
 #include "qt/mainwindow.h"
 #include "qt/messagedialog.h"
+#include "qt/panelarea.h"
 #include "qt/textconversion.h"
 
 #include <QApplication>
@@ -22,6 +23,7 @@
 #include <QUrl>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace norvik {
@@ -114,8 +116,8 @@ QCheckBox* AddForAllBox(QInputDialog& dialog) {
 /// Makes room for the title beside the buttons of the window's frame.
 void ShowWholeTitle(QWidget& dialog) {
     constexpr int FrameButtons = 120;
-    dialog.setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) +
-                           FrameButtons);
+    const int whole = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + FrameButtons;
+    dialog.setMinimumWidth(std::min(whole, RoomFor(dialog).width()));
 }
 
 }  // namespace

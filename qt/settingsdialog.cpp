@@ -193,8 +193,7 @@ QLayout* SettingsDialog::MakeItems(QWidget* parent) {
         value->setMaximumWidth(fontMetrics().averageCharWidth() * 6);
         Display* output = MakeDisplay("", ItemCaption(item) + QStringLiteral(": Beispiel"), parent);
         output->setObjectName(IndexedName("Testausgabe", static_cast<int>(item)));
-        // A long text is cut rather than widening the dialog.
-        output->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        output->LeaveRoom();
         Testausgabe_.at(item) = output;
         grid->addWidget(explanation, row, 0);
         grid->addWidget(value, row, 1);

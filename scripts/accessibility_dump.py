@@ -23,7 +23,7 @@ LONGEST_WAIT = 30  # seconds; a busy machine, a program with sanitizers
 LONGEST_RUN = 240
 PYTHON = "/usr/bin/python3"  # the system's own has the bindings
 HOME = "NORVIK_DUMP_HOME"
-UNWANTED = ("WAYLAND_DISPLAY", "QT_FONT_DPI", "QT_SCALE_FACTOR", "DBUS_SESSION_BUS_ADDRESS", "AT_SPI_BUS_ADDRESS")
+UNWANTED = ("WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "AT_SPI_BUS_ADDRESS")
 ESCAPE = 0xFF1B  # the key's number in X11
 SKIPPED = 77  # exit status: something is not installed here
 
@@ -40,6 +40,7 @@ WINDOWS = {
     "about": (("Hilfe", "Über das Programm"), "ber das Programm"),
     "question": (("Gebühren", "Zähler löschen..."), ""),
     "input": (("Suchen",), "Suche nach"),
+    "file": (("Datei", "norvik 195/193 laden..."), "ffnen"),
 }
 
 
@@ -53,7 +54,7 @@ def run_on_own_display():
         print("dbus-run-session, Xvfb or python3-pyatspi is not installed")
         sys.exit(SKIPPED)
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-    with tempfile.TemporaryDirectory() as home, display(home) as number:
+    with tempfile.TemporaryDirectory() as home, display() as number:
         runtime = pathlib.Path(home, "runtime")
         runtime.mkdir(mode=0o700)
         environment = {name: value for name, value in os.environ.items() if name not in UNWANTED}
@@ -75,12 +76,13 @@ def run_on_own_display():
 
 
 @contextlib.contextmanager
-def display(folder):
-    """A virtual display; gives its name."""
+def display():
+    """A virtual display; gives its name. SCREEN is its size, QT_FONT_DPI the size of its texts."""
     reading, writing = os.pipe()
     # -displayfd lets the server choose a free number.
     server = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(writing), "-noreset", "-nolisten", "tcp", "-screen", "0", "1600x1000x24", "-dpi", "96"],
+        ["Xvfb", "-displayfd", str(writing), "-noreset", "-nolisten", "tcp", "-screen", "0", os.environ.get("SCREEN", "1600x1000") + "x24",
+         "-dpi", os.environ.get("QT_FONT_DPI", "96")],
         pass_fds=[writing], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:
         os.close(writing)
@@ -235,6 +237,25 @@ class Editor:
         self.key(ESCAPE)
         self.wait(lambda: not any(fits(name, title) for name in self.windows()), f"the end of {title}")
 
+    def answer(self, look):
+        """Looks at the box of the start and closes it."""
+        box = self.window("Fehlerpr")
+        look(box)
+        self.press(self.find(box, "push button", "OK"))
+        self.wait(lambda: len(self.windows()) == 1, "the end of the box")
+
+    @contextlib.contextmanager
+    def opened(self, name):
+        """One of WINDOWS, opened and closed."""
+        way, title = WINDOWS[name]
+        if len(way) == 2:
+            self.choose(*way)
+        elif way:
+            self.press(self.find(self.window(MAIN), "push button", way[0]))
+        yield self.window(title)
+        if way:
+            self.close(title)
+
     def click(self, node):
         """Clicks into the middle of a node."""
         place = node.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
@@ -282,20 +303,11 @@ def main():
     run_on_own_display()
     program = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ROOT / "build/release/qt/norvik-telefonregister")
     with Editor(program) as editor:
-        box = editor.window("Fehlerpr")
-        dump(box)
-        editor.press(editor.find(box, "push button", "OK"))
-        editor.wait(lambda: len(editor.windows()) == 1, "the end of the box")
+        editor.answer(dump)
         for name in sys.argv[2:] or WINDOWS:
-            way, title = WINDOWS[name]
             print(f"\n{name}:")
-            if len(way) == 2:
-                editor.choose(*way)
-            elif way:
-                editor.press(editor.find(editor.window(MAIN), "push button", way[0]))
-            dump(editor.window(title))
-            if way:
-                editor.close(title)
+            with editor.opened(name) as window:
+                dump(window)
 
 
 if __name__ == "__main__":

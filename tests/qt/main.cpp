@@ -7,7 +7,10 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A screen of another size and other texts may be asked for.
+    if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     // Neither the toolkit nor a program that is started reads or writes the user's settings.
     const norvik::test::TestFolder config;
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(config.Path().string()));

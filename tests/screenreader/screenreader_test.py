@@ -219,10 +219,7 @@ def main():
     screen.run_on_own_display()
     failed = 0
     with screen.Editor(sys.argv[1]) as editor:
-        box = editor.window("Fehlerpr")
-        same(default_buttons(box), ["OK"])
-        editor.press(editor.find(box, "push button", "OK"))
-        editor.wait(lambda: len(editor.windows()) == 1, "the end of the box")
+        editor.answer(lambda box: same(default_buttons(box), ["OK"]))
         reader = Reader(editor)
         editor.wait(lambda: reader.value("Statuszeile") == "OK", "the end of the start")
         for test in TESTS:
