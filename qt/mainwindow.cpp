@@ -51,6 +51,7 @@ MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
     ConnectSession();
     DrawCurrentFile();
     Draw();
+    memory_.Follow(*this);
     widgets_.Texts[NameField]->setFocus();
 }
 
@@ -234,6 +235,7 @@ void MainWindow::CloseByMenu() {
 
 void MainWindow::RunMobileExport() {
     MobileExportDialog dialog(NVHE_Load(program_.Set), this, [this] { desktop_.Beep(); });
+    memory_.Follow(dialog);
     connect(&dialog, &MobileExportDialog::exportWanted, this, [this, &dialog] {
         Run([&] { btnExport_Click(dialog.Fields(), program_.State, program_.Set, desktop_); });
     });
@@ -248,6 +250,7 @@ void MainWindow::RunMobileExport() {
 void MainWindow::ShowRegisterList() {
     if (list_ == nullptr) {
         list_ = new RegisterListWindow(this);
+        memory_.Follow(*list_);
         connect(list_, &RegisterListWindow::boxesChanged, this, [this] {
             Run([&] {
                 program_.List.chkFi = list_->Boxes();
@@ -281,6 +284,7 @@ void MainWindow::RunSettings() {
     SettingsDialog dialog(
         NVSET_Load(program_.Set), desktop_,
         [this](const SettingsDialog::Operation& operation) { Run(operation); }, this);
+    memory_.Follow(dialog);
     connect(&dialog, &SettingsDialog::storeWanted, this, [this, &dialog] {
         bool stored = false;
         Run([&] {

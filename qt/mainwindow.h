@@ -6,6 +6,7 @@
 #include "mainwindow/program.h"
 #include "qt/mainwindowwidgets.h"
 #include "qt/screendesktop.h"
+#include "qt/windowmemory.h"
 
 #include <QElapsedTimer>
 #include <QMainWindow>
@@ -31,7 +32,8 @@ class MainWindow : public QMainWindow {
     /// `folder` is the program's folder. `hardStop` ends the process; it must not return to the
     /// operation (tests throw the window away instead). `documentFolder` is where the help
     /// documents are installed, `versionFolder` where earlier versions are kept; without one none
-    /// are. In `settingsFile` the window remembers the last files from one run to the next.
+    /// are. In `settingsFile` the window remembers the last files and the windows' places from
+    /// one run to the next.
     MainWindow(const FilePath& folder, std::function<void()> hardStop,
                const FilePath& documentFolder = {}, const FilePath& versionFolder = {},
                const FilePath& settingsFile = {});
@@ -130,6 +132,7 @@ class MainWindow : public QMainWindow {
     VersionsWindow* versions_ = nullptr;
     DoublesWindow* doubles_ = nullptr;
     FilePath settingsFile_;
+    WindowMemory memory_{settingsFile_};
     RecentFiles shownRecent_;
     QMenu* recentMenu_ = nullptr;
     std::vector<QAction*> saveActions_;

@@ -9,6 +9,7 @@ namespace norvik {
 void MainWindow::ShowDoubles() {
     if (doubles_ == nullptr) {
         doubles_ = new DoublesWindow(this);
+        memory_.Follow(*doubles_);
         connect(doubles_, &DoublesWindow::rowChosen, this, [this](int row) {
             Run([&] { ListDoubles_Click(program_, row, desktop_); }, StoredStep);
         });

@@ -93,6 +93,7 @@ void MainWindow::ConnectVersions() {
 void MainWindow::ShowVersions() {
     if (versions_ == nullptr) {
         versions_ = new VersionsWindow(this);
+        memory_.Follow(*versions_);
         ConnectVersions();
     }
     versions_->Draw(program_.Versions);

@@ -6,7 +6,8 @@
 PROGRAM is the editor's file, by default that of build/release; the pictures go to FOLDER, by default
 build/fit. Each window is opened on a virtual display with a window manager; it fits if its frame stands
 on the screen, and each of its buttons too or in a part that scrolls. Texts that are cut are looked for
-by tests/qt/windowfit_test.cpp. Needs xvfb, openbox, dbus-daemon, python3-pyatspi and imagemagick.
+by tests/qt/windowfit_test.cpp. scripts/packages.sh lists what has to be installed, for tests and for
+screenshots.
 """
 import os
 import pathlib
@@ -15,7 +16,7 @@ import sys
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
-import accessibility_dump as screen  # noqa: E402
+import accessibility_dump as screen
 
 SCREENS = ("1024x600", "1366x768", "1920x1080")
 SIZES = [("QT_SCALE_FACTOR", scale) for scale in ("1", "1.25", "1.5", "2")] + \

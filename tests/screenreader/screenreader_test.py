@@ -9,7 +9,7 @@ import sys
 import traceback
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
-import accessibility_dump as screen  # noqa: E402  (found by the line above)
+import accessibility_dump as screen
 
 PAGE_DOWN, DOWN, TAB, BACK_TAB = 0xFF56, 0xFF54, 0xFF09, 0xFE20
 NAMES, FOCUS, DESCRIPTIONS = ("object:property-change:accessible-name", "object:state-changed:focused",
