@@ -92,6 +92,7 @@ QWidget* SettingsDialog::MakeGeneral() {
     auto* group = new QGroupBox(QStringLiteral("Allgemein"), this);
     DDSprache_ = new QComboBox(group);
     Name(DDSprache_, "DDSprache", QStringLiteral("Sprache"));
+    DDSprache_->setMinimumContentsLength(10);  // the toolkit's own width cuts a large text
     DDSprache_->addItems({QStringLiteral("Deutsch"), QStringLiteral("English")});
     InpLoadfile_ = MakePath("InpLoadfile", QStringLiteral("Datei beim Start laden"), group);
     auto* change = MakeButton("btnChangeLoadfile", QStringLiteral("Ä&ndern"),
