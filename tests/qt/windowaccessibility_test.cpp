@@ -1,5 +1,5 @@
-// What a screen reader finds in the window. What it is told, through the bus that it uses, is tested
-// in the folder tests/screenreader/ with the running program.
+// What a screen reader finds in the window. What it is told, through the bus that it uses, is
+// tested in the folder tests/screenreader/ with the running program.
 #include "tests/qt/windowfixture.h"
 
 #include <QAccessible>
