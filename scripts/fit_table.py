@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 """Looks whether every window fits on small screens and with large texts: a table, and a picture of each.
 
-    scripts/fit_table.py [PROGRAM [FOLDER]]
+    scripts/fit_table.py [PROGRAM [FOLDER [SIZE]]]
 
 PROGRAM is the editor's file, by default that of build/release; the pictures go to FOLDER, by default
-build/fit. Each window is opened on a virtual display with a window manager; it fits if its frame stands
-on the screen, and each of its buttons too or in a part that scrolls. Texts that are cut are looked for
-by tests/qt/windowfit_test.cpp. scripts/packages.sh lists what has to be installed, for tests and for
-screenshots.
+build/fit; a SIZE is a part of those that the table names. Each window is opened on a virtual display
+with a window manager; it fits if its frame stands on the screen, and each of its buttons too or in a
+part that scrolls. Texts that are cut are looked for by tests/qt/windowfit_test.cpp. scripts/packages.sh
+lists what has to be installed, for tests and for screenshots.
 """
 import os
 import pathlib
@@ -87,7 +87,8 @@ def main():
         look_at_all(program, folder)
         return
     folder.mkdir(parents=True, exist_ok=True)
-    rows = {}
+    windows = ["message", *screen.WINDOWS]
+    print("| screen | " + " | ".join(windows) + " |\n|---" + "|---" * len(windows) + "|")
     for size in SCREENS:
         for name, value in SIZES:
             label = f"{size} {'x' if name == 'QT_SCALE_FACTOR' else 'dpi '}{value}"
@@ -95,16 +96,8 @@ def main():
                 continue
             done = subprocess.run([sys.executable, __file__, str(program), str(folder)], stdout=subprocess.PIPE,
                                   text=True, env={**os.environ, "SCREEN": size, name: value, "FIT": label, **PURE[name]})
-            for line in done.stdout.splitlines():
-                if line.count("|") == 2:
-                    row, window, found = line.split("|")
-                    rows.setdefault(row, {})[window] = found
-                    if found != "fits":
-                        print(line)
-    windows = list(dict.fromkeys(window for row in rows.values() for window in row))
-    print("| screen | " + " | ".join(windows) + " |\n|---" * 1 + "|---" * len(windows) + "|")
-    for row, found in rows.items():
-        print(f"| {row} | " + " | ".join("fits" if found.get(w) == "fits" else "NO" for w in windows) + " |")
+            found = dict(line.split("|")[1:] for line in done.stdout.splitlines() if line.count("|") == 2)
+            print(f"| {label} | " + " | ".join(found.get(window, "not seen") for window in windows) + " |", flush=True)
 
 
 if __name__ == "__main__":
