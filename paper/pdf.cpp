@@ -108,22 +108,22 @@ Bytes Written(HPDF_Doc document) {
 
 }  // namespace
 
-Bytes PdfOf(const PaperDocument& from) {
-    const Document document(HPDF_New(nullptr, nullptr), &HPDF_Free);
-    Require(document != nullptr);
-    HPDF_Doc pdf = document.get();
+Bytes PdfOf(const PaperDocument& document) {
+    const Document owner(HPDF_New(nullptr, nullptr), &HPDF_Free);
+    Require(owner != nullptr);
+    HPDF_Doc pdf = owner.get();
     RequireOk(HPDF_SetCompressionMode(pdf, HPDF_COMP_ALL));
-    RequireOk(HPDF_SetInfoAttr(pdf, HPDF_INFO_TITLE, BytesOf(from.Title).c_str()));
+    RequireOk(HPDF_SetInfoAttr(pdf, HPDF_INFO_TITLE, BytesOf(document.Title).c_str()));
     RequireOk(HPDF_SetInfoAttr(pdf, HPDF_INFO_CREATOR, "norvik Telefonregister"));
     const Fonts fonts = {.Regular = LoadFont(pdf, ListFont(false), "NORVAA"),
                          .Bold = LoadFont(pdf, ListFont(true), "NORVAB")};
-    for (const PaperPage& one : from.Pages) {
+    for (const PaperPage& one : document.Pages) {
         HPDF_Page page = HPDF_AddPage(pdf);
         Require(page != nullptr);
-        RequireOk(HPDF_Page_SetWidth(page, Real(from.Size.Width)));
-        RequireOk(HPDF_Page_SetHeight(page, Real(from.Size.Height)));
-        DrawLines(page, one, from.Size.Height);
-        DrawTexts(page, one, from.Size.Height, fonts);
+        RequireOk(HPDF_Page_SetWidth(page, Real(document.Size.Width)));
+        RequireOk(HPDF_Page_SetHeight(page, Real(document.Size.Height)));
+        DrawLines(page, one, document.Size.Height);
+        DrawTexts(page, one, document.Size.Height, fonts);
     }
     return Written(pdf);
 }
