@@ -1,5 +1,6 @@
 #include "qt/phonelistdialog.h"
 
+#include "qt/panelarea.h"
 #include "qt/widgetmakers.h"
 
 #include <QButtonGroup>
@@ -26,7 +27,8 @@ PhoneListDialog::PhoneListDialog(const PhoneListFields& fields, QWidget* parent)
     setObjectName(QStringLiteral("PHONELIST"));
     setWindowTitle(fields.AsPdf ? QStringLiteral("Telefonliste als PDF speichern")
                                 : QStringLiteral("Telefonliste drucken"));
-    auto* layout = new QVBoxLayout(this);
+    auto* panel = new QWidget(this);
+    auto* layout = new QVBoxLayout(panel);
     auto* entries =
         MakeChoice(QStringLiteral("Einträge"), "OptEntries",
                    {EntriesCaption(u"&Alle", fields.Counts[0]),
@@ -48,7 +50,8 @@ PhoneListDialog::PhoneListDialog(const PhoneListFields& fields, QWidget* parent)
         options_.Paper == Papers[0] ? 0 : 1, &PhoneListDialog::ChoosePaper));
     layout->addLayout(beside);
     layout->addStretch();
-    layout->addLayout(MakeButtons(fields.AsPdf));
+    LayOut(*this, panel, MakeButtons(fields.AsPdf));
+    Resize(*this, sizeHint());
 }
 
 QWidget* PhoneListDialog::MakeChoice(const QString& title, const char* name,

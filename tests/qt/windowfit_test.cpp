@@ -97,6 +97,10 @@ TEST_F(WindowFit, TheMobileExport) {
     Shows("mnuDateiHandyexp", [this] { Dialogs.Drive([](QDialog&) {}); });
 }
 
+TEST_F(WindowFit, ThePhoneList) {
+    Shows("mnuDateiPrint", [this] { Dialogs.Drive([](QDialog&) {}); });
+}
+
 TEST_F(WindowFit, TheSettings) {
     Shows("mnuSettingsBasic", [this] { Dialogs.Drive([](QDialog&) {}); });
 }
