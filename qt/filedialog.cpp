@@ -211,6 +211,9 @@ std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::Acc
     std::optional<WithPlatformsDialog> allowed(std::in_place);
     PlainFileDialog fileDialog(dialog.ending, hidden, parent);
     fileDialog.setAcceptMode(mode);
+    // As the toolkit calls its own.
+    fileDialog.setWindowTitle(mode == QFileDialog::AcceptOpen ? QFileDialog::tr("Open")
+                                                              : QFileDialog::tr("Save As"));
     fileDialog.setFileMode(QFileDialog::AnyFile);
     fileDialog.setNameFilters(NameFilters(dialog.filter));
     fileDialog.setProxyModel(new GermanDetails(hidden, &fileDialog));

@@ -1,6 +1,7 @@
 // What of the main window has to do with files that come to it beside the menu's dialogs.
 #include "mainwindow/givenfile.h"
 #include "qt/droppedfiles.h"
+#include "qt/icons.h"
 #include "qt/mainwindow.h"
 #include "qt/remembered.h"
 #include "qt/textconversion.h"
@@ -16,6 +17,7 @@ namespace norvik {
 void MainWindow::AddRecentMenu(QMenu* menu, QAction* before) {
     recentMenu_ = new QMenu(QStringLiteral("Zule&tzt geöffnet"), menu);
     recentMenu_->setObjectName(QStringLiteral("mnuDateiRecent"));
+    recentMenu_->setIcon(MenuIcon("mnuDateiRecent"));
     menu->insertMenu(before, recentMenu_);
     menu->insertSeparator(before);
     program_.Recent = ReadRecentFiles(settingsFile_);

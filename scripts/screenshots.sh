@@ -226,7 +226,7 @@ await "$main"
 load() {
     press ctrl+o
     await '^.*ffnen$'
-    xdotool type --delay 30 telefonbuch.t9t
+    xdotool type --delay 30 "$program_folder/telefonbuch.t9t"
     press Return
     await '^Fehlerpr'
     press Return
@@ -237,7 +237,7 @@ load
 press alt+e
 press alt+d s
 await '^Speichern unter$'
-xdotool type --delay 30 telefonbuch.t9t
+xdotool type --delay 30 "$program_folder/telefonbuch.t9t"
 press Return
 await_still
 press alt+j
