@@ -91,6 +91,7 @@ void EntryListView::SelectRow(std::optional<int> row) {
 
 void EntryListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     // The toolkit's list tells a screen reader that the row has the focus, wherever the focus is.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     QAbstractItemView::currentChanged(current, previous);
     TellFocus();
     if (!selecting_ && !deferred_) {
