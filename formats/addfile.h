@@ -10,7 +10,8 @@ namespace norvik {
 
 /// Asks for a file of a format that can be loaded and adds its entries to the register, which is
 /// then sorted and shows the first one of them; tells in one report what was added and what its
-/// reader found. Of a file that cannot be read to its end the whole entries are added. The register stays that of its own file.
+/// reader found. Of a file that cannot be read to its end the whole entries are added. The register
+/// stays that of its own file.
 void mnuDateiAdd(RegisterState& state, const Settings& settings, const CsvLoadOptions& options,
                  Desktop& desktop);
 

@@ -42,9 +42,9 @@ void AddRecent(RecentFiles& files, const FilePath& path, const FilePath& hidden)
     files.Paths.resize(std::min(files.Paths.size(), MostRecentFiles));
 }
 
-void NoteFolder(RecentFiles& files, const FilePath& folder, const FilePath& hidden) {
-    if (!folder.empty() && !IsInFolder(folder, hidden)) {
-        files.Folder = FullPath(folder);
+void NoteFolder(RecentFiles& files, const FilePath& visited, const FilePath& hidden) {
+    if (!visited.empty() && !IsInFolder(visited, hidden)) {
+        files.Folder = FullPath(visited);
     }
 }
 

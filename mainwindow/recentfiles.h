@@ -21,7 +21,7 @@ struct RecentFiles {
 void AddRecent(RecentFiles& files, const FilePath& path, const FilePath& hidden);
 
 /// The user chose a file of the folder in a dialog.
-void NoteFolder(RecentFiles& files, const FilePath& folder, const FilePath& hidden);
+void NoteFolder(RecentFiles& files, const FilePath& visited, const FilePath& hidden);
 
 void RemoveRecent(RecentFiles& files, const FilePath& path);
 

@@ -74,14 +74,17 @@ class PlainFileDialog : public QFileDialog {
     }
 
     void accept() override {
-        if (IsPlatformsOwn()) {  // it is closed already
-            QFileDialog::accept();
-        } else if (const QString folder = TypedFolder(); !folder.isEmpty() && !IsHidden()) {
-            setDirectory(folder);
-            NameField()->clear();  // the folder is open now, and not the name of a file in it
-        } else if (MayTake()) {
-            QFileDialog::accept();
+        if (!IsPlatformsOwn()) {  // that one is closed already
+            if (const QString folder = TypedFolder(); !folder.isEmpty() && !IsHidden()) {
+                setDirectory(folder);
+                NameField()->clear();  // the folder is open now, and not the name of a file in it
+                return;
+            }
+            if (!MayTake()) {
+                return;
+            }
         }
+        QFileDialog::accept();
     }
 
     /// Shows the dialog until it is cancelled or gives a name that may be taken.

@@ -30,12 +30,12 @@ namespace norvik {
 
 MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
                        const FilePath& documentFolder, const FilePath& versionFolder,
-                       const FilePath& settingsFile)
+                       FilePath settingsFile)
     : desktop_(*this),
       hardStop_(std::move(hardStop)),
       widgets_(MakeMainWindowWidgets(*this)),
       model_(new EntryListModel(this)),
-      settingsFile_(settingsFile) {
+      settingsFile_(std::move(settingsFile)) {
     setObjectName(QStringLiteral("MW"));
     setAcceptDrops(true);
     program_.Folder = folder;

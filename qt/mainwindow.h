@@ -2,6 +2,7 @@
 // the one place where operations are started.
 #pragma once
 
+#include "mainwindow/givenfile.h"
 #include "mainwindow/menu.h"
 #include "mainwindow/program.h"
 #include "qt/mainwindowwidgets.h"
@@ -13,6 +14,8 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
 class QPrinter;
 
@@ -36,7 +39,7 @@ class MainWindow : public QMainWindow {
     /// one run to the next.
     MainWindow(const FilePath& folder, std::function<void()> hardStop,
                const FilePath& documentFolder = {}, const FilePath& versionFolder = {},
-               const FilePath& settingsFile = {});
+               FilePath settingsFile = {});
 
     /// Runs the start-up with the program's arguments joined by blanks and the file that the
     /// desktop hands over, if any; to be called once, when the window is shown.
@@ -88,6 +91,8 @@ class MainWindow : public QMainWindow {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    /// Loads what was dropped, once the drop itself has ended.
+    Q_INVOKABLE void TakeDropped();
     void MakeMenus();
     void MakeShortcuts();
     void AddRecentMenu(QMenu* menu, QAction* before);
@@ -135,6 +140,7 @@ class MainWindow : public QMainWindow {
     WindowMemory memory_{settingsFile_};
     RecentFiles shownRecent_;
     QMenu* recentMenu_ = nullptr;
+    std::pair<std::vector<FilePath>, Dropped> dropped_;  ///< waits for the end of the drop
     std::vector<QAction*> saveActions_;
     std::vector<std::pair<QAction*, bool MainWindowFields::*>> checkActions_;
     /// The items whose captions change.

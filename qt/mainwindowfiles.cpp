@@ -12,6 +12,8 @@
 #include <QMenu>
 #include <QMimeData>
 
+#include <utility>
+
 namespace norvik {
 
 void MainWindow::AddRecentMenu(QMenu* menu, QAction* before) {
@@ -96,15 +98,17 @@ void MainWindow::dropEvent(QDropEvent* event) {
         event->modifiers().testFlag(Qt::ControlModifier) ? Dropped::Add : Dropped::Load;
     activateWindow();
     // The other program waits for the end of the drop, but not for that of the questions.
-    QMetaObject::invokeMethod(
-        this,
-        [this, files, what] {
-            if (running_ == 0) {
-                Run([&] { TakeDroppedFiles(program_, files, what, desktop_, desktop_); },
-                    StepOfFile(files.front(), what));
-            }
-        },
-        Qt::QueuedConnection);
+    dropped_ = {files, what};
+    QMetaObject::invokeMethod(this, "TakeDropped", Qt::QueuedConnection);
+}
+
+void MainWindow::TakeDropped() {
+    const auto taken = std::exchange(dropped_, {});
+    const std::vector<FilePath>& files = taken.first;
+    if (running_ == 0 && !files.empty()) {
+        Run([&] { TakeDroppedFiles(program_, files, taken.second, desktop_, desktop_); },
+            StepOfFile(files.front(), taken.second));
+    }
 }
 
 }  // namespace norvik

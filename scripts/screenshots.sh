@@ -260,9 +260,10 @@ for file, day, reason in zip(files, days, reasons):
     when = calendar.timegm(day)
     version = version[:9] + struct.pack("<Bq", reason, when) + version[18:19]
     version += struct.pack("<I", len(original)) + original + content
-    check = 0xCBF29CE484222325
-    for byte in version:
-        check = (check ^ byte) * 0x100000001B3 % 2**64
+    check = len(version)
+    for i in range(0, len(version), 8):
+        check = (check ^ int.from_bytes(version[i:i + 8], "little")) * 0x9E3779B97F4A7C15 % 2**64
+        check ^= check >> 32
     with open(f"staende/{when:012}-{check:016x}.stand", "wb") as stream:
         stream.write(version + struct.pack("<Q", check))
     os.remove(file)

@@ -60,6 +60,24 @@ VCardCharset CharsetNamed(Charset characters) {
     return VCardCharset::Undeclared;
 }
 
+/// Where the first property of the name goes as it is; nullptr for names that take more than that.
+SimplifiedText* FirstTextOf(VCardName what, VCardContact& contact) {
+    switch (what) {
+    case VCardName::PhoneticFamily:
+        return &contact.PhoneticFamily;
+    case VCardName::PhoneticGiven:
+        return &contact.PhoneticGiven;
+    case VCardName::SortName:
+        return &contact.SortName;
+    case VCardName::Nickname:
+        return &contact.Nickname;
+    case VCardName::Mail:
+        return &contact.Mail;
+    default:
+        return nullptr;
+    }
+}
+
 }  // namespace
 
 VCardReader::VCardReader(InputStream& input, Charset characters)
@@ -172,6 +190,10 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
     if (transfer != VCardTransfer::Plain) {
         value = TransferredBytes(value, transfer, transferred_);
     }
+    if (SimplifiedText* const first = FirstTextOf(what, contact)) {
+        TakeFirst(*first, value, charset);
+        return;
+    }
     switch (what) {
     case VCardName::Version:
         if (charset_ == VCardCharset::Undeclared && TrimmedBytes(value).starts_with('4')) {
@@ -184,23 +206,8 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
             TakeSortName(property, charset, contact);
         }
         break;
-    case VCardName::PhoneticFamily:
-        TakeFirst(contact.PhoneticFamily, value, charset);
-        break;
-    case VCardName::PhoneticGiven:
-        TakeFirst(contact.PhoneticGiven, value, charset);
-        break;
-    case VCardName::SortName:
-        TakeFirst(contact.SortName, value, charset);
-        break;
     case VCardName::FullName:
         contact.NameGaveWay = TakeFirst(contact.FullName, value, charset) || contact.NameGaveWay;
-        break;
-    case VCardName::Nickname:
-        TakeFirst(contact.Nickname, value, charset);
-        break;
-    case VCardName::Mail:
-        TakeFirst(contact.Mail, value, charset);
         break;
     case VCardName::Organisation:
         if (contact.Organisation.Value.empty()) {
@@ -228,9 +235,7 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
     case VCardName::Kind:
         contact.IsGroup = EqualsIgnoringCase(TrimmedBytes(value), "group");
         break;
-    case VCardName::Begin:
-    case VCardName::End:
-    case VCardName::Agent:
+    default:  // the edges of a card
         break;
     }
 }
