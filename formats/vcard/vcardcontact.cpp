@@ -60,23 +60,14 @@ VCardCharset CharsetNamed(Charset characters) {
     return VCardCharset::Undeclared;
 }
 
-/// Where the first property of the name goes as it is; nullptr for names that take more than that.
-SimplifiedText* FirstTextOf(VCardName what, VCardContact& contact) {
-    switch (what) {
-    case VCardName::PhoneticFamily:
-        return &contact.PhoneticFamily;
-    case VCardName::PhoneticGiven:
-        return &contact.PhoneticGiven;
-    case VCardName::SortName:
-        return &contact.SortName;
-    case VCardName::Nickname:
-        return &contact.Nickname;
-    case VCardName::Mail:
-        return &contact.Mail;
-    default:
-        return nullptr;
-    }
-}
+/// Where the first property of a name goes as it is.
+constexpr std::pair<VCardName, SimplifiedText VCardContact::*> FirstTexts[] = {
+    {VCardName::PhoneticFamily, &VCardContact::PhoneticFamily},
+    {VCardName::PhoneticGiven, &VCardContact::PhoneticGiven},
+    {VCardName::SortName, &VCardContact::SortName},
+    {VCardName::Nickname, &VCardContact::Nickname},
+    {VCardName::Mail, &VCardContact::Mail},
+};
 
 }  // namespace
 
@@ -190,9 +181,11 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
     if (transfer != VCardTransfer::Plain) {
         value = TransferredBytes(value, transfer, transferred_);
     }
-    if (SimplifiedText* const first = FirstTextOf(what, contact)) {
-        TakeFirst(*first, value, charset);
-        return;
+    for (const auto& [name, text] : FirstTexts) {
+        if (name == what) {
+            TakeFirst(contact.*text, value, charset);
+            return;
+        }
     }
     switch (what) {
     case VCardName::Version:
@@ -235,7 +228,7 @@ void VCardReader::TakeText(VCardName what, const VCardProperty& property, VCardC
     case VCardName::Kind:
         contact.IsGroup = EqualsIgnoringCase(TrimmedBytes(value), "group");
         break;
-    default:  // the edges of a card
+    default:  // the first texts, and the edges of a card
         break;
     }
 }
