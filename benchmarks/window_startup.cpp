@@ -1,6 +1,6 @@
 // Constructing, showing and starting the main window, without a start file and with one, against an
-// empty QMainWindow, both shown and painted once; and a load in a window that stands, which keeps
-// what was there, against the same in one that keeps nothing.
+// empty QMainWindow, both shown and painted once; and a load and an operation on all entries in a
+// window that stands, which keeps what was there, against the same in one that keeps nothing.
 #include "benchmarks/ratios.h"
 #include "benchmarks/registers.h"
 #include "formats/registerfile/registerfile.h"
@@ -10,8 +10,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
 
 #include <fstream>
 
@@ -94,6 +98,49 @@ void WindowLoad_Baseline(benchmark::State& run) {
     Load(run, {});
 }
 BENCHMARK(WindowLoad_Baseline)->Apply(EntryCounts);
+
+/// Answers the question that is open, when it is.
+void AnswerOk() {
+    QTimer::singleShot(0, [] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) {
+            AnswerOk();
+            return;
+        }
+        box->button(QMessageBox::Ok)->click();
+    });
+}
+
+/// Clears the charges of all entries, question and all, and takes it back, time and again.
+void ClearAll(benchmark::State& run, const FilePath& versionFolder) {
+    const FilePath folder = BenchmarkFolder();
+    MainWindow window(
+        folder, [] {}, {}, versionFolder);
+    window.show();
+    window.Start(QString(), StartFile(folder, run));
+    auto* const clear = window.findChild<QAction*>(QStringLiteral("mnuGebDelete"));
+    auto* const undo = window.findChild<QAction*>(QStringLiteral("mnuBearbeitenUndo"));
+    for (auto _ : run) {
+        AnswerOk();
+        clear->trigger();
+        QApplication::processEvents();
+        run.PauseTiming();
+        undo->trigger();
+        QApplication::processEvents();
+        run.ResumeTiming();
+    }
+}
+
+void WindowClearAll(benchmark::State& run) {
+    ClearAll(run, BenchmarkFolder() / "staende");
+    std::filesystem::remove_all(BenchmarkFolder() / "staende");
+}
+BENCHMARK(WindowClearAll)->Apply(EntryCounts);
+
+void WindowClearAll_Baseline(benchmark::State& run) {
+    ClearAll(run, {});
+}
+BENCHMARK(WindowClearAll_Baseline)->Apply(EntryCounts);
 
 }  // namespace
 
