@@ -52,4 +52,10 @@ TEST_PACKAGES=(clang libclang-rt-14-dev lld ccache libgtest-dev libgmock-dev pyt
 LINT_PACKAGES=(clang-format clang-tidy git hunspell hunspell-de-de hunspell-en-us python3 shellcheck)
 BENCHMARK_PACKAGES=(libbenchmark-dev python3 abook)
 COVERAGE_PACKAGES=(gcovr)
+# To build for Windows: the converter, the window's toolkit, the installer; and to try all of it.
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix libz-mingw-w64-dev cmake
+    ninja-build dpkg-dev xz-utils)
+WINDOWS_TOOLKIT_PACKAGES=(qt6-base-dev qt6-base-dev-tools perl python3)
+WINDOWS_SETUP_PACKAGES=(qt6-translations-l10n nsis zip imagemagick librsvg2-bin)
+WINDOWS_CHECK_PACKAGES=(wine wine64 xvfb xdotool imagemagick)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm-14 libhpdf-dev)
