@@ -163,6 +163,12 @@ FilePath WithEnding(const FilePath& path, std::string_view ending) {
     return result;
 }
 
+FilePath FullPath(const FilePath& path) {
+    std::error_code error;
+    const FilePath full = std::filesystem::absolute(path, error);
+    return (error ? path : full).lexically_normal();
+}
+
 Text TextFromPath(const FilePath& path) {
     Text text;
     for (const char32_t point : CodePoints(path.u8string())) {

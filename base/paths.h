@@ -23,6 +23,9 @@ FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name);
 /// `path` with `ending` (for example ".t9t") appended when the file's name holds no ".".
 FilePath WithEnding(const FilePath& path, std::string_view ending);
 
+/// The path from the root on, without "." and ".."; the path itself where that cannot be told.
+FilePath FullPath(const FilePath& path);
+
 /// A path for showing: characters outside Windows-1252 become "?".
 Text TextFromPath(const FilePath& path);
 

@@ -99,7 +99,7 @@ void WindowLoad_Baseline(benchmark::State& run) {
 }
 BENCHMARK(WindowLoad_Baseline)->Apply(EntryCounts);
 
-/// Answers the question that is open, when it is.
+/// Answers the question that is open, when it is there to be seen.
 void AnswerOk() {
     QTimer::singleShot(0, [] {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -107,6 +107,7 @@ void AnswerOk() {
             AnswerOk();
             return;
         }
+        QApplication::processEvents();  // its first painting
         box->button(QMessageBox::Ok)->click();
     });
 }

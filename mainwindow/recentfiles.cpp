@@ -10,12 +10,6 @@ namespace norvik {
 
 namespace {
 
-FilePath FullPath(const FilePath& path) {
-    std::error_code error;
-    const FilePath full = std::filesystem::absolute(path, error);
-    return (error ? path : full).lexically_normal();
-}
-
 /// The end of a long folder tells more than its beginning.
 Text ShownFolder(const FilePath& folder) {
     constexpr std::size_t Longest = 50;

@@ -1,6 +1,8 @@
 #include "paper/phonelist.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace norvik {
 
@@ -81,8 +83,14 @@ PhoneListRow RowOfEntry(const RegisterEntry& entry) {
             .Info = InfoLinesOf(entry)};
 }
 
-bool IsEmptyRow(const PhoneListRow& row) {
-    return row.Name.empty() && row.Tel.empty() && row.Info.empty();
+/// The row of an entry that the list shows; an entry that shows nothing has none.
+std::optional<PhoneListRow> ShownRow(const RegisterEntry& entry, ListedEntries which) {
+    if (!IsWanted(entry, which)) {
+        return std::nullopt;
+    }
+    PhoneListRow row = RowOfEntry(entry);
+    const bool isEmpty = row.Name.empty() && row.Tel.empty() && row.Info.empty();
+    return isEmpty ? std::nullopt : std::optional(std::move(row));
 }
 
 }  // namespace
@@ -93,12 +101,11 @@ std::vector<PhoneListRow> PhoneListRows(const RegisterState& state, ListedEntrie
     Text before;
     for (int position = 1; position <= state.AnzGes; ++position) {
         const RegisterEntry& entry = EntryAt(state, position);
-        PhoneListRow row = RowOfEntry(entry);
-        if (IsWanted(entry, which) && !IsEmptyRow(row)) {
+        if (std::optional<PhoneListRow> row = ShownRow(entry, which)) {
             Text key = LowerCase(entry.Name);
             isSorted = isSorted && before <= key;
             before = std::move(key);
-            rows.push_back(std::move(row));
+            rows.push_back(*std::move(row));
         }
     }
     if (isSorted) {  // "#" is less than any letter
@@ -112,8 +119,7 @@ std::vector<PhoneListRow> PhoneListRows(const RegisterState& state, ListedEntrie
 int CountPhoneListRows(const RegisterState& state, ListedEntries which) {
     int count = 0;
     for (int position = 1; position <= state.AnzGes; ++position) {
-        const RegisterEntry& entry = EntryAt(state, position);
-        count += IsWanted(entry, which) && !IsEmptyRow(RowOfEntry(entry)) ? 1 : 0;
+        count += ShownRow(EntryAt(state, position), which) ? 1 : 0;
     }
     return count;
 }

@@ -17,17 +17,16 @@
 #include <utility>
 #include <vector>
 
-class QPrinter;
-
 class QMenu;
+class QPrinter;
 
 namespace norvik {
 
-class RegisterListWindow;
 class DoublesWindow;
+class EntryListModel;
+class RegisterListWindow;
 class SessionManager;
 class VersionsWindow;
-class EntryListModel;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT

@@ -69,9 +69,7 @@ void MainWindow::NoteSavedRegister() {
 FilePath MainWindow::DialogFolder(bool saves) const {
     const FilePath& current = program_.State.File.Path;
     if (saves && !current.empty() && !IsInFolder(current, program_.Keep.Folder)) {
-        std::error_code error;
-        const FilePath full = std::filesystem::absolute(current, error);
-        return (error ? current : full).parent_path();
+        return FullPath(current).parent_path();
     }
     return program_.Recent.Folder;
 }

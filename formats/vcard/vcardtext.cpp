@@ -232,12 +232,6 @@ void AssignVCardText(SimplifiedText& text, std::string_view bytes, VCardCharset 
     }
 }
 
-SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
-    SimplifiedText text;
-    AssignVCardText(text, bytes, charset);
-    return text;
-}
-
 void AssignVCardLine(SimplifiedText& text, std::string_view bytes, VCardCharset charset) {
     if (!AssignUsualVCardText(text, bytes, charset)) {
         text = Decoded(bytes, charset);

@@ -17,11 +17,9 @@ enum class VCardCharset {
 /// The character set of that name; Undeclared for an unknown one.
 VCardCharset VCardCharsetOf(std::string_view name);
 
-/// The characters that the bytes stand for, spelled with those of Windows-1252. Line ends become
-/// U+000A, other control characters and the hard blank a blank; blanks at the ends of lines go, and
-/// so do several in a row.
-SimplifiedText VCardText(std::string_view bytes, VCardCharset charset);
-/// Puts them into the place of a text.
+/// Gives `text` the characters that the bytes stand for, spelled with those of Windows-1252. Line
+/// ends become U+000A, other control characters and the hard blank a blank; blanks at the ends of
+/// lines go, and so do several in a row.
 void AssignVCardText(SimplifiedText& text, std::string_view bytes, VCardCharset charset);
 
 /// The same, if the bytes need no more than a look: what most values are made of, in one line and

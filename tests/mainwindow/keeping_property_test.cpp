@@ -7,8 +7,8 @@
 #include "ringtones/tonenames.h"
 #include "tests/mainwindow/randomuser.h"
 #include "tests/support/builders.h"
-#include "tests/support/environment.h"
 #include "tests/support/ledger.h"
+#include "tests/support/sequences.h"
 #include "tests/support/settings.h"
 
 #include <gtest/gtest.h>
@@ -376,21 +376,13 @@ EntrySet Sequence::Standing() {
 }
 
 void Sequence::Check(const char* when) {
-    const EntrySet lost = ledger_.Lost(Standing());
-    if (!lost.empty() && finding_.empty()) {
-        finding_ = "lost " + std::string(when) + ": " + *lost.begin();
+    if (finding_.empty()) {
+        finding_ = ledger_.Finding(when, Standing());
     }
 }
 
-/// NORVIK_SEQUENCES in the environment lets it work longer, NORVIK_FIRST_SEQUENCE elsewhere.
 TEST(KeepingProperty, WhatWasStoredAndNotErasedStandsSomewhere) {
-    const unsigned first = FromEnvironment("NORVIK_FIRST_SEQUENCE", 1);
-    const unsigned sequences = FromEnvironment("NORVIK_SEQUENCES", 20);
-    constexpr int Operations = 40;
-    for (unsigned seed = first; seed < first + sequences; ++seed) {
-        const TestFolder folder;
-        EXPECT_EQ(Sequence(folder, seed).Run(Operations), "") << "seed " << seed;
-    }
+    ExpectNoFinding<Sequence>("NORVIK_SEQUENCES", 20);
 }
 
 }  // namespace

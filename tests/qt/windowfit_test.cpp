@@ -150,11 +150,11 @@ struct Screen {
     int dpi;
 };
 
+/// The narrowest in each way; scripts/fit_table.py looks at all of them.
 class SmallScreens : public testing::TestWithParam<Screen> {};
 
 INSTANTIATE_TEST_SUITE_P(Sizes, SmallScreens,
-                         testing::Values(Screen{1024, 600, 1, 96}, Screen{1024, 600, 2, 96},
-                                         Screen{1024, 600, 1, 192}, Screen{1366, 768, 1, 144},
+                         testing::Values(Screen{1024, 600, 2, 96}, Screen{1024, 600, 1, 192},
                                          Screen{1920, 1080, 1.25, 96}),
                          [](const auto& screen) {
                              return std::to_string(screen.param.width) + "x" +

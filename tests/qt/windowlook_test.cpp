@@ -80,63 +80,68 @@ struct Named {
     const char* caption;
 };
 
-void PrintTo(const Named& named, std::ostream* out) {
-    *out << named.name;
-}
-
-class EachWidget : public WindowLook, public testing::WithParamInterface<Named> {};
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, EachWidget,
-    testing::Values(
-        Named{"Anzeigefeld(0)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(1)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(2)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(3)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(4)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(5)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(6)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(7)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(8)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(9)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(10)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(11)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(12)", "QLineEdit", nullptr},
-        Named{"Anzeigefeld(13)", "QLineEdit", nullptr}, Named{"DDTon", "QComboBox", nullptr},
-        Named{"chkTon", "QCheckBox", "Indiv. Tonruf"}, Named{"DDAB", "QComboBox", nullptr},
-        Named{"DDMSN", "QComboBox", nullptr}, Named{"chkCharge", "QCheckBox", "Gebührenzähler"},
-        Named{"OptFilter(0)", "QRadioButton", "aus"},
-        Named{"OptFilter(1)", "QRadioButton", "Anruf"},
-        Named{"OptFilter(2)", "QRadioButton", "VIP"}, Named{"OptFilter(3)", "QRadioButton", "CD"},
-        Named{"AnzGeb", "QLabel", nullptr}, Named{"chkExport", "QCheckBox", "Exportieren"},
-        Named{"AnzNr", "QLabel", nullptr}, Named{"AnzGes", "QLabel", nullptr},
-        Named{"AnzMarkiert", "QLabel", nullptr}, Named{"Index", "QLabel", nullptr},
-        Named{"Satzwahl", "QScrollBar", nullptr}, Named{"TelRegListe", "QListView", nullptr},
-        Named{"chkListFilter", "QCheckBox", "Filter aktiv"}, Named{"Status", "QLabel", nullptr},
-        Named{"AnzQuelle", "QLabel", nullptr}, Named{"AnzQuellZeit", "QLabel", nullptr},
-        Named{"Bild1", "QWidget", nullptr}, Named{"btnSaveChange", "QPushButton", "Übernehmen"},
-        Named{"btnNew", "QPushButton", "Neu"}, Named{"btnErase", "QPushButton", "Löschen"},
-        Named{"btnEraseCharge", "QPushButton", "Zähler löschen"},
-        Named{"btnSearch", "QPushButton", "suchen..."},
-        Named{"btnSearchMore", "QPushButton", "mehr..."}));
-
-TEST_P(EachWidget, IsFoundByItsNameWithItsKindCaptionAndAccessibleName) {
+TEST_F(WindowLook, EachWidgetIsFoundByItsNameWithItsKindCaptionAndAccessibleName) {
     Open();
-    const auto widgets = Window->findChildren<QWidget*>(GetParam().name);
-    ASSERT_EQ(widgets.size(), 1);
-    const QWidget* widget = widgets.first();
-    EXPECT_TRUE(widget->inherits(GetParam().className));
-    EXPECT_FALSE(widget->accessibleName().isEmpty());
-    EXPECT_TRUE(widget->isVisible());
-    EXPECT_EQ(widget->isEnabled(), std::string(GetParam().name) != "btnSearchMore");
-    if (GetParam().caption != nullptr) {
-        EXPECT_EQ(TextOf(GetParam().name), GetParam().caption);
-    }
-    if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-        EXPECT_EQ(label->textFormat(), Qt::PlainText);
-    }
-    if (const auto* list = qobject_cast<const QComboBox*>(widget)) {
-        EXPECT_FALSE(list->isEditable());
+    const std::vector<Named> expected = {Named{"Anzeigefeld(0)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(1)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(2)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(3)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(4)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(5)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(6)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(7)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(8)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(9)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(10)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(11)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(12)", "QLineEdit", nullptr},
+                                         Named{"Anzeigefeld(13)", "QLineEdit", nullptr},
+                                         Named{"DDTon", "QComboBox", nullptr},
+                                         Named{"chkTon", "QCheckBox", "Indiv. Tonruf"},
+                                         Named{"DDAB", "QComboBox", nullptr},
+                                         Named{"DDMSN", "QComboBox", nullptr},
+                                         Named{"chkCharge", "QCheckBox", "Gebührenzähler"},
+                                         Named{"OptFilter(0)", "QRadioButton", "aus"},
+                                         Named{"OptFilter(1)", "QRadioButton", "Anruf"},
+                                         Named{"OptFilter(2)", "QRadioButton", "VIP"},
+                                         Named{"OptFilter(3)", "QRadioButton", "CD"},
+                                         Named{"AnzGeb", "QLabel", nullptr},
+                                         Named{"chkExport", "QCheckBox", "Exportieren"},
+                                         Named{"AnzNr", "QLabel", nullptr},
+                                         Named{"AnzGes", "QLabel", nullptr},
+                                         Named{"AnzMarkiert", "QLabel", nullptr},
+                                         Named{"Index", "QLabel", nullptr},
+                                         Named{"Satzwahl", "QScrollBar", nullptr},
+                                         Named{"TelRegListe", "QListView", nullptr},
+                                         Named{"chkListFilter", "QCheckBox", "Filter aktiv"},
+                                         Named{"Status", "QLabel", nullptr},
+                                         Named{"AnzQuelle", "QLabel", nullptr},
+                                         Named{"AnzQuellZeit", "QLabel", nullptr},
+                                         Named{"Bild1", "QWidget", nullptr},
+                                         Named{"btnSaveChange", "QPushButton", "Übernehmen"},
+                                         Named{"btnNew", "QPushButton", "Neu"},
+                                         Named{"btnErase", "QPushButton", "Löschen"},
+                                         Named{"btnEraseCharge", "QPushButton", "Zähler löschen"},
+                                         Named{"btnSearch", "QPushButton", "suchen..."},
+                                         Named{"btnSearchMore", "QPushButton", "mehr..."}};
+    for (const Named& named : expected) {
+        SCOPED_TRACE(named.name);
+        const auto widgets = Window->findChildren<QWidget*>(named.name);
+        ASSERT_EQ(widgets.size(), 1);
+        const QWidget* widget = widgets.first();
+        EXPECT_TRUE(widget->inherits(named.className));
+        EXPECT_FALSE(widget->accessibleName().isEmpty());
+        EXPECT_TRUE(widget->isVisible());
+        EXPECT_EQ(widget->isEnabled(), std::string(named.name) != "btnSearchMore");
+        if (named.caption != nullptr) {
+            EXPECT_EQ(TextOf(named.name), named.caption);
+        }
+        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        }
+        if (const auto* list = qobject_cast<const QComboBox*>(widget)) {
+            EXPECT_FALSE(list->isEditable());
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 // random and broken files, undoes and redoes, loads and removes earlier versions and answers every
 // box at random. After each event the register is in order. NORVIK_MONKEY="EVENTS SEEDS FIRST" in
 // the environment makes it work longer, from the seed FIRST (else 1) on.
+#include "tests/qt/boxwatcher.h"
 #include "tests/qt/windowfixture.h"
 
 #include <QApplication>
@@ -115,11 +116,9 @@ class Files {
     std::vector<QString> paths_;
 };
 
-class Monkey : public QObject {
+class Monkey : public BoxWatcher {
   public:
-    Monkey(const TestFolder& folder, unsigned seed) : random_(seed), files_(folder, random_) {
-        qApp->installEventFilter(this);
-    }
+    Monkey(const TestFolder& folder, unsigned seed) : random_(seed), files_(folder, random_) {}
 
     /// One event in a window or in whatever lies above it.
     void Act(QWidget& window) {
@@ -160,18 +159,6 @@ class Monkey : public QObject {
     }
 
     int Boxes = 0;
-
-    bool eventFilter(QObject* object, QEvent* event) override {
-        auto* dialog = qobject_cast<QDialog*>(object);
-        if (dialog != nullptr && event->type() == QEvent::Show && dialog->isModal()) {
-            QTimer::singleShot(0, this, [this, shown = QPointer<QDialog>(dialog)] {
-                if (shown != nullptr && shown->isVisible()) {
-                    Answer(shown);
-                }
-            });
-        }
-        return QObject::eventFilter(object, event);
-    }
 
   private:
     template <typename Widget>
@@ -279,7 +266,7 @@ class Monkey : public QObject {
     }
 
     /// Works in a dialog and closes it.
-    void Answer(const QPointer<QDialog>& dialog) {
+    void Answer(const QPointer<QDialog>& dialog) override {
         ++Boxes;
         // What prints is the toolkit's own, and there may be a printer.
         if (dialog->inherits("QAbstractPrintDialog") || dialog->inherits("QPrintPreviewDialog")) {

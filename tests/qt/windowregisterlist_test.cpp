@@ -34,17 +34,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Box{6, "CD-Filter", {"CD- Filter:  Fritz (6)"}},
                     Box{7, "Für Datenreduktion markiert", {"Markiert :  Gina (7)"}}));
 
-TEST_P(EachFilterBox, IsFoundByItsNameWithItsCaption) {
+TEST_P(EachFilterBox, HasItsCaptionAndListsTheEntriesThatHaveItsProperty) {
     OpenList();
     const QString name = QString("chkFi(%1)").arg(GetParam().number);
     EXPECT_EQ(Find<QCheckBox>(name)->window(), ListWindow());
     EXPECT_EQ(TextOf(name), GetParam().caption);
     EXPECT_EQ(Find<QCheckBox>(name)->accessibleName().toStdString(), GetParam().caption);
     EXPECT_FALSE(IsChecked(name));
-}
-
-TEST_P(EachFilterBox, ListsTheEntriesThatHaveItsProperty) {
-    OpenList();
     Tick({GetParam().number});
     EXPECT_EQ(Lines(), GetParam().lines);
     EXPECT_EQ(TextOf("AnzTreffer"), std::to_string(GetParam().lines.size()));

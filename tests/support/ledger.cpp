@@ -43,4 +43,9 @@ void Ledger::Forget(const EntrySet& entries, const EntrySet& standing) {
     stored_ = Without(stored_, Without(entries, standing));
 }
 
+std::string Ledger::Finding(const char* when, const EntrySet& standing) const {
+    const EntrySet lost = Lost(standing);
+    return lost.empty() ? "" : "lost " + std::string(when) + ": " + *lost.begin();
+}
+
 }  // namespace norvik::test

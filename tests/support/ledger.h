@@ -3,6 +3,8 @@
 
 #include "tests/support/standing.h"
 
+#include <string>
+
 namespace norvik::test {
 
 class Ledger {
@@ -29,6 +31,8 @@ class Ledger {
     void End(const Ended& ended, const EntrySet& lasting);
 
     [[nodiscard]] EntrySet Lost(const EntrySet& standing) const;
+    /// The first lost entry in words, or nothing.
+    [[nodiscard]] std::string Finding(const char* when, const EntrySet& standing) const;
 
   private:
     /// Forgets those of the entries that do not stand.

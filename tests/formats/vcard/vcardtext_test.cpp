@@ -6,6 +6,12 @@
 namespace norvik::test {
 namespace {
 
+SimplifiedText VCardText(std::string_view bytes, VCardCharset charset) {
+    SimplifiedText text;
+    AssignVCardText(text, bytes, charset);
+    return text;
+}
+
 TEST(VCardText, IsReadByItsCharacterSet) {
     EXPECT_EQ(VCardText("M\xC3\xBCller", VCardCharset::Undeclared).Value, u"Müller");
     EXPECT_EQ(VCardText("M\xFCller \x80", VCardCharset::Undeclared).Value, u"Müller €");
