@@ -382,7 +382,7 @@ void Sequence::Check(const char* when) {
 }
 
 TEST(KeepingProperty, WhatWasStoredAndNotErasedStandsSomewhere) {
-    ExpectNoFinding<Sequence>("NORVIK_SEQUENCES", 20);
+    ExpectNoFinding<Sequence>("NORVIK_SEQUENCES", 10);
 }
 
 }  // namespace

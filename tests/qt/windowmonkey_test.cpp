@@ -370,7 +370,7 @@ class WindowMonkey : public testing::Test {
 TEST_F(WindowMonkey, FindsNothing) {
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", "");  // no document is opened
-    int events = 2000;
+    int events = 700;
     unsigned seeds = 1;
     unsigned first = 1;
     if (const char* wanted = std::getenv("NORVIK_MONKEY")) {
