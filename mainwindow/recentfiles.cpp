@@ -50,7 +50,7 @@ Text RecentCaption(std::size_t place, const FilePath& path) {
     const Text shown = TextFromPath(path.filename()) + u" – " + ShownFolder(path.parent_path());
     Text caption = u"&" + Decimal(static_cast<long long>(place)) + u" ";
     for (const char16_t character : shown) {
-        caption.append(character == u'&' ? 2 : 1, character);
+        caption.append(character == u'&' ? 2 : 1, IsControl(character) ? u'?' : character);
     }
     return caption;
 }

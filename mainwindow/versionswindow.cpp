@@ -11,7 +11,9 @@
 #include "versions/versionstore.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
+#include <string>
 #include <utility>
 
 namespace norvik {
@@ -19,8 +21,10 @@ namespace norvik {
 namespace {
 
 constexpr TextView SaveFilter =
-    u"norvik-195/193-Datei|*.t9t|norvik-175-Datei|*.pbo|CSV-Datei|*.csv|Alle Dateien|*.*";
+    u"norvik-195/193-Datei|*.t9t|norvik-175-Datei|*.pbo|CSV-Datei|*.csv|vCard-Datei|*.vcf|"
+    u"Alle Dateien|*.*";
 constexpr std::string_view SaveEnding = ".t9t";
+constexpr TextView AnyFilter = u"Alle Dateien|*.*";
 
 /// Looks into a version without showing anything.
 class SilentDesktop : public Desktop {
@@ -36,8 +40,16 @@ class SilentDesktop : public Desktop {
     bool AskToReplace(const FilePath& /*file*/) override { return false; }
 };
 
-/// The format of a kept file: by its original's ending, else by what it begins with.
-FileFormat FormatOf(const Version& version) {
+bool IsText(const Bytes& bytes) {
+    constexpr std::uint8_t Delete = 0x7F;
+    return std::all_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) {
+        return byte == '\t' || byte == '\n' || byte == '\r' || (byte >= ' ' && byte != Delete);
+    });
+}
+
+/// The format of a kept file: by its original's ending, else by what it begins with, else that of
+/// texts; none for the bytes of a phone list or a picture.
+std::optional<FileFormat> FormatOf(const Version& version) {
     const auto format = SourceOfEnding(version.Original);
     if (format && RowOf(*format).Load != nullptr) {
         return *format;
@@ -45,19 +57,21 @@ FileFormat FormatOf(const Version& version) {
     const bool hasHeader =
         version.Content.size() >= RegisterFileHeader.size() &&
         std::equal(RegisterFileHeader.begin(), RegisterFileHeader.end(), version.Content.begin());
-    return hasHeader ? FileFormat::Register195 : FileFormat::Csv;
+    return hasHeader                 ? std::optional(FileFormat::Register195)
+           : IsText(version.Content) ? std::optional(FileFormat::Csv)
+                                     : std::nullopt;
 }
 
 bool LoadBytes(RegisterState& state, const Version& version, const Settings& settings,
                Desktop& desktop) {
+    const std::optional<FileFormat> format = FormatOf(version);
     const auto modified = FileTimeOf(version.When, 0);
-    return RowOf(FormatOf(version))
-        .Load(
-            state,
-            [&] {
-                return SourceFile{version.Content, version.Original, modified};
-            },
-            {}, settings, desktop);
+    return format && RowOf(*format).Load(
+                         state,
+                         [&] {
+                             return SourceFile{version.Content, version.Original, modified};
+                         },
+                         {}, settings, desktop);
 }
 
 /// The register that a version holds, nothing for one that cannot be read to its end.
@@ -136,26 +150,33 @@ void Refresh(Program& program) {
     ShowNames(program);
 }
 
-/// The chosen version with the register in it; a message where there is none.
-std::optional<std::pair<Version, RegisterState>> ReadChosen(const Program& program,
-                                                            Desktop& desktop) {
+/// The chosen version with the register in it, if there is one.
+struct ChosenVersion {
+    Version Kept;
+    std::optional<RegisterState> State;
+};
+
+/// Nothing, and a message, where the version cannot be read, or has no register but one is needed.
+std::optional<ChosenVersion> ReadChosen(const Program& program, bool needsRegister,
+                                        Desktop& desktop) {
     const VersionRow* row = ChosenRow(program.Versions);
     if (row == nullptr) {
         return std::nullopt;
     }
     std::optional<Version> version = ReadVersion(row->File);
     std::optional<RegisterState> state = version ? RegisterIn(*version, program.Set) : std::nullopt;
-    if (!state) {
+    if (!version || (!state && (needsRegister || version->IsRegister))) {
         desktop.Ask({.text = u"Dieser Stand lässt sich nicht lesen.", .icon = Icon::Critical});
         return std::nullopt;
     }
-    return std::pair(std::move(*version), std::move(*state));
+    return ChosenVersion{std::move(*version), std::move(state)};
 }
 
 /// The register format of a name; a 193 file where it loses nothing, since both end alike.
 FileFormat TargetFormat(const FilePath& path, const RegisterState& state) {
     const auto format = TargetOfEnding(path);
-    if (format == FileFormat::Phonebook175 || format == FileFormat::Csv) {
+    if (format == FileFormat::Phonebook175 || format == FileFormat::Csv ||
+        format == FileFormat::VCard) {
         return *format;
     }
     return state.File.Type == u"193" && LossReport(state, FileFormat::Register193).empty()
@@ -163,18 +184,21 @@ FileFormat TargetFormat(const FilePath& path, const RegisterState& state) {
                : FileFormat::Register195;
 }
 
-void WriteVersion(const Version& version, RegisterState& state, const OutputTarget& target,
-                  const Settings& settings, Desktop& desktop) {
+/// A file that is to be of the same kind again, or holds no register, stays byte for byte.
+void WriteVersion(ChosenVersion& chosen, const OutputTarget& target, const Settings& settings,
+                  Desktop& desktop) {
+    const Version& version = chosen.Kept;
     const auto ending = [](const FilePath& file) {
         return LowerCase(TextFromPath(file.extension()));
     };
-    if (!version.IsRegister && ending(target.Path) == ending(version.Original)) {
+    if (!chosen.State || (!version.IsRegister && ending(target.Path) == ending(version.Original))) {
         OutputFile file(target);
         file.Write(version.Content);
         file.Close();
         return;
     }
-    RowOf(TargetFormat(target.Path, state)).Write(state, target, {}, settings, desktop);
+    RowOf(TargetFormat(target.Path, *chosen.State))
+        .Write(*chosen.State, target, {}, settings, desktop);
 }
 
 }  // namespace
@@ -203,16 +227,16 @@ void ListVersions_Click(Program& program, int row) {
 }
 
 void VERSIONS_btnLoad_Click(Program& program, Desktop& desktop, Windows& windows) {
-    auto chosen = ReadChosen(program, desktop);
+    const auto chosen = ReadChosen(program, true, desktop);
     if (!chosen) {
         return;
     }
-    const auto& [version, read] = *chosen;
+    const Version& version = chosen->Kept;
     RegisterState& state = program.State;
     const unsigned wholeFiles = state.WholeFiles;
     if (version.IsRegister) {
         const unsigned generation = state.Generation + 1;
-        state = read;
+        state = *chosen->State;
         state.Generation = generation;
         desktop.ShowCurrentFile();
         ShowFirstEntry(state, desktop);
@@ -229,23 +253,27 @@ void VERSIONS_btnLoad_Click(Program& program, Desktop& desktop, Windows& windows
 }
 
 void VERSIONS_btnSaveAs_Click(Program& program, Desktop& desktop) {
-    auto chosen = ReadChosen(program, desktop);
+    auto chosen = ReadChosen(program, false, desktop);
     if (!chosen) {
         return;
     }
-    const auto name =
-        desktop.AskForFileToSave({.filter = Text(SaveFilter), .ending = std::string(SaveEnding)});
+    const std::string ending =
+        chosen->State ? std::string(SaveEnding) : chosen->Kept.Original.extension().string();
+    const auto name = desktop.AskForFileToSave(
+        {.filter = Text(chosen->State ? SaveFilter : AnyFilter), .ending = ending});
     if (!name) {
         return;
     }
-    const FilePath path = WithEnding(*name, SaveEnding);
+    const FilePath path = WithEnding(*name, ending);
     const SaveResult result = TrySave(
         path,
-        [&](const OutputTarget& target) {
-            WriteVersion(chosen->first, chosen->second, target, program.Set, desktop);
-        },
+        [&](const OutputTarget& target) { WriteVersion(*chosen, target, program.Set, desktop); },
         desktop);
-    EndSave(chosen->second, result, desktop);
+    if (result.Failure) {
+        ShowNotSaved(*result.Failure, desktop);
+    } else {
+        ShowSaved(path, desktop, result.Remark);
+    }
 }
 
 void VERSIONS_btnRemove_Click(Program& program) {

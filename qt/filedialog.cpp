@@ -4,14 +4,18 @@
 #include "qt/textconversion.h"
 #include "versions/versionstore.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListView>
 #include <QLocale>
 #include <QMessageBox>
 #include <QSortFilterProxyModel>
+#include <QTreeView>
 
 #include <algorithm>
 #include <utility>
@@ -76,8 +80,7 @@ class PlainFileDialog : public QFileDialog {
     void accept() override {
         if (!IsPlatformsOwn()) {  // that one is closed already
             if (const QString folder = TypedFolder(); !folder.isEmpty() && !IsHidden()) {
-                setDirectory(folder);
-                NameField()->clear();  // the folder is open now, and not the name of a file in it
+                Open(folder);
                 return;
             }
             if (!MayTake()) {
@@ -107,7 +110,38 @@ class PlainFileDialog : public QFileDialog {
         }
     }
 
+    /// The columns are wide enough for their headings and what stands below them; the names get
+    /// the rest.
+    void ShowDetails() {
+        auto* details = findChild<QTreeView*>(QStringLiteral("treeView"));
+        if (details == nullptr) {
+            return;
+        }
+        QHeaderView& header = *details->header();
+        const QStringList widest = {QString(), QStringLiteral("1023,99 KiB"),
+                                    QStringLiteral("Verzeichnis"),
+                                    QStringLiteral("22.11.26 22:22")};
+        const int margin = 2 * header.fontMetrics().averageCharWidth();
+        for (int column = 1; column < std::min(header.count(), static_cast<int>(widest.size()));
+             ++column) {
+            header.resizeSection(
+                column,
+                std::max(header.sectionSizeHint(column),
+                         details->fontMetrics().horizontalAdvance(widest[column]) + margin));
+        }
+        header.setStretchLastSection(false);
+        header.setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+
   private:
+    /// The folder is open then, and not the name of a file in it; nothing is proposed any more.
+    void Open(const QString& folder) {
+        setDirectory(folder);
+        NameField()->clear();
+        if (const QCompleter* proposals = NameField()->completer()) {
+            proposals->popup()->hide();
+        }
+    }
     bool Exec() {
         const WithPlatformsDialog allowed;
         return exec() == QDialog::Accepted && !selectedFiles().isEmpty();
@@ -221,11 +255,12 @@ std::optional<FilePath> RunFileDialog(const FileDialog& dialog, QFileDialog::Acc
     fileDialog.setNameFilters(NameFilters(dialog.filter));
     fileDialog.setProxyModel(new GermanDetails(hidden, &fileDialog));
     fileDialog.ShowPlaceNames();
+    fileDialog.ShowDetails();
     std::error_code error;
     if (std::filesystem::is_directory(folder, error)) {
         fileDialog.setDirectory(FromFilePath(folder));
     }
-    Resize(fileDialog, {fileDialog.fontMetrics().averageCharWidth() * 100,
+    Resize(fileDialog, {fileDialog.fontMetrics().averageCharWidth() * 110,
                         fileDialog.fontMetrics().height() * 28});
     allowed.reset();
     if (!fileDialog.Run()) {

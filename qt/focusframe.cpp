@@ -2,10 +2,12 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
 #include <QFocusFrame>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 
 namespace norvik {
@@ -33,11 +35,23 @@ bool NeedsFrame(const QWidget* widget) {
            widget->window()->windowType() != Qt::Popup;
 }
 
+/// Styles show the focus of a choice only after the Tab key was pressed; a window that was just
+/// opened is to show it, too.
+void ShowFirstFocus(QWidget* old, QWidget* now) {
+    const bool isChoice =
+        qobject_cast<QRadioButton*>(now) != nullptr || qobject_cast<QCheckBox*>(now) != nullptr;
+    if (isChoice && (old == nullptr || old->window() != now->window())) {
+        now->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+        now->update();
+    }
+}
+
 }  // namespace
 
 void FrameFocus(QApplication& application) {
     QObject::connect(&application, &QApplication::focusChanged, &application,
-                     [frame = QPointer<FocusFrame>()](QWidget* /*old*/, QWidget* now) mutable {
+                     [frame = QPointer<FocusFrame>()](QWidget* old, QWidget* now) mutable {
+                         ShowFirstFocus(old, now);
                          if (NeedsFrame(now)) {
                              if (frame == nullptr) {  // it goes with the window that it is in
                                  frame = new FocusFrame;

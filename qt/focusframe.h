@@ -1,5 +1,5 @@
 // A frame around what has the keyboard's focus where styles hardly show it: lists, scroll bars, a
-// dialog's default button.
+// dialog's default button, the first choice of a window that was just opened.
 #pragma once
 
 class QApplication;

@@ -12,6 +12,7 @@
 #include "qt/mobileexportdialog.h"
 #include "qt/phonepicture.h"
 #include "qt/registerlistwindow.h"
+#include "qt/remembered.h"
 #include "qt/settingsdialog.h"
 #include "qt/textconversion.h"
 
@@ -35,7 +36,7 @@ MainWindow::MainWindow(const FilePath& folder, std::function<void()> hardStop,
       hardStop_(std::move(hardStop)),
       widgets_(MakeMainWindowWidgets(*this)),
       model_(new EntryListModel(this)),
-      settingsFile_(std::move(settingsFile)) {
+      settingsFile_(UsableSettingsFile(std::move(settingsFile))) {
     setObjectName(QStringLiteral("MW"));
     setAcceptDrops(true);
     program_.Folder = folder;

@@ -10,6 +10,7 @@
 #include "qt/registerlistwindow.h"
 #include "qt/textconversion.h"
 #include "qt/versionswindow.h"
+#include "qt/widgetmakers.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -116,6 +117,7 @@ void MainWindow::DrawChoices() {
     widgets_.chkTon->setChecked(fields.chkTon);
     widgets_.chkCharge->setChecked(fields.chkCharge);
     widgets_.OptFilter.at(static_cast<std::size_t>(fields.OptFilter))->setChecked(true);
+    TabToChosen(*widgets_.FilterGroup);
     widgets_.AnzGeb->Show(ToQString(fields.AnzGeb));
     widgets_.chkExport->setChecked(fields.chkExport);
     widgets_.chkListFilter->setChecked(fields.chkListFilter);

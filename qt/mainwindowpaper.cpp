@@ -1,6 +1,7 @@
 // What of the main window has to do with the phone list on paper.
 #include "mainwindow/phonelistwindow.h"
 #include "qt/mainwindow.h"
+#include "qt/panelarea.h"
 #include "qt/paperprinting.h"
 #include "qt/phonelistdialog.h"
 
@@ -29,6 +30,7 @@ void SetUp(QPrinter& printer, const PhoneListOptions& options) {
 
 void MainWindow::RunPhoneList() {
     PhoneListDialog dialog(program_.PhoneList, this);
+    memory_.Follow(dialog);
     connect(&dialog, &PhoneListDialog::previewWanted, this, [this, &dialog] {
         program_.PhoneList.Chosen = dialog.Options();
         PreviewPhoneList(dialog);
@@ -72,6 +74,9 @@ void MainWindow::PreviewPhoneList(QWidget& parent) {
     QPrinter printer(QPrinter::HighResolution);
     SetUp(printer, program_.PhoneList.Chosen);
     QPrintPreviewDialog preview(&printer, &parent);
+    preview.setObjectName(QStringLiteral("PREVIEW"));
+    Resize(preview, {preview.fontMetrics().averageCharWidth() * 140, RoomFor(preview).height()});
+    memory_.Follow(preview);
     connect(&preview, &QPrintPreviewDialog::paintRequested, this,
             [this](QPrinter* target) { PrintPages(*target); });
     preview.exec();

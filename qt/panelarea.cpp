@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace norvik {
@@ -54,7 +55,9 @@ QSize PanelArea::minimumSizeHint() const {
 void LayOut(QDialog& dialog, QWidget* panel, QLayout* buttons) {
     auto* layout = new QVBoxLayout(&dialog);
     auto* area = new PanelArea(panel, &dialog);
-    panel->layout()->setContentsMargins(0, 0, 0, 0);
+    // The frame of what has the focus is drawn around it.
+    const int frame = dialog.style()->pixelMetric(QStyle::PM_FocusFrameHMargin);
+    panel->layout()->setContentsMargins(frame, frame, frame, frame);
     layout->addWidget(area, 1);
     layout->addLayout(buttons);
     const QMargins margins = layout->contentsMargins();

@@ -3,10 +3,13 @@
 #include "paper/fonts.h"
 #include "qt/textconversion.h"
 
+#include <QFile>
 #include <QFont>
 #include <QFontDatabase>
 #include <QPainter>
 #include <QPrinter>
+
+#include <algorithm>
 
 namespace norvik {
 
@@ -36,6 +39,17 @@ QColor GreyColour(double grey) {
 bool IsChosen(const QPrinter& printer, int page) {
     return printer.printRange() != QPrinter::PageRange || printer.pageRanges().isEmpty() ||
            printer.pageRanges().contains(page);
+}
+
+/// Whether a file that was printed into has its end; the toolkit does not tell of a full disk.
+bool IsWhole(const QString& name) {
+    constexpr qint64 LongestEnd = 16;
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly) || file.isSequential() ||
+        !file.seek(std::max<qint64>(file.size() - LongestEnd, 0))) {
+        return false;
+    }
+    return file.read(LongestEnd).trimmed().endsWith("%%EOF");
 }
 
 }  // namespace
@@ -83,6 +97,10 @@ std::optional<int> PrintPaper(QPrinter& printer,
         }
     }
     if (!painter.end() || !goesOn || printer.printerState() == QPrinter::Error) {
+        return std::nullopt;
+    }
+    const QString file = printer.outputFileName();  // the preview has none
+    if (printer.outputFormat() == QPrinter::PdfFormat && !file.isEmpty() && !IsWhole(file)) {
         return std::nullopt;
     }
     return static_cast<int>(chosen.size());

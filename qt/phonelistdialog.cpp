@@ -64,10 +64,11 @@ QWidget* PhoneListDialog::MakeChoice(const QString& title, const char* name,
         auto* button = new QRadioButton(captions[which], box);
         Name(button, "", title + QStringLiteral(": ") + QString(captions[which]).remove(u'&'));
         button->setObjectName(IndexedName(name, which));
-        button->setChecked(which == chosen);
         group->addButton(button, which);
         layout->addWidget(button);
     }
+    group->button(chosen)->setChecked(true);
+    TabToChosen(*group);
     layout->addStretch();
     connect(group, &QButtonGroup::idToggled, this, [this, choose](int which, bool on) {
         if (on) {

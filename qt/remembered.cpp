@@ -4,7 +4,9 @@
 
 #include <QSettings>
 
-#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <utility>
 
 namespace norvik {
 
@@ -18,7 +20,41 @@ QString FolderKey() {
     return QStringLiteral("Dateien/Ordner");
 }
 
+/// In front of a path that is no text; no full path begins like this.
+QString BytesMark() {
+    return QStringLiteral("file:");
+}
+
+QString ToRemembered(const FilePath& path) {
+    const QString text = FromFilePath(path);
+    return ToFilePath(text) == path
+               ? text
+               : BytesMark() + QString::fromLatin1(
+                                   QByteArray::fromStdString(path.string()).toPercentEncoding("/"));
+}
+
+/// Empty where the text cannot be a path.
+FilePath FromRemembered(const QString& text) {
+    const FilePath path =
+        text.startsWith(BytesMark())
+            ? FilePath(QByteArray::fromPercentEncoding(text.mid(BytesMark().size()).toLatin1())
+                           .toStdString())
+            : ToFilePath(text);
+    return path.native().find(FilePath::value_type()) == FilePath::string_type::npos ? path
+                                                                                     : FilePath();
+}
+
 }  // namespace
+
+FilePath UsableSettingsFile(FilePath file) {
+    constexpr std::uintmax_t Largest = 1 << 20;
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    const bool isUsable = status.type() == std::filesystem::file_type::not_found ||
+                          (std::filesystem::is_regular_file(status) &&
+                           std::filesystem::file_size(file, error) <= Largest);
+    return isUsable ? file : FilePath();
+}
 
 RecentFiles ReadRecentFiles(const FilePath& settingsFile) {
     RecentFiles files;
@@ -26,12 +62,13 @@ RecentFiles ReadRecentFiles(const FilePath& settingsFile) {
         return files;
     }
     const QSettings settings(FromFilePath(settingsFile), QSettings::IniFormat);
-    for (const QString& path : settings.value(FilesKey()).toStringList()) {
-        if (!path.isEmpty() && files.Paths.size() < MostRecentFiles) {
-            files.Paths.push_back(ToFilePath(path));
+    for (const QString& text : settings.value(FilesKey()).toStringList()) {
+        FilePath path = FromRemembered(text);
+        if (!path.empty() && files.Paths.size() < MostRecentFiles) {
+            files.Paths.push_back(std::move(path));
         }
     }
-    files.Folder = ToFilePath(settings.value(FolderKey()).toString());
+    files.Folder = FromRemembered(settings.value(FolderKey()).toString());
     return files;
 }
 
@@ -41,11 +78,11 @@ void WriteRecentFiles(const FilePath& settingsFile, const RecentFiles& files) {
     }
     QStringList paths;
     for (const FilePath& path : files.Paths) {
-        paths << FromFilePath(path);
+        paths << ToRemembered(path);
     }
     QSettings settings(FromFilePath(settingsFile), QSettings::IniFormat);
     settings.setValue(FilesKey(), paths);
-    settings.setValue(FolderKey(), FromFilePath(files.Folder));
+    settings.setValue(FolderKey(), ToRemembered(files.Folder));
 }
 
 }  // namespace norvik

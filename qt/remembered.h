@@ -5,6 +5,10 @@
 
 namespace norvik {
 
+/// The settings file; empty where something else bears its name, or a file that is far too large,
+/// which nobody could read to its end.
+FilePath UsableSettingsFile(FilePath file);
+
 /// The last files, as they stand in the settings file; none where there is no such file.
 RecentFiles ReadRecentFiles(const FilePath& settingsFile);
 

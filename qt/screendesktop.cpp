@@ -126,8 +126,14 @@ QWidget* ScreenDesktop::Front() {
     if (!std::exchange(placed_, true)) {
         WaitForPlace(window_);
     }
-    QWidget* dialog = QApplication::activeModalWidget();
-    return dialog != nullptr ? dialog : &window_;
+    if (QWidget* dialog = QApplication::activeModalWidget()) {
+        return dialog;
+    }
+    // A window beside the main one keeps the keyboard when what it asked for is closed.
+    QWidget* active = QApplication::activeWindow();
+    const bool isBeside =
+        active != nullptr && active->isVisible() && active->parentWidget() == &window_;
+    return isBeside ? active : &window_;
 }
 
 Button ScreenDesktop::Ask(const MessageBox& box) {

@@ -2,6 +2,8 @@
 
 #include "qt/display.h"
 
+#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
@@ -35,6 +37,12 @@ QPushButton* MakeButton(const char* objectName, const QString& caption,
     Name(button, objectName, accessibleName);
     button->setAutoDefault(true);  // Return works on the button that has the focus
     return button;
+}
+
+void TabToChosen(const QButtonGroup& group) {
+    for (QAbstractButton* button : group.buttons()) {
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
 }
 
 QCheckBox* MakeCheckBox(const char* objectName, const QString& caption,

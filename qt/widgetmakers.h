@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class QButtonGroup;
 class QCheckBox;
 class QLabel;
 class QPushButton;
@@ -23,6 +24,9 @@ QLabel* MakeLabel(const QString& caption, QWidget* buddy, QWidget* parent);
 
 /// A label that shows a value of the register; `meaning` says what value it is.
 Display* MakeDisplay(const char* objectName, const QString& meaning, QWidget* parent);
+
+/// Lets the Tab key stop at the chosen one of the buttons, whichever had the focus last.
+void TabToChosen(const QButtonGroup& group);
 
 QPushButton* MakeButton(const char* objectName, const QString& caption,
                         const QString& accessibleName, QWidget* parent);

@@ -5,8 +5,8 @@
 
 PROGRAM is the editor's file, by default that of build/release; a WINDOW one of those in WINDOWS, by
 default all. The editor runs on a virtual display, with a message bus of its own, on copies of the
-samples; the user's settings are neither read nor written. tests/qt/screenreader_test.py drives it in
-the same way.
+samples; the user's settings are neither read nor written. tests/screenreader/screenreader_test.py
+drives it in the same way.
 """
 import contextlib
 import os
@@ -20,7 +20,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LONGEST_WAIT = 30  # seconds; a busy machine, a program with sanitizers
-LONGEST_RUN = 240
+LONGEST_RUN = 480
 PYTHON = "/usr/bin/python3"  # the system's own has the bindings
 HOME = "NORVIK_DUMP_HOME"
 UNWANTED = ("WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "AT_SPI_BUS_ADDRESS")
@@ -29,7 +29,8 @@ SKIPPED = 77  # exit status: something is not installed here
 
 MAIN = "norvik Telefonregister"
 
-# What opens each window, as the names of menu and item, and a piece of its title.
+# What opens each window, as the names of menu and item and of a button in the dialog that these open,
+# or as that of a button in the main window; and a piece of its title.
 WINDOWS = {
     "main": ((), MAIN),
     "list": (("Liste", "Registerliste..."), "Telefonregister-Liste"),
@@ -38,6 +39,10 @@ WINDOWS = {
     "export": (("Datei", "Handyexport..."), "Handyexport"),
     "settings": (("Extras", "Einstellungen..."), "Norvikkonverter"),
     "about": (("Hilfe", "Über das Programm"), "ber das Programm"),
+    "history": (("Hilfe", "Über das Programm", "Ja"), "Versionsgeschichte"),
+    "phone list": (("Datei", "Drucken..."), "Telefonliste drucken"),
+    "preview": (("Datei", "Drucken...", "Vorschau"), "Druckvorschau"),
+    "print": (("Datei", "Drucken...", "Drucken"), "Drucken"),
     "question": (("Gebühren", "Zähler löschen..."), ""),
     "input": (("Suchen",), "Suche nach"),
     "file": (("Datei", "norvik 195/193 laden..."), "ffnen"),
@@ -248,13 +253,19 @@ class Editor:
     def opened(self, name):
         """One of WINDOWS, opened and closed."""
         way, title = WINDOWS[name]
-        if len(way) == 2:
-            self.choose(*way)
-        elif way:
+        before = None
+        if len(way) == 1:
             self.press(self.find(self.window(MAIN), "push button", way[0]))
+        elif way:
+            self.choose(*way[:2])
+        if len(way) == 3:
+            before = self.window("").name
+            self.press(self.find(self.window(before), "push button", way[2]))
         yield self.window(title)
         if way:
             self.close(title)
+        if before in self.windows():
+            self.close(before)
 
     def click(self, node):
         """Clicks into the middle of a node."""

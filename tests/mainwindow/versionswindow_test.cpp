@@ -168,8 +168,12 @@ TEST_F(VersionsWindow, AKeptRegisterIsSavedInTheFormatOfTheEnding) {
     EXPECT_EQ(ReadFile(folder / "neu.t9t"), FileOf({u"Anna", u"Bert"}));
     SaveAs(folder / "neu.pbo");
     SaveAs(folder / "neu.csv");
+    SaveAs(folder / "neu.vcf");
     EXPECT_THAT(FilesIn(folder.Path()),
-                ElementsAre("bytes.t9t", "neu.csv", "neu.pbo", "neu.t9t", "staende"));
+                ElementsAre("bytes.t9t", "neu.csv", "neu.pbo", "neu.t9t", "neu.vcf", "staende"));
+    const Bytes contacts = ReadFile(folder / "neu.vcf");
+    EXPECT_THAT(std::string(contacts.begin(), contacts.end()),
+                testing::StartsWith("BEGIN:VCARD\r\n"));
     EXPECT_THAT(Names(program.State), ElementsAre(u"Zoe"));
     EXPECT_TRUE(program.State.RegisterSaved);
 }
@@ -181,6 +185,30 @@ TEST_F(VersionsWindow, TheBytesOfAFileAreSavedAsTheyAre) {
     Open();
     SaveAs(folder / "neu.t9t");
     EXPECT_EQ(ReadFile(folder / "neu.t9t"), bytes);
+}
+
+TEST_F(VersionsWindow, WhatIsNoRegisterIsNotLoadedAndSavedAsItIs) {
+    const std::pair<const char*, Bytes> files[] = {
+        {".pdf", Raw("'%PDF-1.3' 0A 'a;1' 0D 0A 00 7F 'b;2' 0D 0A")},
+        {".t9t", Join({Raw("06 0D 'TStCollection' 02 64 01"), Raw("02 00 02 01 06 04 'Anna'"),
+                       Raw("07 01 '2'")})},
+        {"", Raw("01 'a;1' 0D 0A")}};
+    for (const auto& [ending, bytes] : files) {
+        KeepBytes(When, FilePath("/tmp/alt") += ending, bytes);
+        Open();
+        ASSERT_EQ(Fields().ListVersions.size(), 1U);
+        EXPECT_EQ(Fields().ListVersions.at(0).Entries, u"?");
+        EXPECT_THAT(Fields().ListNames, IsEmpty());
+        Load();
+        EXPECT_EQ(desktop.Questions().back(),
+                  OkBox(u"Dieser Stand lässt sich nicht lesen.", u"NORVIK", "Critical"));
+        SaveAs(folder / "neu");
+        const FilePath saved = FilePath(folder / "neu") += ending;
+        EXPECT_EQ(desktop.Statuses().back(), "Gespeichert: " + saved.string());
+        EXPECT_EQ(ReadFile(saved), bytes);
+        Do([&] { VERSIONS_btnRemove_Click(program); });
+    }
+    EXPECT_THAT(Names(program.State), ElementsAre(u"Zoe"));
 }
 
 TEST_F(VersionsWindow, ARemovedVersionIsGone) {

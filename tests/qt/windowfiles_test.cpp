@@ -4,10 +4,14 @@
 #include "tests/qt/windowfixture.h"
 
 #include <QApplication>
+#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMimeData>
+#include <QSysInfo>
+#include <QTreeView>
 #include <QUrl>
 
 namespace norvik::test {
@@ -236,10 +240,12 @@ TEST_F(WindowFiles, ATypedFolderIsOpenedAndTheNameIsEmptyThen) {
             files.setDirectory(PathIn("a"));
             name->setText(PathIn("b"));
             name->setFocus();
+            name->completer()->popup()->show();
             QTest::keyClick(name, Qt::Key_Return);
             EXPECT_TRUE(dialog.isVisible());
             EXPECT_EQ(files.directory().path().toStdString(), PathIn("b").toStdString());
             EXPECT_EQ(name->text(), "");
+            EXPECT_FALSE(name->completer()->popup()->isVisible());
             files.setDirectory(PathIn("."));
             name->setText("c");
             QTest::keyClick(name, Qt::Key_Return);
@@ -251,13 +257,18 @@ TEST_F(WindowFiles, ATypedFolderIsOpenedAndTheNameIsEmptyThen) {
     }
 }
 
-TEST_F(WindowFiles, ThePlacesOfTheDialogAreNotCut) {
+TEST_F(WindowFiles, ThePlacesAndHeadingsOfTheDialogAreNotCut) {
     Open();
     Dialogs
         .Look([](QDialog& dialog) {
             const auto* places = dialog.findChild<QListView*>("sidebar");
             ASSERT_NE(places, nullptr);
             EXPECT_GE(places->viewport()->width(), places->sizeHintForColumn(0));
+            const QHeaderView* header = dialog.findChild<QTreeView*>("treeView")->header();
+            for (int column = 0; column < header->count(); ++column) {
+                EXPECT_GE(header->sectionSize(column), header->sectionSizeHint(column));
+            }
+            EXPECT_LE(header->length(), header->parentWidget()->width());
         })
         .Cancel();
     Trigger("mnuDateiLoadNV");
@@ -293,8 +304,35 @@ TEST_F(WindowFiles, WithCtrlADroppedFileIsAdded) {
     EXPECT_EQ(TextOf("Status"), "1 Eintrag dazugeladen");
 }
 
+TEST_F(WindowFiles, AFileOfThisMachineMayNameIt) {
+    Open();
+    for (const QString& host : {QString("localhost"), QSysInfo::machineHostName()}) {
+        LoadFile("b/bernd.t9t");
+        EXPECT_TRUE(Drop(Window.get(), {"file://" + host + PathIn("a/anna.t9t")}));
+        EXPECT_EQ(TextOfField(0), "Anna");
+    }
+    EXPECT_THAT(Dialogs.Transcript, SizeIs(2));
+}
+
+TEST_F(WindowFiles, AFileWhoseNameIsNoTextIsLoadedAndRemembered) {
+    Write("a/\xFF%.t9t", {{.name = "Anna", .tel = "1"}});
+    Open();
+    EXPECT_TRUE(Drop(Window.get(), {"file://" + PathIn("a/") + "%FF%25.t9t"}));
+    EXPECT_EQ(TextOfField(0), "Anna");
+    Window.reset();
+    Make();
+    Window->Start({}, {});
+    EXPECT_EQ(TextOf("AnzGes"), "1");
+    EXPECT_EQ(TextOfField(0), "");
+    ChooseRecent(1);
+    EXPECT_EQ(TextOfField(0), "Anna");
+    EXPECT_THAT(Dialogs.Transcript, IsEmpty());
+}
+
 TEST_F(WindowFiles, WhatIsNoFileOfThisMachineIsNotTaken) {
     Open();
+    EXPECT_FALSE(Drop(Window.get(), {"file://elsewhere.invalid" + PathIn("a/anna.t9t")}));
+    EXPECT_FALSE(Drop(Window.get(), {"file://" + PathIn("a/anna.t9t") + "%00.t9t"}));
     EXPECT_FALSE(Drop(Window.get(), {"https://example.org/a.t9t"}));
     EXPECT_FALSE(Drop(Window.get(), {}));
     EXPECT_EQ(TextOf("AnzGes"), "1");

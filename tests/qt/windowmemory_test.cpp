@@ -5,6 +5,10 @@
 #include <QScreen>
 #include <QSplitter>
 
+#include <fstream>
+
+#include <sys/stat.h>
+
 namespace norvik::test {
 
 namespace {
@@ -52,7 +56,7 @@ TEST_F(WindowMemory, TheWindowsBesideItComeBackAsTheyWere) {
 
 TEST_F(WindowMemory, TheDialogsComeBackAsTheyWere) {
     Open();
-    for (const char* item : {"mnuDateiHandyexp", "mnuSettingsBasic"}) {
+    for (const char* item : {"mnuDateiHandyexp", "mnuSettingsBasic", "mnuDateiPrint"}) {
         Dialogs.Drive([](QDialog& dialog) { dialog.setGeometry(10, 20, 700, 690); });
         Trigger(item);
         Dialogs.Drive(
@@ -73,6 +77,19 @@ TEST_F(WindowMemory, ADamagedSettingsFileIsNone) {
                  "[Fenster-14]\nMW-Platz=@ByteArray(\\x1\\xd9xx)\nMW-Teilung=1\n");
     Open();
     EXPECT_TRUE(Window->isVisible());
+}
+
+TEST_F(WindowMemory, WhatCannotBeReadToItsEndIsNone) {
+    ASSERT_EQ(mkfifo((Folder / "fifo").c_str(), S_IRUSR | S_IWUSR), 0);
+    std::ofstream(Folder / "riese") << "[Dateien]\n";
+    std::filesystem::resize_file(Folder / "riese", std::uintmax_t{1} << 40);
+    for (const FilePath& file : {Folder / "fifo", FilePath("/dev/zero"), Folder / "riese"}) {
+        SettingsFile = file;
+        Open();
+        EXPECT_TRUE(Window->isVisible());
+        EXPECT_TRUE(Window->close());
+        Window.reset();
+    }
 }
 
 TEST_F(WindowMemory, WithoutASettingsFileNothingIsRemembered) {

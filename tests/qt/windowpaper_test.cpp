@@ -49,6 +49,17 @@ TEST_F(WindowPaper, TheDialogOffersWhatThereIs) {
     EXPECT_THAT(Dialogs.Transcript, ElementsAre(PrintDialog));
 }
 
+TEST_F(WindowPaper, TheFocusIsSeenAtOnceAndTabGoesFromChoiceToChoice) {
+    Dialogs.Drive([this](QDialog& dialog) {
+        EXPECT_TRUE(dialog.testAttribute(Qt::WA_KeyboardFocusChange));
+        for (const char* next : {"OptEntries(0)", "OptColumns(1)", "OptPaper(0)", "btnPreview"}) {
+            EXPECT_TRUE(Find<QWidget>(next)->hasFocus()) << next;
+            QTest::keyClick(&dialog, Qt::Key_Tab);
+        }
+    });
+    Trigger("mnuDateiPrint");
+}
+
 TEST_F(WindowPaper, SavesWhatIsChosenAsAPdfFile) {
     Dialogs.DriveToItsEnd([this](QDialog&) {
         Choice("OptEntries(1)")->click();
@@ -133,7 +144,7 @@ TEST_F(WindowPaper, ShowsAPreview) {
     Dialogs.Press(Qt::Key_Escape);
     Trigger("mnuDateiPrint");
     EXPECT_THAT(Dialogs.Transcript,
-                ElementsAre(PrintDialog, "dialog  title \"Druckvorschau: Telefonliste\""));
+                ElementsAre(PrintDialog, "dialog PREVIEW title \"Druckvorschau: Telefonliste\""));
 }
 
 /// What the toolkit's printer makes of a document of three pages.
@@ -184,6 +195,11 @@ TEST_F(PaperPrinting, WithoutAPageThatWasChosenNothingIsPrinted) {
 
 TEST_F(PaperPrinting, APrinterThatTakesNothingGivesNothing) {
     printer.setOutputFileName(QString::fromStdString((folder / "fehlt/druck.pdf").string()));
+    EXPECT_EQ(Print(), std::nullopt);
+}
+
+TEST_F(PaperPrinting, AFileOnAFullDiskIsNotPrinted) {
+    printer.setOutputFileName("/dev/full");
     EXPECT_EQ(Print(), std::nullopt);
 }
 

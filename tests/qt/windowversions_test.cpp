@@ -3,6 +3,7 @@
 #include "tests/support/scriptedsession.h"
 #include "versions/keptregister.h"
 
+#include <QFocusFrame>
 #include <QTableWidget>
 
 namespace norvik::test {
@@ -93,6 +94,13 @@ TEST_F(WindowVersions, TheKeyboardAloneWillDo) {
     }
     Trigger("mnuDateiVersions");
     ASSERT_EQ(Table()->rowCount(), 2);
+    Versions()->activateWindow();
+    ASSERT_TRUE(BecomesActive(*Versions()));
+    const auto frames = Versions()->findChildren<QFocusFrame*>();
+    ASSERT_EQ(frames.size(), 1);
+    EXPECT_EQ(frames.constFirst()->widget(), Table());
+    EXPECT_TRUE(
+        frames.constFirst()->parentWidget()->rect().contains(frames.constFirst()->geometry()));
     EXPECT_THAT(TabOrder(*Versions()), ElementsAre("ListVersions", "ListNames", "btnLoad",
                                                    "btnSaveAs", "btnRemove", "btnClose"));
     const std::vector<std::string> newest = NamesShown();
@@ -119,6 +127,18 @@ TEST_F(WindowVersions, ADoubleClickLoads) {
     QTest::mouseClick(Table()->viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(Table()->viewport(), Qt::LeftButton, {}, place);
     EXPECT_THAT(ShownNames(), ElementsAre("Bernd"));
+}
+
+TEST_F(WindowVersions, KeepsTheKeyboardBehindItsFileDialog) {
+    Click("btnErase");
+    Dialogs.ChooseFile(PathIn("register.t9t"));
+    Trigger("mnuDateiLoadNV");
+    Trigger("mnuDateiVersions");
+    Versions()->activateWindow();
+    ASSERT_TRUE(BecomesActive(*Versions()));
+    Dialogs.Look([this](QDialog& dialog) { EXPECT_EQ(dialog.parentWidget(), Versions()); })
+        .Cancel();
+    Click("btnSaveAs");
 }
 
 TEST_F(WindowVersions, WithoutAVersionOnlyClosingIsPossible) {
