@@ -5,12 +5,11 @@
 #include "qt/focusframe.h"
 #include "qt/icons.h"
 #include "qt/textconversion.h"
+#include "qt/userfolders.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QStandardPaths>
 #include <QTranslator>
 
 #include <algorithm>
@@ -24,27 +23,6 @@ FilePath ExecutableFolder() {
     return ToFilePath(QApplication::applicationDirPath());
 }
 
-/// The folder in which programs keep a user's data. A relative XDG_DATA_HOME does not count.
-FilePath UserDataFolder() {
-    FilePath data =
-        ToFilePath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    return data.is_absolute() ? data : ToFilePath(QDir::homePath()) / ".local/share";
-}
-
-/// The folder in which programs keep what they remember of a user's work. A relative XDG_STATE_HOME
-/// does not count.
-FilePath UserStateFolder() {
-    FilePath state = ToFilePath(qEnvironmentVariable("XDG_STATE_HOME"));
-    return state.is_absolute() ? state : ToFilePath(QDir::homePath()) / ".local/state";
-}
-
-/// The folder in which programs keep a user's settings. A relative XDG_CONFIG_HOME does not count.
-FilePath UserConfigFolder() {
-    FilePath config =
-        ToFilePath(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-    return config.is_absolute() ? config : ToFilePath(QDir::homePath()) / ".config";
-}
-
 }  // namespace
 
 void PrepareApplication(QApplication& application) {
@@ -54,8 +32,10 @@ void PrepareApplication(QApplication& application) {
     FrameFocus(application);
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     auto* translator = new QTranslator(&application);
-    if (translator->load(QStringLiteral("qtbase_de"),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    // Where the toolkit is a part of the program, so are its texts.
+    const QString name = QStringLiteral("qtbase_de");
+    if (translator->load(name, QStringLiteral(":/translations")) ||
+        translator->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(translator);
     }
 }
@@ -90,7 +70,7 @@ FilePath ApplicationVersionFolder() {
 }
 
 FilePath ApplicationSettingsFile() {
-    return UserConfigFolder() / "norvik/fenster.ini";
+    return UserConfigFolder() / "norvik" / "fenster.ini";
 }
 
 FilePath InstalledDocumentFolder(const FilePath& executableFolder) {

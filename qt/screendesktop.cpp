@@ -5,22 +5,18 @@
 #include "qt/mainwindow.h"
 #include "qt/messagedialog.h"
 #include "qt/panelarea.h"
+#include "qt/systemshell.h"
 #include "qt/textconversion.h"
 
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QDesktopServices>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
-#include <QProcess>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QThread>
-#include <QUrl>
 #include <QWindow>
 
 #include <algorithm>
@@ -273,25 +269,11 @@ void ScreenDesktop::ShowPhoneList() {
 }
 
 int ScreenDesktop::OpenDocument(const FilePath& document) {
-    // The numbers of the shell that the status line has always shown.
-    constexpr int NotFound = 2;
-    constexpr int NoProgram = 31;
-    constexpr int HandedOver = 33;
-    const QString path = FromFilePath(document);
-    if (!QFileInfo::exists(path)) {
-        return NotFound;
-    }
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? HandedOver : NoProgram;
+    return OpenWithItsProgram(document);
 }
 
 void ScreenDesktop::OpenInTextEditor(const FilePath& document) {
-    const QString path = FromFilePath(document);
-    const QString notepad = QStandardPaths::findExecutable(QStringLiteral("notepad.exe"));
-    if (notepad.isEmpty()) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
-    } else {
-        QProcess::startDetached(notepad, {path});
-    }
+    OpenAsText(document);
 }
 
 }  // namespace norvik

@@ -1,7 +1,5 @@
 #include "qt/textconversion.h"
 
-#include <QFile>
-
 namespace norvik {
 
 QString ToQString(TextView text) {
@@ -15,14 +13,6 @@ QString ToLines(TextView text) {
 
 Text ToText(const QString& text) {
     return text.toStdU16String();
-}
-
-FilePath ToFilePath(const QString& path) {
-    return {QFile::encodeName(path).toStdString()};
-}
-
-QString FromFilePath(const FilePath& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path.string()));
 }
 
 }  // namespace norvik

@@ -34,13 +34,13 @@ toolkit_options=(
     -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no
 )
 for feature in concurrent dbus network opengl opengles2 sql vulkan xml \
-    direct2d gif jpeg tabletevent textmarkdownreader textmarkdownwriter textodfwriter tuiotouch \
+    direct2d1_1 gif jpeg tabletevent textmarkdownreader textmarkdownwriter textodfwriter tuiotouch \
     commandlineparser etw hijricalendar islamiccivilcalendar jalalicalendar \
     dial dockwidget errormessage keysequenceedit lcdnumber mdiarea splashscreen toolbox undoview wizard \
     system_doubleconversion system_freetype system_harfbuzz system_pcre2 system_png system_zlib; do
     toolkit_options+=("-DFEATURE_$feature=OFF")
 done
-for feature in accessibility ico printsupport sessionmanager testlib; do
+for feature in accessibility direct2d ico printsupport sessionmanager testlib; do
     toolkit_options+=("-DFEATURE_$feature=ON")
 done
 
