@@ -60,10 +60,11 @@ void PhonePicture::paintEvent(QPaintEvent* /*event*/) {
     const qreal scale = std::min(width(), height()) / Side;
     painter.scale(scale, scale);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().color(QPalette::Highlight));
+    // In a window that is not active some systems have colours that are hardly to be seen.
+    painter.setBrush(palette().color(QPalette::Active, QPalette::Highlight));
     DrawBody(painter);
     DrawHandset(painter);
-    painter.setBrush(palette().color(QPalette::HighlightedText));
+    painter.setBrush(palette().color(QPalette::Active, QPalette::HighlightedText));
     DrawKeys(painter);
     if (hasFocus()) {
         QStyleOptionFocusRect option;

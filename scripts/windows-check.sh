@@ -95,34 +95,36 @@ fi
 registry 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\NorvikTelefonregister' |
     grep -q 'Entfernen.exe' || fail "there is no entry for removing it"
 
-# edit PROGRAM ARGUMENT…: starts the editor on the sample, adds an entry, saves and ends it.
+# edit FILE TYPED PROGRAM ARGUMENT…: starts the editor on the sample, adds an entry, saves the
+# register as FILE, whose name is typed as TYPED, and ends it.
 edit() {
-    local saved=$1
-    shift
-    "$@" &
+    local saved=$1 typed=$2
+    shift 2
+    "$@" >/dev/null 2>&1 &
     local editor=$!
     processes+=("$editor")
-    wait_until has_window 'Fehler'
-    sleep 1
+    wait_until has_window '^NORVIK$'  # there are no settings
     xdotool key Return
-    wait_until has_window 'norvik Telefonregister - Datei: .*Vögel'
-    sleep 2
-    xdotool key ctrl+n
-    sleep 1
+    wait_until has_window '^Fehlerpr'
+    xdotool key Return
+    wait_until has_window 'norvik Telefonregister - Datei: .*V.*gel'
+    xdotool key --delay 500 ctrl+n
     xdotool type --delay 60 'Aal, Otto'
-    xdotool key Return
+    xdotool key --delay 200 Return
     xdotool type --delay 60 '040123456'
-    sleep 1
-    xdotool key shift+Return
-    sleep 1
+    xdotool key --delay 500 shift+Return
+    sleep 1  # until everything is painted
     import -window root "$picture"
     xdotool key ctrl+s
     wait_until has_window 'Speichern unter'
     sleep 1
-    xdotool type --delay 60 "$saved"
-    xdotool key Return
-    wait_until has_window 'norvik Telefonregister - Datei: .*neu'
-    xdotool key alt+F4
+    xdotool type --delay 60 "$typed"
+    xdotool key --delay 500 Return
+    wait_until test -s "$saved"
+    wait_until has_no_window 'Speichern unter'
+    # Behind wine's dialog no window has the keyboard.
+    xdotool search --onlyvisible --name 'norvik Telefonregister - Datei:' windowactivate --sync
+    xdotool key --delay 500 alt+F4
     wait_until has_no_window 'norvik Telefonregister - Datei:'
     local status=0
     wait "$editor" || status=$?
@@ -133,18 +135,15 @@ echo "Editing here"
 mkdir -p "$folder/here" "$user/Desktop/Meine Vögel"
 cp samples/telefonbuch.t9t "$folder/here/Vögel, alle.t9t"
 cp samples/telefonbuch.t9t "$user/Desktop/Meine Vögel/Vögel, alle.t9t"
-edit "$folder/here/neu.t9t" build/release/qt/norvik-telefonregister --datei "$folder/here/Vögel, alle.t9t"
+edit "$folder/here/neu.t9t" "$folder/here/neu.t9t" build/release/qt/norvik-telefonregister \
+    --datei "$folder/here/Vögel, alle.t9t"
 
 echo "Editing there"
-edit 'neu.t9t' wine "$program" --datei "C:\\users\\$(id -un)\\Desktop\\Meine Vögel\\Vögel, alle.t9t"
-saved=$(find "$user" "$folder/home" -name neu.t9t | head -n 1)
-if [ -z "$saved" ]; then
-    fail "nothing was saved"
-elif ! cmp "$saved" "$folder/here/neu.t9t"; then
-    fail "the saved register differs"
-fi
-rm -f "$saved"
-rm -r "$user/Desktop/Meine Vögel"
+there="$user/Desktop/Meine Vögel"
+edit "$there/neu.t9t" neu.t9t wine "$program" \
+    --datei "C:\\users\\$(id -un)\\Desktop\\Meine Vögel\\Vögel, alle.t9t"
+cmp "$there/neu.t9t" "$folder/here/neu.t9t" || fail "the saved register differs"
+rm -r "$there"
 
 echo "Converting"
 wine "$installed/norvik-konverter.exe" samples/telefonbuch.t9t "$folder/dort.csv" || fail "converting failed"

@@ -389,6 +389,22 @@ TEST_F(WindowLook, ATextWithoutAPlaceToBreakItStandsInAPartThatScrolls) {
                             "OK default OK"));
 }
 
+TEST_F(WindowLook, TheTelephoneKeepsItsColoursInAWindowThatIsNotActive) {
+    Make();
+    auto* picture = Find<QWidget>("Bild1");
+    QPalette palette = picture->palette();
+    palette.setColor(QPalette::Active, QPalette::Highlight, Qt::blue);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, palette.color(QPalette::Window));
+    picture->setPalette(palette);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_FALSE(Window->isActiveWindow());
+    const QImage image = picture->grab().toImage();
+    EXPECT_EQ(image.pixelColor(image.width() / 5, image.height() * 4 / 5), QColor(Qt::blue));
+}
+
 }  // namespace
 
 }  // namespace norvik::test
