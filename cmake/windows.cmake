@@ -1,4 +1,4 @@
-# How to build for Windows on Debian: cmake --toolchain cmake/windows.cmake
+# How to build for Windows on Debian; to be given with "--toolchain".
 # The libraries that scripts/windows-libraries.sh made are found where -DCMAKE_FIND_ROOT_PATH names
 # their folders.
 set(CMAKE_SYSTEM_NAME Windows)

@@ -60,7 +60,7 @@ void PhonePicture::paintEvent(QPaintEvent* /*event*/) {
     const qreal scale = std::min(width(), height()) / Side;
     painter.scale(scale, scale);
     painter.setPen(Qt::NoPen);
-    // In a window that is not active some systems have colours that are hardly to be seen.
+    // In a window that is not active some systems have colors that are hardly to be seen.
     painter.setBrush(palette().color(QPalette::Active, QPalette::Highlight));
     DrawBody(painter);
     DrawHandset(painter);

@@ -14,7 +14,6 @@ QString ToLines(TextView text);
 /// The UTF-16 of a toolkit text as it is; whether it is in the repertoire is the caller's matter.
 Text ToText(const QString& text);
 
-/// Of these two there is one file for each system (qt/toolkitpaths_posix.cpp).
 FilePath ToFilePath(const QString& path);
 QString FromFilePath(const FilePath& path);
 
