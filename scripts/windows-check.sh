@@ -80,7 +80,8 @@ user=$WINEPREFIX/drive_c/users/$(id -un)
 
 # Files that a user gets, as paths below a folder.
 files_of() { (cd "$1" && find . -type f | sort); }
-everything() { (cd "$user" && find . ! -type d | sort) ; }
+# The system's own folder for what is to go is left out: the uninstaller lies there until the next start.
+everything() { (cd "$user" && find . -path './[Tt]emp' -prune -o -path ./AppData/Local/Temp -prune -o -print | sort); }
 everything > "$folder/before"
 registry 'HKCU\Software' /s > "$folder/registry-before"
 
@@ -132,7 +133,7 @@ edit() {
     wait_until test -s "$saved"
     wait_until has_no_window 'Speichern unter'
     # Behind wine's dialog no window has the keyboard.
-    xdotool search --onlyvisible --name 'norvik Telefonregister - Datei:' windowactivate --sync
+    xdotool search --onlyvisible --name 'norvik Telefonregister - Datei:' windowactivate --sync >/dev/null
     xdotool key --delay 500 alt+F4
     wait_until has_no_window 'norvik Telefonregister - Datei:'
     local status=0
@@ -169,7 +170,8 @@ wineserver -w
 wait_until test ! -e "$shortcut"
 wineserver -w
 everything | comm -13 "$folder/before" - > "$folder/left"
-expect "what is left of the files" "$(cat "$folder/left")" "./AppData/Local/norvik/fenster.ini"
+expect "what is left of the files" "$(cat "$folder/left")" "./AppData/Local/norvik
+./AppData/Local/norvik/fenster.ini"
 registry 'HKCU\Software' /s > "$folder/registry-after"
 expect "what is left in the registry" "$(grep -i norvik "$folder/registry-after" || true)" ""
 

@@ -146,6 +146,7 @@ Section "Uninstall"
     !include "${REMOVALS}"
     Delete "$INSTDIR\Entfernen.exe"
     SetOutPath "$TEMP"
+    RMDir "$INSTDIR\staende"  ; where it is empty
     RMDir "$INSTDIR"
     SetShellVarContext current
     Delete "$SMPROGRAMS\${NAME}.lnk"
