@@ -69,6 +69,8 @@ void MainWindow::MakeMenus() {
         if (menu == nullptr || menu->objectName() != menuName) {
             menu = menuBar()->addMenu(ToQString(row.MenuCaption));
             menu->setObjectName(menuName);
+            // On a small screen a menu scrolls: a second column might not stand on it.
+            menu->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
             group = row.Group;
         }
         if (std::exchange(group, row.Group) != row.Group) {

@@ -5,6 +5,8 @@
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QMenu>
+#include <QMenuBar>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QScreen>
@@ -91,6 +93,20 @@ class WindowFit : public WindowTest {
 
 TEST_F(WindowFit, TheMainWindow) {
     ExpectFits(*Window);
+}
+
+TEST_F(WindowFit, TheMenusInOneColumn) {
+    for (const QAction* title : Window->menuBar()->actions()) {
+        QMenu* const menu = title->menu();
+        menu->popup(Window->mapToGlobal(QPoint()));
+        ExpectOnScreen(*menu);
+        for (QAction* item : menu->actions()) {
+            EXPECT_EQ(menu->actionGeometry(item).left(),
+                      menu->actionGeometry(menu->actions().constFirst()).left())
+                << item->objectName().toStdString();
+        }
+        menu->close();
+    }
 }
 
 TEST_F(WindowFit, TheMobileExport) {
