@@ -53,7 +53,7 @@ FilePath UsableSettingsFile(FilePath file) {
     const bool isUsable = status.type() == std::filesystem::file_type::not_found ||
                           (std::filesystem::is_regular_file(status) &&
                            std::filesystem::file_size(file, error) <= Largest);
-    return isUsable ? file : FilePath();
+    return isUsable ? std::move(file) : FilePath();
 }
 
 RecentFiles ReadRecentFiles(const FilePath& settingsFile) {
