@@ -18,7 +18,7 @@ using OpenedFile = std::shared_ptr<std::FILE>;
 OpenedFile OpenForReading(const FilePath& path) {
     EnsurePossibleName(path);
     std::error_code error;
-    const fs::file_status status = fs::status(path, error);
+    const fs::file_status status = platform::StatusOf(path, error);
     if (status.type() == fs::file_type::not_found) {
         error = std::make_error_code(std::errc::no_such_file_or_directory);
         RaiseSystemError(error, path);

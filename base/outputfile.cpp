@@ -28,16 +28,11 @@ fs::file_status Known(const fs::file_status& status, const std::error_code& erro
     return status;
 }
 
-/// Where a path leads at the end of its links, even if nothing is there. There is no circle of
-/// them.
-FilePath EndOfLinks(FilePath path) {
-    constexpr int MostLinks = 100;
+FilePath EndOfLinks(const FilePath& path) {
     std::error_code error;
-    for (int i = 0; i < MostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
-        path = path.parent_path() / fs::read_symlink(path, error);
-        RaiseIfFailed(error, path);
-    }
-    return path;
+    FilePath end = platform::EndOfLinks(path, error);
+    RaiseIfFailed(error, path);
+    return end;
 }
 
 FilePath FolderOf(const FilePath& path) {
@@ -82,12 +77,6 @@ bool ForbidsOtherNames(const std::error_code& error) {
                        [&error](std::errc forbidding) { return error == forbidding; });
 }
 
-bool HasSeveralNames(const FilePath& path) {
-    std::error_code error;
-    const std::uintmax_t names = fs::hard_link_count(path, error);
-    return !error && names > 1;
-}
-
 /// The bytes that a failure would have to bring back; none where they cannot be had.
 std::optional<Bytes> OldBytes(const FilePath& path) {
     try {
@@ -125,7 +114,8 @@ OutputFile::OutputFile(OutputTarget target) : target_(std::move(target)) {
         throw FileExists();
     }
     std::error_code error;
-    const fs::file_status status = Known(fs::status(target_.Path, error), error, target_.Path);
+    const fs::file_status status =
+        Known(platform::StatusOf(target_.Path, error), error, target_.Path);
     place_ = EndOfLinks(target_.Path);
     if (!fs::exists(status)) {
         if (target_.MakeFolder) {
@@ -136,7 +126,7 @@ OutputFile::OutputFile(OutputTarget target) : target_(std::move(target)) {
         if (platform::IsProtected(place_)) {
             throw RuntimeError(ErrorNumber::AccessDenied);
         }
-        collects_ = HasSeveralNames(place_);
+        collects_ = platform::HasSeveralNames(place_);
         if (!collects_) {
             CreateBeside(true);
         }
@@ -203,6 +193,8 @@ void OutputFile::Close() {
     Flush();
     std::error_code error;
     if (!beside_.empty()) {
+        platform::Keep(file_, error);
+        RaiseIfFailed(error, place_);
         platform::GivePermissions(file_, like_, error);
         RaiseIfFailed(error, place_);
     }

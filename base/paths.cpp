@@ -20,8 +20,13 @@ bool IsInRepertoire(char32_t point) {
     return point <= 0xFFFF && ByteOf(static_cast<char16_t>(point)).has_value();
 }
 
+std::u32string CodePointsOf(const FilePath& path) {
+    const std::string utf8 = platform::Utf8Of(path);
+    return CodePoints(std::u8string(utf8.begin(), utf8.end()));
+}
+
 std::u32string LoweredName(const FilePath& name) {
-    std::u32string points = CodePoints(name.u8string());
+    std::u32string points = CodePointsOf(name);
     for (char32_t& point : points) {
         if (IsInRepertoire(point)) {
             point = LowerCase(static_cast<char16_t>(point));
@@ -149,7 +154,7 @@ FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name) {
     }
     FilePath path = folder / name;
     std::error_code ignored;
-    if (fs::exists(path, ignored)) {
+    if (!platform::DistinguishesCase() || fs::exists(path, ignored)) {
         return path;
     }
     return CaseSearch(StepsOf(name)).FindBelow(folder, 0).value_or(path);
@@ -171,7 +176,7 @@ FilePath FullPath(const FilePath& path) {
 
 Text TextFromPath(const FilePath& path) {
     Text text;
-    for (const char32_t point : CodePoints(path.u8string())) {
+    for (const char32_t point : CodePointsOf(path)) {
         text.push_back(IsInRepertoire(point) ? static_cast<char16_t>(point) : u'?');
     }
     return text;

@@ -1,5 +1,6 @@
-// What files and streams need of the system beyond the standard library. Each system has a file of
-// its own (platform_posix.cpp, platform_windows.cpp); nothing else asks which one it is.
+// What files and processes need of the system beyond the standard library. Each system has two
+// files of its own (platform_posix.cpp, platform_process_posix.cpp and those of Windows); nothing
+// else asks which one it is.
 #pragma once
 
 #include "base/numbers.h"
@@ -9,14 +10,35 @@
 #include <cstdint>
 #include <cstdio>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace norvik::platform {
 
 /// A file that is open for writing.
 using Handle = std::intptr_t;
 inline constexpr Handle NoHandle = -1;
+
+/// The same error as one of std::errc, as far as these know it.
+std::error_code Portable(const std::error_code& error);
+
+/// Whether the system could have a file of that name at all.
+bool IsPossibleName(const FilePath& path);
+
+/// What a path leads to; file_type::none, and the error, when the system cannot tell.
+std::filesystem::file_status StatusOf(const FilePath& path, std::error_code& error);
+
+/// Whether the file stands in more than one place.
+bool HasSeveralNames(const FilePath& path);
+
+/// Where a path leads at the end of its links, even if nothing is there. There is no circle of
+/// them.
+FilePath EndOfLinks(const FilePath& path, std::error_code& error);
+
+/// Whether names that differ in nothing but the case are different names.
+bool DistinguishesCase();
 
 /// Opens a file to be read in blocks; null, and errno, when it cannot be.
 std::FILE* OpenToRead(const FilePath& path);
@@ -37,10 +59,14 @@ struct NewFile {
     unsigned Permissions = 0;
 };
 
-/// Makes a file that nobody has made before, never through a link. `like` is a file whose owner and
+/// Makes a file that nobody has made before, never through a link; before Keep() it may go with its
+/// handle. `like` is a file whose owner and
 /// permissions it is to have in the end, or empty for those of any new file. Fails with
 /// errc::operation_not_permitted, and there is no file, when the owner cannot be the same.
 NewFile CreateBeside(const FilePath& path, const FilePath& like, std::error_code& error);
+
+/// Has a file of CreateBeside() stay when it is closed.
+void Keep(const NewFile& file, std::error_code& error);
 
 /// Removes a file of CreateBeside(), unless it is still open, here or in another process.
 void RemoveIfClosed(const FilePath& path);
@@ -96,8 +122,20 @@ Handle ListenForEndSignals();
 /// Ends the process by the signal, as if nobody had listened.
 [[noreturn]] void EndBySignal(int signal);
 
-/// The path that an argument of the command line names.
-FilePath PathOfArgument(std::string_view argument);
+/// A path as UTF-8, and back: whatever a name holds, it comes back the same.
+std::string Utf8Of(const FilePath& path);
+FilePath PathOfUtf8(std::string_view utf8);
+
+/// Whether names of files are put in the place of a pattern such as "*.t9t", where the system
+/// leaves that to the program.
+enum class Patterns { Leave, Expand };
+
+/// The arguments behind the program's name, in UTF-8 as far as they were characters at all.
+std::vector<std::string> Arguments(int argc, char* argv[], Patterns patterns);
+
+/// Shows a text on the stream's console, where that takes no UTF-8; false when there is no such
+/// console.
+bool ShowOnConsole(std::FILE* stream, std::string_view utf8, std::error_code& error);
 
 /// To be called before anything else: makes the standard streams binary, lets a reader that goes
 /// away be an error of writing, and sees to it that no file that is opened later takes the place of

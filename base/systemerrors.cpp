@@ -1,5 +1,7 @@
 #include "base/systemerrors.h"
 
+#include "base/platform.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -27,16 +29,6 @@ constexpr std::array<ErrorRow, 13> Rows = {
      {std::errc::no_space_on_device, ErrorNumber::DiskFull},
      {std::errc::directory_not_empty, ErrorNumber::PathAccessError}}};
 
-/// The user's share of the disk, which the standard library has no name for.
-bool IsShareUsedUp([[maybe_unused]] const std::error_code& error) {
-#ifdef EDQUOT
-    return error == std::error_code(EDQUOT, std::generic_category()) ||
-           error == std::error_code(EDQUOT, std::system_category());
-#else
-    return false;
-#endif
-}
-
 ErrorNumber NumberOfMissing(const FilePath& path) {
     std::error_code ignored;
     const FilePath folder = path.parent_path();
@@ -46,12 +38,10 @@ ErrorNumber NumberOfMissing(const FilePath& path) {
 
 }  // namespace
 
-ErrorNumber NumberOfSystemError(const std::error_code& error, const FilePath& path) {
+ErrorNumber NumberOfSystemError(const std::error_code& systems, const FilePath& path) {
+    const std::error_code error = platform::Portable(systems);
     if (error == std::errc::no_such_file_or_directory) {
         return NumberOfMissing(path);
-    }
-    if (IsShareUsedUp(error)) {
-        return ErrorNumber::DiskFull;
     }
     const auto* const row = std::find_if(
         Rows.begin(), Rows.end(), [&error](const ErrorRow& known) { return error == known.Error; });
@@ -73,9 +63,7 @@ std::error_code LastError() {
 }
 
 void EnsurePossibleName(const FilePath& path) {
-    const bool holdsNul =
-        path.native().find(FilePath::value_type{0}) != FilePath::string_type::npos;
-    if (path.empty() || holdsNul) {
+    if (path.empty() || !platform::IsPossibleName(path)) {
         throw RuntimeError(ErrorNumber::BadFileName);
     }
 }

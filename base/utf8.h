@@ -20,7 +20,7 @@ std::optional<char32_t> TakeCodePoint(std::u8string_view& utf8);
 /// The code points of a UTF-8 text; every byte that does not fit gives ReplacementCharacter.
 std::u32string CodePoints(std::u8string_view utf8);
 
-/// Appends a code point, which must be none of a surrogate pair's halves.
+/// Appends a code point; half of a surrogate pair takes three bytes like its neighbours.
 void AppendUtf8(std::string& utf8, char32_t point);
 
 std::string ToUtf8(TextView text);

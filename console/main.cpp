@@ -3,6 +3,8 @@
 
 int main(int argc, char* argv[]) {
     norvik::platform::PrepareStandardStreams();
-    const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    const std::vector<std::string> words =
+        norvik::platform::Arguments(argc, argv, norvik::platform::Patterns::Expand);
+    const std::vector<std::string_view> arguments(words.begin(), words.end());
     return static_cast<int>(norvik::RunConverter(arguments));
 }

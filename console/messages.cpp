@@ -1,5 +1,6 @@
 #include "console/messages.h"
 
+#include "base/platform.h"
 #include "base/utf8.h"
 #include "console/printable.h"
 
@@ -11,6 +12,10 @@ namespace norvik {
 namespace {
 
 std::error_code PrintUtf8(std::FILE* output, const std::string& utf8) {
+    std::error_code error;
+    if (platform::ShowOnConsole(output, utf8, error)) {
+        return error;
+    }
     errno = 0;
     const bool taken = std::fwrite(utf8.data(), 1, utf8.size(), output) == utf8.size();
     if (std::fflush(output) == 0 && taken) {

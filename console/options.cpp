@@ -41,7 +41,7 @@ class ArgumentReader {
             } else if (!onlyFiles_ && IsOption(argument)) {
                 TakeOption(argument);
             } else {
-                result_.Files.push_back(platform::PathOfArgument(argument));
+                result_.Files.push_back(platform::PathOfUtf8(argument));
             }
         }
         return std::move(result_);

@@ -131,7 +131,7 @@ void TakeSettingsFile(Reading& reading, std::string_view value) {
     if (value.empty()) {
         Fail(u"--ini braucht einen Wert, der nicht leer ist");
     }
-    reading.Options.SettingsFile = platform::PathOfArgument(value);
+    reading.Options.SettingsFile = platform::PathOfUtf8(value);
 }
 
 void TakeTogether(Reading& reading, std::string_view value) {
@@ -139,7 +139,7 @@ void TakeTogether(Reading& reading, std::string_view value) {
         Fail(u"--zusammen braucht einen Wert, der nicht leer ist");
     }
     reading.Options.Together = true;
-    reading.Options.Target = platform::PathOfArgument(value);
+    reading.Options.Target = platform::PathOfUtf8(value);
 }
 
 template <bool ConverterOptions::*Flag>
@@ -264,7 +264,7 @@ constexpr std::array<std::array<std::string_view, 2>, 3> OtherNames = {
 }  // namespace
 
 Text ShownArgument(std::string_view argument) {
-    return PrintablePath(platform::PathOfArgument(argument));
+    return PrintablePath(platform::PathOfUtf8(argument));
 }
 
 [[noreturn]] void Fail(Text message) {

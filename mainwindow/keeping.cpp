@@ -1,5 +1,6 @@
 #include "mainwindow/keeping.h"
 
+#include "base/platform.h"
 #include "base/runtimeerror.h"
 #include "losses/lossreport.h"
 #include "mainwindow/handlers.h"
@@ -120,10 +121,10 @@ std::set<FilePath> SessionFiles(const FilePath& folder) {
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
+        const std::string name = platform::Utf8Of(entry->path().filename());
         if (name.starts_with(SessionName)) {
-            files.insert(folder /
-                         FilePath(name.substr(0, name.find('.')) + std::string(VersionEnding)));
+            files.insert(folder / platform::PathOfUtf8(name.substr(0, name.find('.')) +
+                                                       std::string(VersionEnding)));
         }
     }
     return files;

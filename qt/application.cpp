@@ -46,7 +46,7 @@ FilePath TakeFile(int& argc, char** argv) {
         return {};
     }
     const bool withPath = argc > 2;
-    FilePath file = withPath ? platform::PathOfArgument(argv[2]) : FilePath();
+    FilePath file = withPath ? platform::PathOfUtf8(argv[2]) : FilePath();
     const int taken = withPath ? 2 : 1;
     std::copy(argv + 1 + taken, argv + argc + 1, argv + 1);  // with the null that ends them
     argc -= taken;

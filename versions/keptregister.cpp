@@ -1,5 +1,6 @@
 #include "versions/keptregister.h"
 
+#include "base/platform.h"
 #include "versions/bytes.h"
 
 #include <limits>
@@ -19,13 +20,13 @@ constexpr int LongSize = 4;
 constexpr int TimeSize = 8;
 
 void AppendPath(ByteAppender& bytes, const FilePath& path) {
-    const std::u8string utf8 = path.u8string();
+    const std::string utf8 = platform::Utf8Of(path);
     bytes.Block(ByteView(reinterpret_cast<const Byte*>(utf8.data()), utf8.size()));
 }
 
 FilePath TakePath(ByteTaker& bytes) {
     const ByteView utf8 = bytes.Block();
-    return std::u8string(utf8.begin(), utf8.end());
+    return platform::PathOfUtf8(std::string(utf8.begin(), utf8.end()));
 }
 
 void AppendFile(ByteAppender& bytes, const CurrentFile& file) {

@@ -1,5 +1,6 @@
 #include "versions/versionstore.h"
 
+#include "base/files.h"
 #include "base/outputfile.h"
 #include "base/platform.h"
 #include "base/runtimeerror.h"
@@ -57,13 +58,12 @@ FilePath NameOf(const Version& version) {
 
 /// Of two versions of one second the file system knows which was written first.
 bool IsOlder(const FilePath& a, const FilePath& b) {
-    const std::string second = a.filename().string().substr(0, TimeDigits);
-    if (second != b.filename().string().substr(0, TimeDigits)) {
+    const std::string second = platform::Utf8Of(a.filename()).substr(0, TimeDigits);
+    if (second != platform::Utf8Of(b.filename()).substr(0, TimeDigits)) {
         return a < b;
     }
-    std::error_code ignored;
-    const auto writtenA = fs::last_write_time(a, ignored);
-    const auto writtenB = fs::last_write_time(b, ignored);
+    const auto writtenA = LastModified(a);
+    const auto writtenB = LastModified(b);
     return writtenA != writtenB ? writtenA < writtenB : a < b;
 }
 
@@ -74,7 +74,7 @@ std::vector<FilePath> KeptFiles(const FilePath& folder) {
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
         std::error_code ignored;
-        const std::string name = entry->path().filename().string();
+        const std::string name = platform::Utf8Of(entry->path().filename());
         if (name.ends_with(VersionEnding) && !name.empty() && name.front() >= '0' &&
             name.front() <= '9' && entry->is_regular_file(ignored)) {
             files.push_back(entry->path());
@@ -100,7 +100,7 @@ std::vector<FilePath> EqualTo(const Version& version, const FilePath& folder) {
     const std::string ending = "-" + Hexadecimal(ContentHash(version)) + std::string(VersionEnding);
     std::vector<FilePath> equal;
     for (const FilePath& file : KeptFiles(folder)) {
-        if (!file.filename().string().ends_with(ending)) {
+        if (!platform::Utf8Of(file.filename()).ends_with(ending)) {
             continue;
         }
         const std::optional<Version> other = ReadVersion(file);
@@ -136,7 +136,10 @@ std::error_code WriteNewFile(const FilePath& path, ByteView bytes, Flush flush) 
     if (error) {
         return error;
     }
-    platform::Write(file.File, bytes, error);
+    platform::Keep(file, error);
+    if (!error) {
+        platform::Write(file.File, bytes, error);
+    }
     if (!error && flush == Flush::Now) {
         platform::Synchronise(file.File, error);
     }
@@ -145,7 +148,7 @@ std::error_code WriteNewFile(const FilePath& path, ByteView bytes, Flush flush) 
     return error ? error : notClosed;
 }
 
-ByteView BytesOf(const std::u8string& utf8) {
+ByteView BytesOf(const std::string& utf8) {
     return {reinterpret_cast<const Byte*>(utf8.data()), utf8.size()};
 }
 
@@ -180,7 +183,7 @@ Bytes EncodeVersion(Version version) {
     numbers.Number(static_cast<std::int64_t>(version.Why), FlagSize);
     numbers.Number(version.When, TimeSize);
     numbers.Number(version.IsRegister ? 1 : 0, FlagSize);
-    numbers.Block(BytesOf(version.Original.u8string()));
+    numbers.Block(BytesOf(platform::Utf8Of(version.Original)));
     numbers.Number(static_cast<std::int64_t>(version.Content.size()), LengthSize);
     Bytes result = std::move(version.Content);
     result.insert(result.begin(), header.begin(), header.end());
@@ -210,7 +213,7 @@ std::optional<Version> DecodeVersion(ByteView bytes) {
     version.When = taker.Number(TimeSize, 0, Int64::max());
     version.IsRegister = taker.Number(FlagSize, 0, 1) == 1;
     const ByteView original = taker.Block();
-    version.Original = std::u8string(original.begin(), original.end());
+    version.Original = platform::PathOfUtf8(std::string(original.begin(), original.end()));
     const ByteView content = taker.Block();
     version.Content.assign(content.begin(), content.end());
     return taker.IsDone() ? std::optional(std::move(version)) : std::nullopt;

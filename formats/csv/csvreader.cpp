@@ -1,4 +1,5 @@
 #include "base/lines.h"
+#include "base/platform.h"
 #include "formats/common/globalize.h"
 #include "formats/csv/csvformat.h"
 #include "formats/csv/csvsplit.h"
@@ -164,9 +165,10 @@ constexpr std::string_view RemoveDoublesMark = "#D";
 
 void LoadCSV(RegisterState& state, const FilePath& file, const Settings& settings,
              Desktop& desktop) {
-    const std::string argument = file.string();
+    const std::string argument = platform::Utf8Of(file);
     const bool removeDoubles = argument.starts_with(RemoveDoublesMark);
-    const FilePath path = removeDoubles ? argument.substr(RemoveDoublesMark.size()) : argument;
+    const FilePath path =
+        removeDoubles ? platform::PathOfUtf8(argument.substr(RemoveDoublesMark.size())) : file;
     LoadCSV(state, ReadSourceFile(path), {.AvoidDoubles = removeDoubles}, settings, desktop);
 }
 

@@ -12,8 +12,10 @@
 #include <limits>
 #include <string>
 
+#ifndef _WIN32
 #include <fcntl.h>
 #include <sys/stat.h>
+#endif
 
 namespace norvik::test {
 namespace {
@@ -79,6 +81,7 @@ TEST(ReadingAFile, BehindALinkToNowhereRaises53) {
     EXPECT_EQ(ReadError(folder / "a.t9t"), 53);
 }
 
+#ifndef _WIN32
 TEST(ReadingAFile, WithoutPermissionRaises70) {
     const TestFolder folder;
     const FilePath path = folder.Write("a.t9t", "x");
@@ -97,6 +100,7 @@ TEST(ReadingAFile, InAFolderWithoutPermissionRaises70) {
     }
     fs::permissions(folder / "zu", fs::perms::owner_all);
 }
+#endif
 
 TEST(ReadingAFile, ThatIsAFolderRaises75) {
     const TestFolder folder;
@@ -104,6 +108,7 @@ TEST(ReadingAFile, ThatIsAFolderRaises75) {
     EXPECT_EQ(ReadError(folder.Path() / ""), 75);
 }
 
+#ifndef _WIN32
 TEST(ReadingAFile, ThatIsAPipeRaises75) {
     const TestFolder folder;
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
@@ -114,6 +119,7 @@ TEST(ReadingAFile, ThatIsADeviceRaises75) {
     EXPECT_EQ(ReadError("/dev/zero"), 75);
     EXPECT_EQ(ReadError("/dev/null"), 75);
 }
+#endif
 
 TEST(ReadingAFile, WithAnImpossibleNameRaises64) {
     const TestFolder folder;
@@ -167,6 +173,7 @@ TEST(LastModified, OfAFileThatIsMissingOrOutOfReachIsUnknown) {
     EXPECT_EQ(LastModified(TooLong(folder)), std::nullopt);
 }
 
+#ifndef _WIN32
 /// A file that was changed so many seconds after 1970; nothing where the disk cannot say so.
 std::optional<FilePath> ChangedAt(const TestFolder& folder, time_t seconds) {
     FilePath path = folder.Write("a.t9t", "x");
@@ -203,6 +210,7 @@ TEST(LastModified, BeyondAllCountingIsUnknown) {
     EXPECT_EQ(LastModified(*path), std::nullopt);
     EXPECT_EQ(ReadWholeFile(*path), Raw("'x'"));
 }
+#endif
 
 }  // namespace
 }  // namespace norvik::test

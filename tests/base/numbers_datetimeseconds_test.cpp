@@ -11,6 +11,10 @@
 namespace norvik::test {
 namespace {
 
+FileTime At(long long seconds) {
+    return FileTime(std::chrono::seconds(seconds));
+}
+
 #ifndef _WIN32
 /// The time zone of the process while the object lives.
 class TimeZone {
@@ -44,10 +48,6 @@ class TimeZone {
 constexpr const char* Berlin = "CET-1CEST,M3.5.0,M10.5.0/3";
 
 /// A point in time by its seconds since 1 January 1970, 0:00 in Greenwich.
-FileTime At(long long seconds) {
-    return FileTime(std::chrono::seconds(seconds));
-}
-
 TEST(FormatDateTimeSeconds, WritesDayAndSecondInGermanOrder) {
     const TimeZone zone("UTC0");
     EXPECT_EQ(FormatDateTimeSeconds(At(1'135'449'007)), u"24.12.2005 18:30:07");
@@ -106,6 +106,8 @@ TEST(FormatDateTimeSeconds, DoesNotRoundUpBefore1970Either) {
     EXPECT_EQ(FormatDateTimeSeconds(At(-1) + std::chrono::milliseconds(1)), u"31.12.1969 23:59:59");
 }
 
+#endif
+
 TEST(FileTimeOf, IsUnknownBeyondAllCounting) {
     EXPECT_EQ(FileTimeOf(1, 500'000), At(1) + std::chrono::milliseconds(500));
     EXPECT_EQ(FileTimeOf(-2, 999'999), At(-1) - std::chrono::microseconds(1));
@@ -113,7 +115,6 @@ TEST(FileTimeOf, IsUnknownBeyondAllCounting) {
     EXPECT_EQ(FileTimeOf(std::numeric_limits<long long>::min(), 0), std::nullopt);
     EXPECT_NE(FileTimeOf(9'223'372'036'852, 999'999), std::nullopt);
 }
-#endif
 
 }  // namespace
 }  // namespace norvik::test

@@ -7,10 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#ifndef _WIN32
 #include <csignal>
 
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 namespace norvik::test {
 namespace {
@@ -40,6 +42,7 @@ class OutputFileAbandoned : public testing::Test {
     TestFolder folder;
 };
 
+#ifndef _WIN32
 TEST_F(OutputFileAbandoned, TheNextSaveRemovesWhatAKilledProcessLeft) {
     const pid_t child = fork();
     if (child == 0) {
@@ -55,6 +58,7 @@ TEST_F(OutputFileAbandoned, TheNextSaveRemovesWhatAKilledProcessLeft) {
     Save();
     EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a"));
 }
+#endif
 
 TEST_F(OutputFileAbandoned, AnotherSaveIsLeftAloneHoweverLongItTakes) {
     OutputFile slow(folder / "b");

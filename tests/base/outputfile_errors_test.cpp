@@ -10,7 +10,9 @@
 
 #include <string>
 
+#ifndef _WIN32
 #include <sys/stat.h>
+#endif
 
 namespace norvik::test {
 namespace {
@@ -29,9 +31,11 @@ int ReplaceError(const FilePath& path) {
     return ErrorOf([&] { ReplaceFile(path, Raw("'new'")); });
 }
 
+#ifndef _WIN32
 void MakeReadOnly(const FilePath& path) {
     fs::permissions(path, fs::is_directory(path) ? fs::perms(0555) : fs::perms(0444));
 }
+#endif
 
 FilePath WithNul() {
     return std::string("/tmp/a\0b", 8);
@@ -53,11 +57,13 @@ TEST(WritingAFile, ThatIsAFolderRaises75) {
     EXPECT_EQ(WriteError(folder.Path()), 75);
 }
 
+#ifndef _WIN32
 TEST(WritingAFile, ThatIsAPipeRaises75) {
     const TestFolder folder;
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(WriteError(folder / "pipe"), 75);
 }
+#endif
 
 TEST(WritingAFile, WithAnImpossibleNameRaises64) {
     const TestFolder folder;
@@ -66,6 +72,7 @@ TEST(WritingAFile, WithAnImpossibleNameRaises64) {
     EXPECT_EQ(WriteError(TooLong(folder)), 64);
 }
 
+#ifndef _WIN32
 TEST(WritingAFile, WithoutPermissionRaises70AndLeavesItAsItIs) {
     const TestFolder folder;
     const FilePath path = folder.Write("a.t9t", "alt");
@@ -107,6 +114,7 @@ TEST(WritingAFile, ThatMayGrowNoFurtherRaises57) {
               }),
               57);
 }
+#endif
 
 TEST(WritingAFile, InACircleOfLinksRaises64) {
     const TestFolder folder;
@@ -124,6 +132,7 @@ TEST(WritingAFile, WhoseFolderDisappearsRaises76) {
     EXPECT_EQ(ErrorOf([&] { file.Close(); }), 76);
 }
 
+#ifndef _WIN32
 TEST(WritingAFile, OnlyRaises75ForADevice) {
     OutputTarget target(FilePath("/dev/null"));
     target.OnlyFiles = true;
@@ -140,6 +149,7 @@ TEST(ReplaceFile, AFailedWriteLeavesTheOldFileAndNothingBeside) {
     EXPECT_EQ(ReadFile(path), Raw("'old'"));
     EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.ini"});
 }
+#endif
 
 TEST(ReplaceFile, AFolderOfThatNameRaises75AndStays) {
     const TestFolder folder;
@@ -149,6 +159,7 @@ TEST(ReplaceFile, AFolderOfThatNameRaises75AndStays) {
     EXPECT_EQ(FilesIn(folder.Path()), std::vector<std::string>{"a.ini"});
 }
 
+#ifndef _WIN32
 TEST(ReplaceFile, WithoutPermissionRaises70AndLeavesTheOldFile) {
     const TestFolder folder;
     const FilePath path = folder.Write("a.ini", "old");
@@ -172,6 +183,7 @@ TEST(ReplaceFile, AWriteProtectedFileRaises70AndStays) {
     }
     EXPECT_EQ(ReadFile(path), Raw("'old'"));
 }
+#endif
 
 TEST(ReplaceFile, AFolderThatCannotBeMadeRaises76) {
     const TestFolder folder;
@@ -187,6 +199,7 @@ TEST(ReplaceFile, AnImpossibleNameRaises64) {
     EXPECT_EQ(ReplaceError(TooLong(folder)), 64);
 }
 
+#ifndef _WIN32
 TEST(IsNameTaken, RaisesWhatKeepsItFromLooking) {
     const TestFolder folder;
     fs::create_directory(folder / "zu");
@@ -196,6 +209,7 @@ TEST(IsNameTaken, RaisesWhatKeepsItFromLooking) {
     const AsAnyUser user;
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(IsNameTaken(folder / "zu" / "a")); }), 70);
 }
+#endif
 
 }  // namespace
 }  // namespace norvik::test

@@ -28,7 +28,7 @@ TEST(DamageOf, SaysAllThatIsAmiss) {
 }
 
 TEST(PassedOver, CountsWhatNoReaderTakes) {
-    EXPECT_THAT(PassedOver({.LinesPassedOver = 1, .BytesBehindEnd = 1}),
+    EXPECT_THAT(PassedOver({.LinesPassedOver = 1, .BytesBehindEnd = 1, .Failure = {}}),
                 ElementsAre(u"1 Zeile ohne zweites Feld übergangen",
                             u"hinter der Endmarke 1 Byte übergangen"));
 }

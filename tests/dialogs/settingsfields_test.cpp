@@ -152,7 +152,7 @@ TEST(BtnChangeLoadfile, ShowsTheChosenPath) {
     SettingsFields fields;
     fields.InpLoadfile = u"alt";
     ScriptedDesktop desktop;
-    desktop.AnswerFile("/Daten/Büro.CSV");
+    desktop.AnswerFile(u8"/Daten/Büro.CSV");
     btnChangeLoadfile_Click(fields, desktop);
     EXPECT_EQ(desktop.Transcript, Lines{OpenLoadfile + "/Daten/Büro.CSV"});
     EXPECT_EQ(fields.InpLoadfile, u"/Daten/Büro.CSV");

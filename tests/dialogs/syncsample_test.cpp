@@ -201,9 +201,9 @@ TEST(SyncSample, ALinkThatLeadsToItselfHasNoLine) {
 
 TEST(SyncSample, FindsAPathInOtherCase) {
     const TestFolder folder;
-    folder.Write("Büro Süd/Adressen.CSV", "\"eins\"\r\n");
-    EXPECT_EQ(FirstLook(folder / "büro süd" / "adressen.csv"), Line(u"\"eins\""));
-    EXPECT_EQ(FirstLook(folder / "BÜRO SÜD" / "ADRESSEN.CSV"), Line(u"\"eins\""));
+    folder.Write(u8"Büro Süd/Adressen.CSV", "\"eins\"\r\n");
+    EXPECT_EQ(FirstLook(folder / u8"büro süd" / "adressen.csv"), Line(u"\"eins\""));
+    EXPECT_EQ(FirstLook(folder / u8"BÜRO SÜD" / "ADRESSEN.CSV"), Line(u"\"eins\""));
 }
 
 TEST(SyncSample, TheExactCaseGoesFirst) {

@@ -1,7 +1,5 @@
 // Whatever a file is that a reader is given: the right run-time error or the right register, and
 // never a hang. What it needs of the system (pipes, devices, another user) is POSIX's.
-#ifndef _WIN32
-
 #include "base/runtimeerror.h"
 #include "formats/csv/csvformat.h"
 #include "formats/csv/csvmenu.h"
@@ -20,7 +18,9 @@
 
 #include <fstream>
 
+#ifndef _WIN32
 #include <sys/stat.h>
+#endif
 
 namespace norvik::test {
 namespace {
@@ -35,6 +35,7 @@ constexpr std::size_t Medium = 4'000'000;
 /// As many lines as a test walks through in a moment.
 constexpr std::size_t ManyLines = 150'000;
 
+#ifndef _WIN32
 // Files that cannot be read
 
 /// Puts something that is no readable file under a path.
@@ -181,6 +182,8 @@ TEST(AnyFile, ThatIsNoReadableToneFileGivesTheFixedNames) {
         EXPECT_EQ(ReadToneNames(folder.Path()), DefaultToneNames()) << kind.What;
     }
 }
+
+#endif
 
 // Large files of nothing but one byte
 
@@ -366,5 +369,3 @@ TEST(ALargeFile, OfCommentsGivesTheFixedToneNames) {
 
 }  // namespace
 }  // namespace norvik::test
-
-#endif

@@ -100,7 +100,7 @@ TEST(CaptionOf, NoFileIsKeine) {
 
 TEST(CaptionOf, AFileIsShownByItsPathAsItWasLoaded) {
     CurrentFile file;
-    file.Path = "/home/anna/Büro/Register.t9t";
+    file.Path = u8"/home/anna/Büro/Register.t9t";
     EXPECT_EQ(CaptionOf(file), u"norvik Telefonregister - Datei: /home/anna/Büro/Register.t9t");
 }
 

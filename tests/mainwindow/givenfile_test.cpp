@@ -20,7 +20,7 @@ class FileOfTheUser : public HandlerFixture {
         desktop.Transcript.clear();
     }
 
-    FilePath Csv(const char* name = "a.csv") const {
+    FilePath Csv(const FilePath& name = "a.csv") const {
         return folder.Write(name, "Name;Tel\r\nBernd;2\r\nAnna;1\r\n");
     }
     static std::string Box(const FilePath& path, TextView text, TextView title) {
@@ -95,7 +95,7 @@ TEST_F(FileOfTheUser, DroppedWithTheModifierIsAdded) {
 }
 
 TEST_F(FileOfTheUser, OfSeveralThatAreDroppedTheFirstIsTakenAndTheStatusSaysSo) {
-    TakeDroppedFiles(program, {Csv("ä.csv"), folder / "b.t9t", folder / "c"}, Dropped::Load,
+    TakeDroppedFiles(program, {Csv(u8"ä.csv"), folder / "b.t9t", folder / "c"}, Dropped::Load,
                      desktop, desktop);
     EXPECT_THAT(Names(program.State), ElementsAre(u"Anna", u"Bernd"));
     EXPECT_EQ(desktop.Statuses().back(), "Von 3 Dateien wurde nur die erste genommen: ä.csv");

@@ -96,6 +96,7 @@ TEST_F(KeepingChanged, AnUndoneLoadKnowsItsFileStill) {
     EXPECT_EQ(desktop.Statuses().back(), Saved(path).append(Changed));
 }
 
+#ifndef _WIN32
 TEST_F(KeepingChanged, ASaveThatFailsLeavesTheOtherVersionAndTellsTheNextOne) {
     Start(RegisterOfNames({u"Anna", u"Bert"}));
     const FilePath path = folder / "a.t9t";
@@ -113,6 +114,7 @@ TEST_F(KeepingChanged, ASaveThatFailsLeavesTheOtherVersionAndTellsTheNextOne) {
     Save195(path);
     EXPECT_EQ(desktop.Statuses().back(), Saved(path).append(Changed));
 }
+#endif
 
 }  // namespace
 }  // namespace norvik::test

@@ -58,6 +58,7 @@ TEST_F(KeepingFaults, ALinkToNowhereStopsNothing) {
     EXPECT_FALSE(fs::exists(folder / "fort"));
 }
 
+#ifndef _WIN32
 TEST_F(KeepingFaults, AFolderThatMayNotBeWrittenStopsNothing) {
     fs::create_directory(Store());
     fs::permissions(Store(), fs::perms(0555));
@@ -104,6 +105,7 @@ TEST_F(KeepingFaults, AVersionThatIsKeptAlreadyNeedsNoRoom) {
               Saved().append(" (inzwischen geändert; der andere Stand ist aufgehoben)"));
     EXPECT_THAT(Kept(), ElementsAre("ersetzt: 30000 bytes of a.t9t"));
 }
+#endif
 
 /// A save of the window, onto a file that has two names and so is overwritten where it stands.
 struct OverwritingSave {

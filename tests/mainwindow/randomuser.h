@@ -212,8 +212,10 @@ inline void WriteFilesToLoad(const TestFolder& folder) {
     folder.Write("adressen.csv", Raw("22 'Adler' 22 2C 22 'Weg 1' 22 2C 22 '0301002' 22 0D 0A"));
     folder.Write("hart.t9t", Raw("06 0D 'TStCollection' 02 64 01 00"));
     std::filesystem::create_hard_link(folder / "hart.t9t", folder / "hart2.t9t");
+#ifndef _WIN32
     std::filesystem::create_symlink(folder / "b.csv", folder / "weich.csv");
     std::filesystem::create_symlink("/dev/full", folder / "voll.t9t");
+#endif
 }
 
 /// Puts a damaged copy of one of the files beside it.

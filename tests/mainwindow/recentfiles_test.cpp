@@ -81,7 +81,7 @@ TEST(RemoveRecent, RemovesTheFileAlone) {
 
 TEST(RecentCaption, ShowsPlaceNameAndFolder) {
     EXPECT_EQ(RecentCaption(1, "/home/a/telefon.t9t"), u"&1 telefon.t9t – /home/a");
-    EXPECT_EQ(RecentCaption(8, "/Müller & Söhne/a&b.csv"), u"&8 a&&b.csv – /Müller && Söhne");
+    EXPECT_EQ(RecentCaption(8, u8"/Müller & Söhne/a&b.csv"), u"&8 a&&b.csv – /Müller && Söhne");
     EXPECT_EQ(RecentCaption(2, FilePath(u"/Жук/a.t9t")), u"&2 a.t9t – /???");
     EXPECT_EQ(RecentCaption(4, "/a\nb/c\td.t9t"), u"&4 c?d.t9t – /a?b");
 }

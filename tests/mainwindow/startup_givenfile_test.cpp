@@ -110,9 +110,9 @@ TEST_F(GivenFile, IsNotMistakenForAnotherOfTheSameLetters) {
 }
 
 TEST_F(GivenFile, OfAnotherEndingGivesTheAutoloadMessageWithItsPath) {
-    EXPECT_EQ(FailingStart(Folder / "Büro, Ω.TXT"),
-              Transcript{OkBox(TextFromPath(Folder.Path()) +
-                                   u"/Büro, ?.TXT kann nicht automatisch geladen werden",
+    EXPECT_EQ(FailingStart(Folder / u8"Büro, Ω.TXT"),
+              Transcript{OkBox(TextFromPath(Folder / "") +
+                                   u"Büro, ?.TXT kann nicht automatisch geladen werden",
                                u"Autoload", "Critical")});
 }
 

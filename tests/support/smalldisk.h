@@ -1,6 +1,8 @@
 // A disk that is soon full, where the tests may mount one.
 #pragma once
 
+#ifndef _WIN32
+
 #include "base/paths.h"
 
 #include <utility>
@@ -32,3 +34,5 @@ class SmallDisk {
 };
 
 }  // namespace norvik::test
+
+#endif

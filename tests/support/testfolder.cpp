@@ -1,7 +1,11 @@
 #include "tests/support/testfolder.h"
 
+#include "base/platform.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <cstdlib>
 #include <fstream>
@@ -37,8 +41,15 @@ bool IsFit(const char* folder) {
 /// The memory's own file system, which waits for no disk, unless the environment names a folder.
 FilePath TemporaryFolder() {
     constexpr const char* Memory = "/dev/shm";
-    return std::getenv("TMPDIR") == nullptr && IsFit(Memory) ? FilePath(Memory)
-                                                             : fs::temp_directory_path();
+    if (std::getenv("TMPDIR") == nullptr && IsFit(Memory)) {
+        return Memory;
+    }
+    // Of small letters, where these are the same, since the program lowers the paths of settings.
+    const FilePath usual = fs::temp_directory_path();
+    std::string lowered = usual.string();
+    std::transform(lowered.begin(), lowered.end(), lowered.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return fs::exists(lowered) ? FilePath(lowered) : usual;
 }
 
 }  // namespace
@@ -55,7 +66,19 @@ TestFolder::TestFolder() {
 
 TestFolder::~TestFolder() {
     std::error_code ignored;
+#ifdef _WIN32
+    // What is still open stays for a while, and remove_all() would wait for it for ever.
+    std::vector<FilePath> all = {path_};
+    for (fs::recursive_directory_iterator entry(path_, ignored), end; entry != end;
+         entry.increment(ignored)) {
+        all.push_back(entry->path());
+        fs::permissions(entry->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+    }
+    std::for_each(all.rbegin(), all.rend(),
+                  [&](const FilePath& path) { fs::remove(path, ignored); });
+#else
     fs::remove_all(path_, ignored);
+#endif
 }
 
 FilePath TestFolder::Write(const FilePath& name, ByteView bytes) const {
@@ -113,7 +136,7 @@ Bytes Join(std::initializer_list<Bytes> pieces) {
 std::vector<std::string> FilesIn(const FilePath& folder) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        names.push_back(entry.path().filename().string());
+        names.push_back(platform::Utf8Of(entry.path().filename()));
     }
     std::sort(names.begin(), names.end());
     return names;

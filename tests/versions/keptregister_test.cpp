@@ -30,7 +30,7 @@ RegisterState Given() {
     state.RegisterOrder(2) = 1;
     state.RegisterOrder(3) = 2;  // as an erase in a sorted register leaves it
     state.LoadedModel = u"195";
-    state.File = {.Type = u"195", .Path = "/tmp/büro.t9t", .Modified = FileTime()};
+    state.File = {.Type = u"195", .Path = u8"/tmp/büro.t9t", .Modified = FileTime()};
     state.WarnLineAccessZero = true;
     CountMarked(state);
     return state;

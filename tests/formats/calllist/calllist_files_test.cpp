@@ -184,6 +184,8 @@ TEST_F(CallListFiles, AnOutputWithoutPermissionRaisesError70AndStaysAsItWas) {
     EXPECT_EQ(Read("anrufe.csv"), "alt");
 }
 
+#endif
+
 TEST_F(CallListFiles, TheHeaderIsNotWarnedAboutBeforeTheOutputStands) {
     const FilePath input = folder.Write("anrufe.t9a", Raw("06 0D 'TStCollection' 02 64 01 00"));
     fs::create_directory(folder / "anrufe.csv");
@@ -191,6 +193,7 @@ TEST_F(CallListFiles, TheHeaderIsNotWarnedAboutBeforeTheOutputStands) {
     EXPECT_THAT(desktop.Transcript, IsEmpty());
 }
 
+#ifndef _WIN32
 TEST_F(CallListFiles, AFullDiskRaises61AfterTheQuestions) {
     if (!fs::exists("/dev/full")) {
         GTEST_SKIP() << "needs /dev/full";
@@ -218,6 +221,8 @@ TEST_F(CallListFiles, WritingThatFailsAtAnyByteIsNeverCalledSaved) {
     }
 }
 
+#endif
+
 TEST_F(CallListFiles, AFileOf64MiBIsStillRead) {
     const FilePath input = folder.Write("anrufe.t9a", CallListOf(OneCall));
     fs::resize_file(input, MaximumFileSize);
@@ -225,7 +230,6 @@ TEST_F(CallListFiles, AFileOf64MiBIsStillRead) {
     EXPECT_EQ(ErrorOfConverting(input), 0);
     EXPECT_EQ(Read("anrufe.csv"), OneLine);
 }
-#endif
 
 }  // namespace
 }  // namespace norvik::test

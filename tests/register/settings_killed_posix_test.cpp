@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#ifndef _WIN32
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -62,4 +61,3 @@ TEST(WriteSettingsFile, KilledAtAnyMomentLeavesTheOldFileOrTheNewOne) {
 
 }  // namespace
 }  // namespace norvik::test
-#endif

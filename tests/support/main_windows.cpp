@@ -1,0 +1,54 @@
+// The tests' main() on Windows: what docs/windows.md names as not tested there is skipped, with the
+// reason that it gives.
+#include "tests/support/places.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <string>
+
+namespace norvik::test {
+namespace {
+
+using Reasons = std::map<std::string, std::string>;
+
+/// Each name stands in a line of its own, "- `Suite.Test`", below the heading that is its reason.
+Reasons ReadReasons() {
+    constexpr std::string_view Heading = "### ";
+    constexpr std::string_view Item = "- `";
+    std::ifstream list(SourceFolder() / "docs" / "windows.md");
+    Reasons reasons;
+    std::string reason;
+    for (std::string line; std::getline(list, line);) {
+        if (line.starts_with(Heading)) {
+            reason = line.substr(Heading.size());
+        } else if (line.starts_with(Item)) {
+            const std::size_t end = line.find('`', Item.size());
+            reasons[line.substr(Item.size(), end - Item.size())] = reason;
+        }
+    }
+    EXPECT_FALSE(reasons.empty()) << "docs/windows.md could not be read";
+    return reasons;
+}
+
+class Skipping : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo& test) override {
+        const auto found = reasons_.find(std::string(test.test_suite_name()) + "." + test.name());
+        if (found != reasons_.end()) {
+            GTEST_SKIP() << found->second;
+        }
+    }
+
+    Reasons reasons_ = ReadReasons();
+};
+
+}  // namespace
+}  // namespace norvik::test
+
+int main(int argc, char** argv) {
+    testing::InitGoogleMock(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new norvik::test::Skipping);
+    return RUN_ALL_TESTS();
+}
