@@ -57,5 +57,6 @@ WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix libz-min
     ninja-build dpkg-dev xz-utils)
 WINDOWS_TOOLKIT_PACKAGES=(qt6-base-dev qt6-base-dev-tools perl python3)
 WINDOWS_SETUP_PACKAGES=(qt6-translations-l10n nsis zip)
+WINDOWS_TEST_PACKAGES=(googletest ccache wine wine64)
 WINDOWS_CHECK_PACKAGES=("${EDITOR_PACKAGES[@]}" wine wine64 xvfb openbox xdotool imagemagick unzip)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm-14 libhpdf-dev)

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds a library for Windows, if it is not there yet, and tells its folder on standard output:
-# scripts/windows-libraries.sh pdf|toolkit
-# Both are made of Debian's sources, and stay in ~/.cache/norvik (NORVIK_CACHE names another folder),
+# scripts/windows-libraries.sh pdf|toolkit|googletest
+# All are made of Debian's sources, and stay in ~/.cache/norvik (NORVIK_CACHE names another folder),
 # under a name that changes with their version and with how they are built.
 set -euo pipefail
 
@@ -78,6 +78,15 @@ build_pdf() {
     cp source/include/*.h "$1/include/"
 }
 
+# The tests' framework, of its sources in the package of that name.
+# build_googletest FOLDER, in a working folder of its own
+build_googletest() {
+    cmake -S /usr/src/googletest -B build -G Ninja --toolchain "$root/cmake/windows.cmake" \
+        -DCMAKE_INSTALL_PREFIX="$1" -DCMAKE_BUILD_TYPE=MinSizeRel
+    cmake --build build
+    cmake --install build
+}
+
 case ${1:-} in
     toolkit)
         install_missing "${WINDOWS_PACKAGES[@]}" "${WINDOWS_TOOLKIT_PACKAGES[@]}" >&2
@@ -87,8 +96,12 @@ case ${1:-} in
         install_missing "${WINDOWS_PACKAGES[@]}" >&2
         name=windows-pdf-$pdf_version-$(sha256sum <<< "${pdf_options[*]} $pdf_configuration" | head -c 8)
         ;;
+    googletest)
+        install_missing "${WINDOWS_PACKAGES[@]}" googletest >&2
+        name=windows-googletest-$(dpkg-query -W -f='${Version}' googletest)
+        ;;
     *)
-        echo "usage: scripts/windows-libraries.sh pdf|toolkit" >&2
+        echo "usage: scripts/windows-libraries.sh pdf|toolkit|googletest" >&2
         exit 2
         ;;
 esac

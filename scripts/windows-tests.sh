@@ -1,0 +1,84 @@
+#!/usr/bin/env bash
+# Builds the core's and the converter's tests for Windows and runs them under wine:
+# scripts/windows-tests.sh [options of the test framework, such as --gtest_filter=OutputFile*]
+# Neither program has a manifest, so a path that goes through a narrow character set fails. What
+# docs/windows.md names as not tested there is skipped; the script fails when that list does not
+# fit. Everything lies in build/windows-tests, but for the libraries (scripts/windows-libraries.sh).
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+. scripts/packages.sh
+install_missing "${WINDOWS_PACKAGES[@]}" "${WINDOWS_TEST_PACKAGES[@]}"
+
+build=$root/build/windows-tests
+pdf=$(scripts/windows-libraries.sh pdf)
+framework=$(scripts/windows-libraries.sh googletest)
+# -O0 compiles faster, and what is tested here is the system.
+cmake -S . -B "$build" -G Ninja --toolchain cmake/windows.cmake \
+    "-DCMAKE_FIND_ROOT_PATH=$pdf;$framework" -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-g0 \
+    -DNORVIK_WINDOW=OFF > /dev/null
+cmake --build "$build" --target core-tests console-tests
+
+export WINEPREFIX=$build/wine WINEDEBUG=-all
+if [ ! -d "$WINEPREFIX" ]; then
+    wineboot --init > /dev/null 2>&1
+fi
+# The tests' files lie in memory.
+temporary=$(mktemp -d /dev/shm/norvik-windows-XXXXXX)
+trap 'wineserver --kill || true; rm -rf "$temporary"' EXIT
+for user in "$WINEPREFIX"/drive_c/users/*/Temp; do
+    rm -rf "$user"
+    ln -s "$temporary" "$user"
+done
+
+# What the sources hold must be run or be named as not tested.
+names() {
+    grep -rhoP "^TEST(_F|_P)?\(\K\w+, \w+(?=\))" --include='*.cpp' "$@" | sed 's/, /./' | sort -u
+}
+listed() {
+    # shellcheck disable=SC2016  # these are no variables
+    grep -oP '^- `\K[\w/]+\.[\w/]+(?=`)' docs/windows.md | sed -E 's,^\w+/,,; s,/[0-9]+$,,' | sort -u
+}
+# The names in a test program, without what makes several of one.
+built() {
+    wine "$1" --gtest_list_tests | tr -d '\r' |
+        awk '/^[^ ]/ { suite = $1; sub(/^[^\/]*\//, "", suite) } /^ / { sub(/\/.*/, "", $1); print suite $1 }' |
+        sort -u
+}
+for part in core console; do
+    case $part in
+        core) folders=(base register ringtones registertools formats sync losses versions paper dialogs
+            mainwindow project) ;;
+        console) folders=(console) ;;
+    esac
+    program=$build/tests/$part-tests.exe
+    built=$(built "$program")
+    sources=$(names "${folders[@]/#/tests/}")
+    forgotten=$(comm -23 <(comm -23 <(echo "$sources") <(echo "$built")) <(listed))
+    if [ -n "$forgotten" ]; then
+        printf 'Neither built for Windows nor named in docs/windows.md:\n%s\n' "$forgotten" >&2
+        exit 1
+    fi
+done
+stale=$(comm -23 <(listed) <(names tests))
+if [ -n "$stale" ]; then
+    printf 'docs/windows.md names tests that there are not:\n%s\n' "$stale" >&2
+    exit 1
+fi
+
+shards=$(nproc)
+status=0
+for part in core console; do
+    pids=()
+    for ((shard = 0; shard < shards; ++shard)); do
+        GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$shard \
+            wine "$build/tests/$part-tests.exe" --gtest_brief=1 "$@" > "$build/$part.$shard.log" 2>&1 &
+        pids+=($!)
+    done
+    for ((shard = 0; shard < shards; ++shard)); do
+        wait "${pids[shard]}" || status=1
+        tr -d '\r' < "$build/$part.$shard.log" | grep -v 'Skipped$' || true
+    done
+done
+exit "$status"
