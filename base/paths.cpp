@@ -163,7 +163,7 @@ FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name) {
 FilePath WithEnding(const FilePath& path, std::string_view ending) {
     FilePath result = path;
     if (path.filename().native().find('.') == FilePath::string_type::npos) {
-        result += ending;
+        result += platform::PathOfUtf8(ending);
     }
     return result;
 }

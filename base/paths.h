@@ -20,7 +20,7 @@ FilePath FindIgnoringCase(const FilePath& path);
 /// an absolute path. An empty name is no path in any folder.
 FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name);
 
-/// `path` with `ending` (for example ".t9t") appended when the file's name holds no ".".
+/// `path` with `ending` (for example ".t9t", in UTF-8) appended when the file's name holds no ".".
 FilePath WithEnding(const FilePath& path, std::string_view ending);
 
 /// The path from the root on, without "." and ".."; the path itself where that cannot be told.

@@ -1,6 +1,7 @@
 #include "mainwindow/versionswindow.h"
 
 #include "base/outputfile.h"
+#include "base/platform.h"
 #include "formats/common/followload.h"
 #include "formats/common/quietsave.h"
 #include "formats/common/registerfileheader.h"
@@ -257,8 +258,8 @@ void VERSIONS_btnSaveAs_Click(Program& program, Desktop& desktop) {
     if (!chosen) {
         return;
     }
-    const std::string ending =
-        chosen->State ? std::string(SaveEnding) : chosen->Kept.Original.extension().string();
+    const std::string ending = chosen->State ? std::string(SaveEnding)
+                                             : platform::Utf8Of(chosen->Kept.Original.extension());
     const auto name = desktop.AskForFileToSave(
         {.filter = Text(chosen->State ? SaveFilter : AnyFilter), .ending = ending});
     if (!name) {

@@ -12,7 +12,6 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include <algorithm>
 #include <string_view>
 
 namespace norvik {
@@ -40,23 +39,21 @@ void PrepareApplication(QApplication& application) {
     }
 }
 
-FilePath TakeFile(int& argc, char** argv) {
+FilePath TakeFile(std::vector<std::string>& arguments) {
     constexpr std::string_view Option = "--datei";
-    if (argc < 2 || argv[1] != Option) {
+    if (arguments.empty() || arguments.front() != Option) {
         return {};
     }
-    const bool withPath = argc > 2;
-    FilePath file = withPath ? platform::PathOfUtf8(argv[2]) : FilePath();
-    const int taken = withPath ? 2 : 1;
-    std::copy(argv + 1 + taken, argv + argc + 1, argv + 1);  // with the null that ends them
-    argc -= taken;
+    const bool withPath = arguments.size() > 1;
+    FilePath file = withPath ? platform::PathOfUtf8(arguments[1]) : FilePath();
+    arguments.erase(arguments.begin(), arguments.begin() + (withPath ? 2 : 1));
     return file;
 }
 
-QString CommandLine(int argc, const char* const* argv) {
+QString CommandLine(const std::vector<std::string>& arguments) {
     QStringList words;
-    for (int i = 1; i < argc; ++i) {
-        words.append(QString::fromLocal8Bit(argv[i]));
+    for (const std::string& argument : arguments) {
+        words.append(QString::fromStdString(argument));
     }
     return words.join(u' ');
 }

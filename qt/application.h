@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <string>
+#include <vector>
+
 class QApplication;
 
 namespace norvik {
@@ -14,16 +17,16 @@ namespace norvik {
 /// program's picture.
 void PrepareApplication(QApplication& application);
 
-/// Takes the file that the desktop hands over out of the program's arguments: "--datei" in the
-/// first place, and the path behind it. The words of the command line cannot hold a path with
-/// blanks or commas; this one may hold anything, so it is taken before anybody reads the arguments.
-/// Gives an empty path, and leaves the arguments alone, where the first one is another; "--datei"
-/// without a path, as the desktop's menu starts the program, is taken out, too. `argv` ends with a
-/// null.
-FilePath TakeFile(int& argc, char** argv);
+/// Takes the file that the desktop hands over out of the program's arguments
+/// (platform::Arguments()): "--datei" in the first place, and the path behind it. The words of the
+/// command line cannot hold a path with blanks or commas; this one may hold anything, so it is
+/// taken before anybody reads the arguments. Gives an empty path, and leaves the arguments alone,
+/// where the first one is another; "--datei" without a path, as the desktop's menu starts the
+/// program, is taken out, too.
+FilePath TakeFile(std::vector<std::string>& arguments);
 
 /// The words of the command line: the program's arguments, joined by one blank.
-QString CommandLine(int argc, const char* const* argv);
+QString CommandLine(const std::vector<std::string>& arguments);
 
 /// The program's folder of a running application.
 FilePath ApplicationFolder();

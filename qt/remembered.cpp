@@ -1,5 +1,6 @@
 #include "qt/remembered.h"
 
+#include "base/platform.h"
 #include "qt/textconversion.h"
 
 #include <QSettings>
@@ -29,17 +30,18 @@ QString ToRemembered(const FilePath& path) {
     const QString text = FromFilePath(path);
     return ToFilePath(text) == path
                ? text
-               : BytesMark() + QString::fromLatin1(
-                                   QByteArray::fromStdString(path.string()).toPercentEncoding("/"));
+               : BytesMark() +
+                     QString::fromLatin1(
+                         QByteArray::fromStdString(platform::Utf8Of(path)).toPercentEncoding("/"));
 }
 
 /// Empty where the text cannot be a path.
 FilePath FromRemembered(const QString& text) {
-    const FilePath path =
-        text.startsWith(BytesMark())
-            ? FilePath(QByteArray::fromPercentEncoding(text.mid(BytesMark().size()).toLatin1())
-                           .toStdString())
-            : ToFilePath(text);
+    const FilePath path = text.startsWith(BytesMark())
+                              ? platform::PathOfUtf8(QByteArray::fromPercentEncoding(
+                                                         text.mid(BytesMark().size()).toLatin1())
+                                                         .toStdString())
+                              : ToFilePath(text);
     return path.native().find(FilePath::value_type()) == FilePath::string_type::npos ? path
                                                                                      : FilePath();
 }

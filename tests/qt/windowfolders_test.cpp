@@ -18,73 +18,48 @@ using testing::IsEmpty;
 
 namespace fs = std::filesystem;
 
-/// The program's arguments, as the system hands them to it.
-class Arguments {
-  public:
-    explicit Arguments(std::vector<std::string> words) : words_(std::move(words)) {
-        for (std::string& word : words_) {
-            pointers_.push_back(word.data());
-        }
-        pointers_.push_back(nullptr);
-        count_ = static_cast<int>(words_.size());
-    }
-
-    FilePath Take() { return TakeFile(count_, pointers_.data()); }
-    [[nodiscard]] std::vector<std::string> Left() const {
-        EXPECT_EQ(pointers_.at(static_cast<std::size_t>(count_)), nullptr);
-        return {pointers_.begin(), pointers_.begin() + count_};
-    }
-
-  private:
-    std::vector<std::string> words_;
-    std::vector<char*> pointers_;
-    int count_;
-};
+using Words = std::vector<std::string>;
 
 TEST(TakeFile, TakesTheOptionAndThePathOutOfTheArguments) {
-    Arguments arguments({"norvik", "--datei", "/tmp/Mein Register, neu.t9t", "/g0,15", "x"});
-    EXPECT_EQ(arguments.Take(), "/tmp/Mein Register, neu.t9t");
-    EXPECT_THAT(arguments.Left(), ElementsAre("norvik", "/g0,15", "x"));
+    Words arguments = {"--datei", "/tmp/Mein Register, neu.t9t", "/g0,15", "x"};
+    EXPECT_EQ(TakeFile(arguments), "/tmp/Mein Register, neu.t9t");
+    EXPECT_THAT(arguments, ElementsAre("/g0,15", "x"));
 }
 
 TEST(TakeFile, TakesAnyPathByteByByte) {
     for (const char* path : {"--datei", "-platform", "/lx.t9t", "a\xFC\xDF.t9t", "", " ", "\n"}) {
-        Arguments arguments({"norvik", "--datei", path});
-        EXPECT_EQ(arguments.Take(), path);
-        EXPECT_THAT(arguments.Left(), ElementsAre("norvik"));
+        Words arguments = {"--datei", path};
+        EXPECT_EQ(TakeFile(arguments), path);
+        EXPECT_THAT(arguments, IsEmpty());
     }
 }
 
 TEST(TakeFile, TheOptionAloneIsTakenOutAndGivesNoFile) {
-    Arguments arguments({"norvik", "--datei"});
-    EXPECT_EQ(arguments.Take(), "");
-    EXPECT_THAT(arguments.Left(), ElementsAre("norvik"));
-}
-
-TEST(CommandLine, HoldsEveryArgumentWhateverTheToolkitWouldTake) {
-    const std::vector<const char*> arguments = {"norvik",    "-style", "fusion", "-reverse",
-                                                "/lä x.t9t", "",       "/g0,15"};
-    EXPECT_EQ(CommandLine(7, arguments.data()).toStdString(),
-              "-style fusion -reverse /lä x.t9t  /g0,15");
-    EXPECT_EQ(CommandLine(1, arguments.data()), "");
-    EXPECT_EQ(CommandLine(0, arguments.data()), "");
+    Words arguments = {"--datei"};
+    EXPECT_EQ(TakeFile(arguments), "");
+    EXPECT_THAT(arguments, IsEmpty());
 }
 
 TEST(TakeFile, LeavesEveryOtherCommandLineAsItIs) {
-    const std::vector<std::vector<std::string>> commandLines = {
-        {},
-        {"norvik"},
-        {"norvik", "/lx.t9t", "/g0,15"},
-        {"norvik", "/g0,15", "--datei", "x.t9t"},
-        {"norvik", "--DATEI", "x.t9t"},
-        {"norvik", "--datei=x.t9t"},
-        {"norvik", "-datei", "x.t9t"},
-        {"norvik", "", "--datei", "x.t9t"}};
-    for (const std::vector<std::string>& commandLine : commandLines) {
-        Arguments arguments(commandLine);
-        EXPECT_EQ(arguments.Take(), "");
-        EXPECT_EQ(arguments.Left(), commandLine);
+    const std::vector<Words> commandLines = {{},
+                                             {"/lx.t9t", "/g0,15"},
+                                             {"/g0,15", "--datei", "x.t9t"},
+                                             {"--DATEI", "x.t9t"},
+                                             {"--datei=x.t9t"},
+                                             {"-datei", "x.t9t"},
+                                             {"", "--datei", "x.t9t"}};
+    for (const Words& commandLine : commandLines) {
+        Words arguments = commandLine;
+        EXPECT_EQ(TakeFile(arguments), "");
+        EXPECT_EQ(arguments, commandLine);
     }
+}
+
+TEST(CommandLine, HoldsEveryArgumentWhateverTheToolkitWouldTake) {
+    EXPECT_EQ(
+        CommandLine({"-style", "fusion", "-reverse", "/lä x.t9t", "", "/g0,15"}).toStdString(),
+        "-style fusion -reverse /lä x.t9t  /g0,15");
+    EXPECT_EQ(CommandLine({}), "");
 }
 
 TEST(InstalledDocumentFolder, IsTheDataFolderOfAnInstallation) {
