@@ -3,6 +3,7 @@
 #include "base/platform.h"
 #include "mainwindow/keeping.h"
 #include "qt/focusframe.h"
+#include "qt/highcontrast.h"
 #include "qt/icons.h"
 #include "qt/textconversion.h"
 #include "qt/userfolders.h"
@@ -28,6 +29,7 @@ void PrepareApplication(QApplication& application) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setDesktopFileName(QStringLiteral("norvik-telefonregister"));
     QApplication::setWindowIcon(ProgramIcon());
+    FollowHighContrast(application);
     FrameFocus(application);
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     auto* translator = new QTranslator(&application);

@@ -317,6 +317,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(mayClose);
     if (mayClose) {
         EndKeeping(program_, VersionReason::NotSavedAtQuit);
+        sessionEnds_ = false;
         CloseRegisterList();
         CloseVersions();
         CloseDoubles();

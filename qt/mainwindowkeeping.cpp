@@ -43,6 +43,12 @@ void MainWindow::ConnectSession() {
             MayEndSession(answers);
         },
         Qt::DirectConnection);
+    // Windows ends the process right behind this, without a window being closed.
+    connect(qGuiApp, &QCoreApplication::aboutToQuit, this, [this] {
+        if (sessionEnds_) {
+            EndKeeping(program_, VersionReason::NotSavedAtQuit);
+        }
+    });
 }
 
 bool MainWindow::MayEndSession(SessionManager& manager) {

@@ -148,6 +148,7 @@ Section "Uninstall"
     SetOutPath "$TEMP"
     RMDir "$INSTDIR\staende"  ; where it is empty
     RMDir "$INSTDIR"
+    RMDir "$LOCALAPPDATA\Programs"  ; Windows makes it, too, when the first program comes
     SetShellVarContext current
     Delete "$SMPROGRAMS\${NAME}.lnk"
     !insertmacro RemoveEnding ".t9t" "${REGISTER_TYPE}"

@@ -213,6 +213,21 @@ TEST_F(WindowVersions, WhereNothingMayBeAskedTheEndOfTheSessionKeepsAll) {
     EXPECT_TRUE(Window->close());
 }
 
+TEST_F(WindowVersions, TheEndOfTheSessionLeavesNothingBehindWhereNoWindowIsClosed) {
+    ScriptedSession session;
+    Click("btnErase");
+    EXPECT_THAT(FilesIn(VersionFolder), SizeIs(2)) << "the process's own, locked";
+    Dialogs.Click(QMessageBox::Cancel);
+    EXPECT_FALSE(Window->MayEndSession(session));
+    QMetaObject::invokeMethod(qApp, "aboutToQuit");
+    EXPECT_THAT(FilesIn(VersionFolder), SizeIs(3)) << "the session goes on";
+    Dialogs.Click(QMessageBox::Ok);
+    EXPECT_TRUE(Window->MayEndSession(session));
+    QMetaObject::invokeMethod(qApp, "aboutToQuit");
+    EXPECT_THAT(FilesIn(VersionFolder), SizeIs(1));
+    EXPECT_THAT(KeptReasons(), ElementsAre("beim Beenden nicht gesichert"));
+}
+
 TEST_F(WindowVersions, TheEndOfTheSessionAsksNothingInTheMidstOfAnOperation) {
     ScriptedSession session;
     Click("btnErase");
