@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Tries what ./windows made, under wine on a virtual display: installs it, looks at what it installed,
 # starts the editor there, edits and saves the sample, compares that with what the same keys make of
-# it here, converts, removes it, and looks at what is left: scripts/windows-check.sh FOLDER [PICTURE]
+# it here, opens the documents of the help menu, ends the session, converts, removes it, and looks at
+# what is left: scripts/windows-check.sh FOLDER [PICTURE]
 # FOLDER is that of the build; the picture of the window lies there, too, unless PICTURE is given.
 set -euo pipefail
 
@@ -75,6 +76,10 @@ export DISPLAY
 openbox --sm-disable >/dev/null 2>&1 &
 processes+=($!)
 wineboot --init >/dev/null 2>&1
+# Fonts in the manner of Windows, which are not free.
+for font in 'Tahoma=DejaVu Sans' 'Segoe UI=DejaVu Sans' 'Courier New=DejaVu Sans Mono'; do
+    wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${font%=*}" /d "${font#*=}" /f >/dev/null
+done
 wineserver -w
 user=$WINEPREFIX/drive_c/users/$(id -un)
 
@@ -107,23 +112,34 @@ fi
 registry 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\NorvikTelefonregister' |
     grep -q 'Entfernen.exe' || fail "there is no entry for removing it"
 
-# edit FILE TYPED PROGRAM ARGUMENT…: starts the editor on the sample, adds an entry, saves the
-# register as FILE, whose name is typed as TYPED, and ends it.
-edit() {
-    local saved=$1 typed=$2
-    shift 2
+# start PROGRAM ARGUMENT…: starts the editor on the sample.
+start() {
     "$@" >/dev/null 2>&1 &
-    local editor=$!
+    editor=$!
     processes+=("$editor")
     answer '^NORVIK$'  # there are no settings
     answer '^Fehlerpr'
     wait_until has_window 'norvik Telefonregister - Datei: .*V.*gel'
+}
+add_entry() {
     xdotool key --delay 500 ctrl+n
     xdotool type --delay 60 'Aal, Otto'
     xdotool key --delay 200 Return
     xdotool type --delay 60 '040123456'
     xdotool key --delay 500 shift+Return
     sleep 1  # until everything is painted
+}
+# Behind a window of wine's own no window has the keyboard.
+to_editor() {
+    xdotool search --onlyvisible --name 'norvik Telefonregister - Datei:' windowactivate --sync >/dev/null
+}
+# edit FILE TYPED PROGRAM ARGUMENT…: starts the editor on the sample, adds an entry, saves the
+# register as FILE, whose name is typed as TYPED, and ends it.
+edit() {
+    local saved=$1 typed=$2
+    shift 2
+    start "$@"
+    add_entry
     import -window root "$picture"
     xdotool key ctrl+s
     wait_until has_window 'Speichern unter'
@@ -132,8 +148,7 @@ edit() {
     xdotool key --delay 500 Return
     wait_until test -s "$saved"
     wait_until has_no_window 'Speichern unter'
-    # Behind wine's dialog no window has the keyboard.
-    xdotool search --onlyvisible --name 'norvik Telefonregister - Datei:' windowactivate --sync >/dev/null
+    to_editor
     xdotool key --delay 500 alt+F4
     wait_until has_no_window 'norvik Telefonregister - Datei:'
     local status=0
@@ -153,6 +168,31 @@ there="$user/Desktop/Meine Vögel"
 edit "$there/neu.t9t" neu.t9t wine "$program" \
     --datei "C:\\users\\$(id -un)\\Desktop\\Meine Vögel\\Vögel, alle.t9t"
 cmp "$there/neu.t9t" "$folder/here/neu.t9t" || fail "the saved register differs"
+
+echo "Opening the documents and ending the session"
+wine reg add 'HKCR\.htm' /ve /d NorvikProbe /f >/dev/null
+wine reg add 'HKCR\NorvikProbe\shell\open\command' /ve /d 'notepad.exe "%1"' /f >/dev/null
+start wine "$program" --datei "C:\\users\\$(id -un)\\Desktop\\Meine Vögel\\Vögel, alle.t9t"
+xdotool key F1
+wait_until has_window 'nvreadme.htm - Notepad'
+to_editor
+xdotool key --delay 300 alt+h w
+wait_until has_window 'whatsnew.txt - Notepad'
+wine taskkill /f /im notepad.exe >/dev/null 2>&1
+to_editor
+add_entry
+status=0
+(wait_until has_window 'Sicherheitsabfrage' && xdotool key Escape) &
+wine wineboot --end-session >/dev/null 2>&1 || status=$?
+expect "the end of a session that the user does not want" "$status" 1
+(wait_until has_window 'Sicherheitsabfrage' && xdotool key --delay 300 shift+Tab Return) &
+wine wineboot --end-session >/dev/null 2>&1 || fail "the session did not end"
+wait_until has_no_window 'norvik Telefonregister - Datei:'
+wait "$editor" 2>/dev/null || true  # it may have been killed, as on Windows
+wineserver -w
+expect "what the end of the session leaves" \
+    "$(find "$installed/staende" -type f | sed 's|.*/||; s/[0-9a-f]\{12,16\}/N/g')" N-N.stand
+rm -r "$installed/staende"
 rm -r "$there"
 
 echo "Converting"

@@ -1,11 +1,14 @@
 // Files as people handle them: the last ones, dropped ones, and where the file dialogs begin.
+#include "base/platform.h"
 #include "qt/application.h"
 #include "qt/icons.h"
+#include "qt/textconversion.h"
 #include "tests/qt/windowfixture.h"
 
 #include <QApplication>
 #include <QCompleter>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMenu>
@@ -33,7 +36,7 @@ class WindowFiles : public WindowTest {
     }
 
     void Write(const char* name, const std::vector<FileRecord>& records) {
-        Folder.Write(name, RegisterFile(records));
+        Folder.Write(platform::PathOfUtf8(name), RegisterFile(records));
     }
     void LoadFile(const char* name) {
         Dialogs.ChooseFile(PathIn(name));
@@ -49,7 +52,7 @@ class WindowFiles : public WindowTest {
         return captions;
     }
     std::string Caption(int place, const char* name) const {
-        const FilePath path = Folder / name;
+        const FilePath path = ToFilePath(PathIn(name));
         return "&" + std::to_string(place) + " " + path.filename().string() + " – " +
                path.parent_path().string();
     }
@@ -181,7 +184,7 @@ TEST_F(WindowFiles, TheyAreRememberedFromOneRunToTheNext) {
     Open();
     EXPECT_THAT(before, SizeIs(2));
     EXPECT_EQ(RecentCaptions(), before);
-    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), PathIn("ä & ö").toStdString());
+    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), QDir(PathIn("ä & ö")).path().toStdString());
     ChooseRecent(1);
     EXPECT_EQ(TextOfField(0), "Otto");
 }
@@ -204,14 +207,14 @@ TEST_F(WindowFiles, WithoutASettingsFileNothingIsWrittenAndABrokenOneDoesNotHurt
 TEST_F(WindowFiles, ADialogBeginsWhereTheUserWasLast) {
     Open();
     LoadFile("a/anna.t9t");
-    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), PathIn("a").toStdString());
+    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), QDir(PathIn("a")).path().toStdString());
     Dialogs.ChooseFile(PathIn("c/telefon")).Type("").Click(QMessageBox::Ok);
     Trigger("mnuDateiSaveIP286");
-    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), PathIn("c").toStdString());
+    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), QDir(PathIn("c")).path().toStdString());
     // A save is for the folder of the current file.
-    EXPECT_EQ(FolderOf("mnuDateiSaveNV"), PathIn("a").toStdString());
+    EXPECT_EQ(FolderOf("mnuDateiSaveNV"), QDir(PathIn("a")).path().toStdString());
     ChooseRecent(1);
-    EXPECT_EQ(FolderOf("mnuDateiLoadCSV"), PathIn("a").toStdString());
+    EXPECT_EQ(FolderOf("mnuDateiLoadCSV"), QDir(PathIn("a")).path().toStdString());
 }
 
 TEST_F(WindowFiles, AStartFilesFolderGoesBeforeTheRememberedOne) {
@@ -219,8 +222,8 @@ TEST_F(WindowFiles, AStartFilesFolderGoesBeforeTheRememberedOne) {
     LoadFile("b/bernd.t9t");
     Window.reset();
     Make();
-    Window->Start({}, Folder / "a/anna.t9t");
-    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), PathIn("a").toStdString());
+    Window->Start({}, ToFilePath(PathIn("a/anna.t9t")));
+    EXPECT_EQ(FolderOf("mnuDateiLoadNV"), QDir(PathIn("a")).path().toStdString());
     EXPECT_THAT(RecentCaptions(), ElementsAre(Caption(1, "a/anna.t9t"), Caption(2, "b/bernd.t9t")));
 }
 
@@ -228,7 +231,7 @@ TEST_F(WindowFiles, AFolderThatIsGoneIsNotMissed) {
     Open();
     LoadFile("a/anna.t9t");
     std::filesystem::remove_all(Folder / "a");
-    EXPECT_NE(FolderOf("mnuDateiLoadNV"), PathIn("a").toStdString());
+    EXPECT_NE(FolderOf("mnuDateiLoadNV"), QDir(PathIn("a")).path().toStdString());
 }
 
 TEST_F(WindowFiles, ATypedFolderIsOpenedAndTheNameIsEmptyThen) {
@@ -243,13 +246,13 @@ TEST_F(WindowFiles, ATypedFolderIsOpenedAndTheNameIsEmptyThen) {
             name->completer()->popup()->show();
             QTest::keyClick(name, Qt::Key_Return);
             EXPECT_TRUE(dialog.isVisible());
-            EXPECT_EQ(files.directory().path().toStdString(), PathIn("b").toStdString());
+            EXPECT_EQ(files.directory(), QDir(PathIn("b")));
             EXPECT_EQ(name->text(), "");
             EXPECT_FALSE(name->completer()->popup()->isVisible());
             files.setDirectory(PathIn("."));
             name->setText("c");
             QTest::keyClick(name, Qt::Key_Return);
-            EXPECT_EQ(files.directory().path().toStdString(), PathIn("c").toStdString());
+            EXPECT_EQ(files.directory(), QDir(PathIn("c")));
             EXPECT_EQ(name->text(), "");
             dialog.reject();
         });
@@ -308,7 +311,8 @@ TEST_F(WindowFiles, AFileOfThisMachineMayNameIt) {
     Open();
     for (const QString& host : {QString("localhost"), QSysInfo::machineHostName()}) {
         LoadFile("b/bernd.t9t");
-        EXPECT_TRUE(Drop(Window.get(), {"file://" + host + PathIn("a/anna.t9t")}));
+        EXPECT_TRUE(Drop(Window.get(),
+                         {"file://" + host + QUrl::fromLocalFile(PathIn("a/anna.t9t")).path()}));
         EXPECT_EQ(TextOfField(0), "Anna");
     }
     EXPECT_THAT(Dialogs.Transcript, SizeIs(2));

@@ -1,5 +1,6 @@
 // Whether the windows fit on small screens and with large texts: no button beyond the screen but in
 // a part that scrolls, no text cut.
+#include "qt/textconversion.h"
 #include "tests/qt/windowfixture.h"
 
 #include <QCheckBox>
@@ -192,9 +193,9 @@ TEST_P(SmallScreens, AllOfThemFit) {
     folder.Write("screen.json", config.toStdString());
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_QPA_PLATFORM",
-                       "offscreen:configfile=" +
-                           QString::fromStdString((folder / "screen.json").string()));
+    // The path is one without a drive: colons part the words.
+    environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=screen.json");
+    process.setWorkingDirectory(FromFilePath(folder.Path()));
     for (const char* unwanted :
          {"GTEST_TOTAL_SHARDS", "GTEST_SHARD_INDEX", "GTEST_SHARD_STATUS_FILE"}) {
         environment.remove(unwanted);

@@ -1,7 +1,12 @@
 #include "tests/qt/windowfixture.h"
 
+#include "base/platform.h"
+#include "qt/textconversion.h"
+
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -140,11 +145,13 @@ void WindowTest::Activate() {
 }
 
 QString WindowTest::PathIn(const char* name) const {
-    return QString::fromStdString((Folder / name).string());
+    // As the file dialog hands it over: Windows has drives, and both slashes.
+    const QFileInfo file(FromFilePath(Folder / platform::PathOfUtf8(name)));
+    return QDir::toNativeSeparators(file.absoluteFilePath());
 }
 
 std::string WindowTest::FileText(const char* name) const {
-    const Bytes bytes = ReadFile(Folder / name);
+    const Bytes bytes = ReadFile(Folder / platform::PathOfUtf8(name));
     return {bytes.begin(), bytes.end()};
 }
 

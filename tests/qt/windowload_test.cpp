@@ -243,7 +243,7 @@ TEST_F(WindowLoad, TheCaptionShowsANameThatHoldsThePlaceholderOfTheToolkit) {
 }
 
 TEST_F(WindowLoad, CharactersOutsideTheRepertoireAreQuestionMarksInTheCaption) {
-    Folder.Write("Жanna.t9t", RegisterFile({{.name = "Anna", .tel = "2"}}));
+    Folder.Write(u8"Жanna.t9t", RegisterFile({{.name = "Anna", .tel = "2"}}));
     Dialogs.ChooseFile(PathIn("Жanna.t9t"));
     Trigger("mnuDateiLoadNV");
     EXPECT_EQ(Caption(), "norvik Telefonregister - Datei: " + PathIn("?anna.t9t").toStdString());

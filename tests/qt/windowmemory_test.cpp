@@ -79,6 +79,7 @@ TEST_F(WindowMemory, ADamagedSettingsFileIsNone) {
     EXPECT_TRUE(Window->isVisible());
 }
 
+#ifndef _WIN32
 TEST_F(WindowMemory, WhatCannotBeReadToItsEndIsNone) {
     ASSERT_EQ(mkfifo((Folder / "fifo").c_str(), S_IRUSR | S_IWUSR), 0);
     std::ofstream(Folder / "riese") << "[Dateien]\n";
@@ -91,6 +92,7 @@ TEST_F(WindowMemory, WhatCannotBeReadToItsEndIsNone) {
         Window.reset();
     }
 }
+#endif
 
 TEST_F(WindowMemory, WithoutASettingsFileNothingIsRemembered) {
     SettingsFile.clear();

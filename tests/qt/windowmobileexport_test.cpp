@@ -306,6 +306,7 @@ TEST_F(WindowMobileExport, CancelEscapeAndTheCloseBoxStoreNothing) {
     EXPECT_EQ(TextOfField(0), "getippt");
 }
 
+#ifndef _WIN32
 TEST_F(WindowMobileExport, ASettingsFolderThatIsNotWritableIsARuntimeErrorAndTheDialogStays) {
     const std::string before = FileText("norvik.ini");
     fs::permissions(Folder.Path(), fs::perms(0555));
@@ -327,6 +328,7 @@ TEST_F(WindowMobileExport, ASettingsFolderThatIsNotWritableIsARuntimeErrorAndThe
     EXPECT_THAT(Dialogs.Transcript, ElementsAre(Opened, RuntimeErrorBox(70, "Zugriff verweigert")));
     EXPECT_THAT(FileText("norvik.ini"), testing::HasSubstr("\r\nChange00to+=yes\r\n"));
 }
+#endif
 
 /// The same with stored options.
 class WindowMobileExportStored : public WindowMobileExport {

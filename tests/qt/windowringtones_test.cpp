@@ -68,7 +68,7 @@ class WindowRingtones : public WindowTest {
 TEST_F(WindowRingtones, TheToneFilesNameTheOwnMelodies) {
     Folder.Write("tonruf/01Hund.t9r", "");
     Folder.Write("tonruf/3Katze.t9r", "");
-    Folder.Write("tonruf/60L\xC3\xB6we.T9R", "");
+    Folder.Write(u8"tonruf/60Löwe.T9R", "");
     Retype(0, "getippt");
     Click("chkTon");
     ASSERT_EQ(ButtonColour(), Pending);
@@ -158,6 +158,7 @@ TEST_F(WindowRingtones, RefusingChangesNothing) {
     EXPECT_EQ(ButtonColour(), Pending);
 }
 
+#ifndef _WIN32
 TEST_F(WindowRingtones, ANamesFileThatCannotBeWrittenIsARuntimeErrorAndStaysWhole) {
     Folder.Write("rt.lng", "alt");
     Folder.Write("tonruf/01Hund.t9r", "");
@@ -173,6 +174,7 @@ TEST_F(WindowRingtones, ANamesFileThatCannotBeWrittenIsARuntimeErrorAndStaysWhol
     EXPECT_EQ(FileText("rt.lng"), "alt");
     EXPECT_EQ(TextOf("DDTon"), "01Hund");
 }
+#endif
 
 TEST_F(WindowRingtones, AStoredEntryKeepsItsTone) {
     Folder.Write("tonruf/02Katze.t9r", "");

@@ -1,6 +1,7 @@
 #include "tests/qt/windowfixture.h"
 
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 
 #include <algorithm>
@@ -64,7 +65,7 @@ class WindowSaveText : public WindowTest {
                 auto* buttons = dialog.findChild<QDialogButtonBox*>();
                 QTest::mouseClick(buttons->button(QDialogButtonBox::Save), Qt::LeftButton);
                 EXPECT_TRUE(dialog.isVisible());
-                EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory().path(), folder);
+                EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir(folder));
             })
             .Cancel();
     }

@@ -168,7 +168,7 @@ TEST_F(WindowSettingsSample, ChangingTheFileShowsItsSampleAndCancellingKeepsTheO
     Drive([this] {
         Click("btnChangeSyncfile");
         ExpectFirstRecord();
-        EXPECT_EQ(TextOf("InpSyncFile"), PathIn("adressen.csv").toStdString());
+        EXPECT_EQ(TextOf("InpSyncFile"), (Folder / "adressen.csv").string());
         Click("btnChangeSyncfile");
         EXPECT_EQ(TextOf("InpSyncFile"), PathIn("Neu.csv").toStdString());
         EXPECT_THAT(SampleLines(), ElementsAre("1 - neu"));
