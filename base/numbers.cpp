@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include "base/platform.h"
 #include "base/runtimeerror.h"
 
 #include <algorithm>
@@ -83,10 +84,9 @@ Text FormatLocalTime(FileTime time, bool withSeconds) {
     constexpr int FirstYear = 1;
     constexpr int LastYear = 9999;
     constexpr int YearsBefore = 1900;
-    const auto seconds = static_cast<std::time_t>(
-        std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count());
-    const std::tm* local = std::localtime(&seconds);
-    if (local == nullptr || local->tm_year < FirstYear - YearsBefore ||
+    const std::optional<std::tm> local =
+        platform::LocalTime(std::chrono::floor<std::chrono::seconds>(time));
+    if (!local || local->tm_year < FirstYear - YearsBefore ||
         local->tm_year > LastYear - YearsBefore) {
         return {};
     }

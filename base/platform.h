@@ -7,8 +7,10 @@
 #include "base/paths.h"
 #include "base/windows1252.h"
 
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -121,6 +123,9 @@ Handle ListenForEndSignals();
 
 /// Ends the process by the signal, as if nobody had listened.
 [[noreturn]] void EndBySignal(int signal);
+
+/// What the user's clock showed then; nothing where the system cannot tell.
+std::optional<std::tm> LocalTime(std::chrono::sys_seconds time);
 
 /// A path as UTF-8, and back: whatever a name holds, it comes back the same.
 std::string Utf8Of(const FilePath& path);

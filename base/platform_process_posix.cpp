@@ -115,6 +115,12 @@ void EndBySignal(int signal) {
 }
 
 // Byte by byte: a name need not be valid in any encoding.
+std::optional<std::tm> LocalTime(std::chrono::sys_seconds time) {
+    const std::time_t seconds = time.time_since_epoch().count();
+    const std::tm* const local = std::localtime(&seconds);
+    return local == nullptr ? std::nullopt : std::optional(*local);
+}
+
 std::string Utf8Of(const FilePath& path) {
     return path.native();
 }

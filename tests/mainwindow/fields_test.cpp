@@ -2,10 +2,9 @@
 
 #include "ringtones/tonenames.h"
 #include "tests/support/testfolder.h"
+#include "tests/support/times.h"
 
 #include <gtest/gtest.h>
-
-#include <ctime>
 
 namespace norvik::test {
 namespace {
@@ -115,16 +114,8 @@ TEST(SourceTimeOf, NothingLoadedIsEmpty) {
 }
 
 TEST(SourceTimeOf, TheFilesDateAndTimeAreGermanWithoutSeconds) {
-    std::tm local{};
-    local.tm_mday = 5;
-    local.tm_mon = 2;
-    local.tm_year = 104;
-    local.tm_hour = 7;
-    local.tm_min = 9;
-    local.tm_sec = 59;
-    local.tm_isdst = -1;
     CurrentFile file;
-    file.Modified = FileTime(std::chrono::seconds(std::mktime(&local)));
+    file.Modified = LocalTime(2004, 3, 5, 7, 9, 59);
 
     EXPECT_EQ(SourceTimeOf(file), u"05.03.2004 07:09");
 }

@@ -8,6 +8,7 @@
 
 namespace norvik::test {
 
+#ifndef _WIN32
 inline FileTime LocalTime(int year, int month, int day, int hour, int minute, int second) {
     std::tm local{};
     local.tm_year = year - 1900;
@@ -19,5 +20,10 @@ inline FileTime LocalTime(int year, int month, int day, int hour, int minute, in
     local.tm_isdst = -1;
     return FileTime(std::chrono::seconds(std::mktime(&local)));
 }
+#else
+FileTime LocalTime(int year, int month, int day, int hour, int minute, int second);
+/// When the user's clock shows what Greenwich's does at `time`.
+FileTime WhenTheClockShows(FileTime time);
+#endif
 
 }  // namespace norvik::test
