@@ -29,6 +29,14 @@ HANDLE ConsoleOf(std::FILE* stream) {
     return handle >= 0 && GetConsoleMode(console, &mode) != 0 ? console : nullptr;
 }
 
+/// A pattern is compared with a file's short name, too, which has but three letters of its ending:
+/// "*.csv" finds "a.csv_old".
+bool HasEndingOf(const FilePath& pattern, const FilePath& name) {
+    const std::wstring ending = pattern.extension().native();
+    return ending.size() <= 1 || ending.find_first_of(L"*?") != std::wstring::npos ||
+           name.extension().native().size() == ending.size();
+}
+
 /// The files that a pattern in the last step of a path stands for, in the order of their names.
 std::vector<FilePath> Matching(const std::u16string& pattern) {
     const FilePath path = std::wstring(pattern.begin(), pattern.end());
@@ -38,7 +46,7 @@ std::vector<FilePath> Matching(const std::u16string& pattern) {
     for (bool found = search != INVALID_HANDLE_VALUE; found;
          found = FindNextFileW(search, &data) != 0) {
         constexpr DWORD PassedOver = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN;
-        if ((data.dwFileAttributes & PassedOver) == 0) {
+        if ((data.dwFileAttributes & PassedOver) == 0 && HasEndingOf(path, data.cFileName)) {
             files.push_back(path.parent_path() / data.cFileName);
         }
     }
@@ -77,6 +85,40 @@ Handle ListenForEndSignals() {
 
 void EndBySignal(int /*signal*/) {
     ExitProcess(EXIT_FAILURE);
+}
+
+std::optional<std::tm> LocalTime(std::chrono::sys_seconds time) {
+    // Not localtime(): it knows nothing before 1970, and takes a variable of the environment
+    // that some shells leave there for their own programs for the zone.
+    using namespace std::chrono;
+    constexpr sys_days First = year(1601) / January / 1;
+    constexpr sys_days Last = year(10000) / January / 2;
+    if (time < First || time > Last) {
+        return std::nullopt;
+    }
+    const sys_days day = floor<days>(time);
+    const year_month_day date(day);
+    const hh_mm_ss clock(time - day);
+    SYSTEMTIME utc{};
+    utc.wYear = static_cast<WORD>(static_cast<int>(date.year()));
+    utc.wMonth = static_cast<WORD>(static_cast<unsigned>(date.month()));
+    utc.wDay = static_cast<WORD>(static_cast<unsigned>(date.day()));
+    utc.wHour = static_cast<WORD>(clock.hours().count());
+    utc.wMinute = static_cast<WORD>(clock.minutes().count());
+    utc.wSecond = static_cast<WORD>(clock.seconds().count());
+    SYSTEMTIME shown{};
+    if (SystemTimeToTzSpecificLocalTime(nullptr, &utc, &shown) == 0) {
+        return std::nullopt;
+    }
+    constexpr int YearsBefore = 1900;
+    std::tm local{};
+    local.tm_year = shown.wYear - YearsBefore;
+    local.tm_mon = shown.wMonth - 1;
+    local.tm_mday = shown.wDay;
+    local.tm_hour = shown.wHour;
+    local.tm_min = shown.wMinute;
+    local.tm_sec = shown.wSecond;
+    return local;
 }
 
 std::string Utf8Of(const FilePath& path) {
@@ -120,7 +162,8 @@ bool ShowOnConsole(std::FILE* stream, std::string_view utf8, std::error_code& er
         DWORD count = 0;
         if (WriteConsoleW(console, text.data() + shown,
                           static_cast<DWORD>(std::min(text.size() - shown, Most)), &count,
-                          nullptr) == 0) {
+                          nullptr) == 0 ||
+            count == 0) {
             error = std::make_error_code(std::errc::io_error);
         }
         shown += count;
