@@ -193,13 +193,15 @@ void OutputFile::Close() {
     Flush();
     std::error_code error;
     if (!beside_.empty()) {
-        platform::Keep(file_, error);
-        RaiseIfFailed(error, place_);
         platform::GivePermissions(file_, like_, error);
         RaiseIfFailed(error, place_);
     }
     platform::Synchronise(file_.File, error);
     RaiseIfFailed(error, place_);
+    if (!beside_.empty()) {
+        platform::Keep(file_, error);  // as late as can be: from now on an end would leave it
+        RaiseIfFailed(error, place_);
+    }
     platform::Close(std::exchange(file_.File, platform::NoHandle), error);
     RaiseIfFailed(error, place_);
     if (!beside_.empty()) {
