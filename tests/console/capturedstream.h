@@ -23,6 +23,7 @@ class CapturedStream {
         std::string content(static_cast<std::size_t>(std::ftell(file_)), '\0');
         std::rewind(file_);
         content.resize(std::fread(content.data(), 1, content.size(), file_));
+        std::fseek(file_, 0, SEEK_END);  // what is written next needs it, behind what was read
         return content;
     }
 

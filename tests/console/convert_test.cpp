@@ -134,13 +134,23 @@ TEST(ConvertCallList, IsByteForByteWhatTheWindowWrites) {
 TEST(ConvertCallList, NeverReplacesTheListItself) {
     const TestFolder folder;
     const FilePath calls = folder.Write("anrufe.t9a", ExampleCalls());
-    std::filesystem::create_symlink(calls, folder / "neu.csv");
+    std::filesystem::create_hard_link(calls, folder / "neu.csv");
     for (const FilePath& target : {calls, folder / "neu.csv"}) {
         const Outcome outcome =
             RunConverter({"--ueberschreiben", "--nach=csv", calls.string(), target.string()});
         EXPECT_EQ(outcome.Status, 3) << outcome.Errors;
         EXPECT_EQ(ReadFile(calls), ExampleCalls());
     }
+}
+
+TEST(ConvertCallList, NeverReplacesTheListThroughALink) {
+    const TestFolder folder;
+    const FilePath calls = folder.Write("anrufe.t9a", ExampleCalls());
+    std::filesystem::create_symlink(calls, folder / "neu.csv");
+    const Outcome outcome = RunConverter(
+        {"--ueberschreiben", "--nach=csv", calls.string(), (folder / "neu.csv").string()});
+    EXPECT_EQ(outcome.Status, 3) << outcome.Errors;
+    EXPECT_EQ(ReadFile(calls), ExampleCalls());
 }
 
 TEST(ConvertCallList, TakesTheMsnOfTheOption) {

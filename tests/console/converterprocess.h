@@ -22,6 +22,8 @@ struct Surroundings {
     std::optional<unsigned> LongestFile = {};
     /// A file in place of the pipe behind its standard output.
     FilePath Output = {};
+    /// Whoever reads its standard output goes away after the first byte.
+    bool ReaderLeaves = false;
     /// Standard streams that it does not have.
     std::vector<int> Closed = {};
     /// Variables of its environment beside those of the tests.
@@ -37,6 +39,12 @@ struct Outcome {
 /// Runs any program to its end.
 Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                    const Surroundings& surroundings = {});
+
+/// Has the system's shell run a line.
+Outcome RunInShell(const std::string& line, const Surroundings& surroundings = {});
+
+/// The converter as a word of such a line.
+std::string ConverterInShell();
 
 /// Runs the converter.
 Outcome RunConverter(const std::vector<std::string>& arguments,

@@ -1,5 +1,7 @@
 #include "tests/console/converterprocess.h"
 
+#include "tests/support/places.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -25,11 +27,12 @@ struct Pipe {
     [[nodiscard]] int WriteEnd() const { return Ends[1]; }
 };
 
-Bytes ReadToEnd(int end) {
+/// Reads all, or the first byte alone.
+Bytes ReadFrom(int end, bool leaves = false) {
     Bytes bytes;
     std::array<Byte, 65536> block{};
-    for (ssize_t count = 1; count > 0;) {
-        count = read(end, block.data(), block.size());
+    for (ssize_t count = 1; count > 0 && !(leaves && !bytes.empty());) {
+        count = read(end, block.data(), leaves ? 1 : block.size());
         bytes.insert(bytes.end(), block.begin(),
                      block.begin() + std::max<std::ptrdiff_t>(count, 0));
     }
@@ -84,6 +87,14 @@ void CountAside() {
     setenv("GCOV_PREFIX", aside.c_str(), 1);
 }
 
+std::string ConverterInShell() {
+    return "'" + ConverterProgramFile().string() + "'";
+}
+
+Outcome RunInShell(const std::string& line, const Surroundings& surroundings) {
+    return RunProgram("/bin/sh", {"-c", line}, surroundings);
+}
+
 Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                    const Surroundings& surroundings) {
     const Pipe input;
@@ -104,9 +115,9 @@ Outcome RunProgram(const std::string& program, const std::vector<std::string>& a
     close(errors.WriteEnd());
     std::thread feeder([&] { WriteToEnd(input.WriteEnd(), surroundings.Input); });
     Bytes errorBytes;
-    std::thread listener([&] { errorBytes = ReadToEnd(errors.ReadEnd()); });
+    std::thread listener([&] { errorBytes = ReadFrom(errors.ReadEnd()); });
     Outcome outcome;
-    outcome.Output = ReadToEnd(output.ReadEnd());
+    outcome.Output = ReadFrom(output.ReadEnd(), surroundings.ReaderLeaves);
     feeder.join();
     listener.join();
     int status = 0;

@@ -124,13 +124,21 @@ TEST_F(ConverterProgram, AValueThatTheTargetCannotHoldLeavesNoTarget) {
 
 TEST_F(ConverterProgram, ADeviceIsNoTarget) {
     folder.Write("a.t9t", Example195());
-    for (const std::string target : {"/dev/null"}) {
+#ifndef _WIN32
+    const std::vector<std::string> devices = {"/dev/null"};
+#else
+    const std::vector<std::string> devices = {"NUL", "nul"};
+#endif
+    for (const std::string& target : devices) {
         const Outcome outcome = Run({"a.t9t", target, "--nach=195", "--ueberschreiben"});
         EXPECT_EQ(outcome.Status, 3);
         EXPECT_EQ(outcome.Errors, Own + "\"" + target +
                                       "\" nicht geschrieben: Fehler beim Zugriff auf Pfad/Datei\n");
     }
+#ifndef _WIN32
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+#endif
+    EXPECT_THAT(FilesIn(folder.Path()), ElementsAre("a.t9t"));
 }
 
 TEST_F(ConverterProgram, StandardOutputThatIsFullOrClosedIsNotWritable) {

@@ -14,6 +14,7 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 std::string Today() {
     const auto now = std::chrono::floor<FileTime::duration>(std::chrono::system_clock::now());
@@ -46,6 +47,10 @@ TEST_F(ConverterOnPaper, GivesTheSameBytesToStandardOutputAndToAFolder) {
     EXPECT_EQ(outcome.Output, ReadFile(folder / "b.pdf"));
     EXPECT_EQ(Run({"a.csv", ".", "--nach=pdf", "--spalten=3", "--papier=a5"}).Status, 0);
     EXPECT_EQ(ReadFile(folder / "a.pdf"), ReadFile(folder / "b.pdf"));
+}
+
+TEST_F(ConverterOnPaper, HasTheChosenPaper) {
+    EXPECT_EQ(Run({"a.csv", "b.pdf", "--papier=a5"}).Status, 0);
     EXPECT_THAT(OutputOf("pdfinfo '" + (folder / "b.pdf").string() + "'"),
                 HasSubstr("Page size:       419.53 x 595.28 pts"));
 }
@@ -57,7 +62,8 @@ TEST_F(ConverterOnPaper, ReplacesAFileOnlyIfToldTo) {
     EXPECT_EQ(kept.Errors, Own + "\"b.pdf\" nicht geschrieben: schon vorhanden (--ueberschreiben "
                                  "ersetzt es)\n");
     EXPECT_EQ(Run({"a.csv", "b.pdf", "--ueberschreiben"}).Status, 0);
-    EXPECT_THAT(TextOfPdf(folder / "b.pdf"), HasSubstr("Anna"));
+    EXPECT_EQ(ReadFile(folder / "b.pdf"), Run({"a.csv", "-", "--nach=pdf"}).Output);
+    EXPECT_THAT(StringOf(ReadFile(folder / "b.pdf")), StartsWith("%PDF-"));
 }
 
 TEST_F(ConverterOnPaper, WithoutAMarkedEntryThereIsNoFile) {

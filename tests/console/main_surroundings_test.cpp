@@ -1,6 +1,6 @@
 // The program among pipes, odd names, locales and terminals.
+#include "base/platform.h"
 #include "tests/console/converterprogram.h"
-#include "tests/support/places.h"
 
 #include <filesystem>
 
@@ -10,25 +10,23 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// The program as a word of a shell's command.
-const std::string Quoted = "'" + ConverterProgramFile().string() + "'";
-
 TEST_F(ConverterProgram, GoesThroughAShellsPipeline) {
     folder.Write("a.t9t", Example195());
-    const Outcome outcome =
-        RunProgram("/bin/sh",
-                   {"-c", "cat a.t9t | " + Quoted + " --von 195 --nach 175 - - | " + Quoted +
-                              " --von 175 --nach csv - - | cat"},
-                   {.Folder = folder.Path()});
+    const std::string first = ConverterInShell() + " --von 195 --nach 175 - -";
+    const std::string second = ConverterInShell() + " --von 175 --nach csv - -";
+#ifndef _WIN32
+    const std::string line = "cat a.t9t | " + first + " | " + second + " | cat";
+#else
+    const std::string line = first + " < a.t9t | " + second;
+#endif
+    const Outcome outcome = RunInShell(line, {.Folder = folder.Path()});
     EXPECT_EQ(outcome.Status, 0);
     EXPECT_THAT(StringOf(outcome.Output), HasSubstr("\r\nAnna;01711;"));
 }
 
 TEST_F(ConverterProgram, AReaderThatGoesAwayIsAnErrorOfWriting) {
     folder.Write("a.t9t", FileOfMany(2000));
-    const Outcome outcome = RunProgram(
-        "/bin/bash", {"-c", Quoted + " --nach csv a.t9t - | true; exit ${PIPESTATUS[0]}"},
-        {.Folder = folder.Path()});
+    const Outcome outcome = Run({"--nach=csv", "a.t9t", "-"}, {.ReaderLeaves = true});
     EXPECT_EQ(outcome.Status, 3);
     EXPECT_THAT(outcome.Errors, HasSubstr("\"-\" nicht geschrieben: "));
 }
@@ -77,15 +75,20 @@ TEST_F(ConverterProgram, ReadsStandardInputUpTo64MiB) {
 }
 
 TEST_F(ConverterProgram, TakesNamesOfAnyCharacters) {
-    const std::vector<std::string> names = {"mit blank.T9T",  "grüße ß.t9T",   "\xFF\xFE.t9t",
-                                            "-vorn.t9t",      "łódź 日本.t9t", "#Da.t9t",
-                                            "zeile\nzwei.t9t"};
+    std::vector<std::string> names = {"mit blank.T9T",       "grüße ß.t9T",         "\xFF\xFE.t9t",
+                                      "-vorn.t9t",           "łódź 日本 Ωμέγα.t9t", "#Da.t9t",
+                                      "\xF0\x9F\x93\x9E.t9t"};
+#ifndef _WIN32
+    names.emplace_back("zeile\nzwei.t9t");
+#endif
     for (const std::string& name : names) {
-        folder.Write(name, Example195());
+        folder.Write(platform::PathOfUtf8(name), Example195());
         const Outcome outcome = Run({"--nach=195", "--", name, name + ".neu"});
         EXPECT_EQ(outcome.Status, 0) << name << outcome.Errors;
-        EXPECT_EQ(ReadFile(folder / (name + ".neu")), Run({"./" + name, "-", "--nach=195"}).Output);
+        EXPECT_EQ(ReadFile(folder / platform::PathOfUtf8(name + ".neu")),
+                  Run({"./" + name, "-", "--nach=195"}).Output);
     }
+    EXPECT_EQ(FilesIn(folder.Path()).size(), names.size() * 2);
     folder.Write("#Da.csv", ExampleCsv());
     EXPECT_EQ(Run({"#Da.csv", "b.pbo"}).Status, 0);
 }
@@ -93,8 +96,14 @@ TEST_F(ConverterProgram, TakesNamesOfAnyCharacters) {
 TEST_F(ConverterProgram, ShowsNamesSoThatATerminalIsSafe) {
     EXPECT_THAT(Run({"\xFF.t9t", "a.csv"}).Errors,
                 HasSubstr(Own + "\"?.t9t\" nicht gelesen: Datei nicht gefunden\n"));
-    EXPECT_THAT(Run({"\x1B[2J\n.t9t", "a.csv"}).Errors,
-                HasSubstr(Own + "\"?[2J?.t9t\" nicht gelesen: Datei nicht gefunden\n"));
+    // Half of a surrogate pair.
+    EXPECT_THAT(Run({"a\xED\xA0\x80z.t9t", "a.csv"}).Errors,
+                HasSubstr(Own + "\"a???z.t9t\" nicht gelesen: Datei nicht gefunden\n"));
+    const FilePath controls = "\x1B[2J\n.t9t";
+    const std::string reason =
+        platform::IsPossibleName(controls) ? "Datei nicht gefunden" : "Dateiname falsch";
+    EXPECT_THAT(Run({controls.string(), "a.csv"}).Errors,
+                HasSubstr(Own + "\"?[2J?.t9t\" nicht gelesen: " + reason + "\n"));
     EXPECT_THAT(Run({"gr\xC3\xBC\xC3\x9F.t9t", "a.csv"}).Errors,
                 HasSubstr(Own + "\"grüß.t9t\" nicht gelesen: Datei nicht gefunden\n"));
     EXPECT_EQ(

@@ -1,5 +1,6 @@
 #include "dialogs/help.h"
 
+#include "base/platform.h"
 #include "tests/support/processlimits.h"
 #include "tests/support/scripteddesktop.h"
 #include "tests/support/testfolder.h"
@@ -20,7 +21,7 @@ const std::string NoManual =
     "title \"Entschuldigung\" icon Information buttons Ok default Ok -> Ok";
 
 std::string Opened(const FilePath& document, int returned = 33) {
-    return "document " + document.string() + " -> " + std::to_string(returned);
+    return "document " + platform::Utf8Of(document) + " -> " + std::to_string(returned);
 }
 
 std::string ReadmeStatus(int returned = 33) {
@@ -188,15 +189,31 @@ TEST(HelpFolders, TheExactCaseGoesBeforeAnyOther) {
 
 TEST(HelpFolders, ThePathIsHandedOverAsItIsWhateverTheFolderIsCalled) {
     const TestFolder base;
-    for (const char* name : {"Programme und Daten", " ", "a\"b", "it's", "a;b", "$(touch geknackt)",
-                             "`touch geknackt`", "a&b|c>d", "%20", "#1?x", "-rf", "$HOME",
-                             "Büro Süd", "\xE9", "Имя", "a\nb"}) {
+    std::vector<std::string> names = {"Programme und Daten",
+                                      "it's",
+                                      "a;b",
+                                      "$(touch geknackt)",
+                                      "`touch geknackt`",
+                                      "a&b",
+                                      "%20",
+                                      "%TEMP%",
+                                      "^a^",
+                                      "#1",
+                                      "-rf",
+                                      "$HOME",
+                                      "Büro Süd",
+                                      "Имя"};
+#ifndef _WIN32
+    names.insert(names.end(), {" ", "a\"b", "a&b|c>d", "#1?x", "\xE9", "a\nb"});
+#endif
+    for (const std::string& utf8 : names) {
+        const FilePath name = platform::PathOfUtf8(utf8);
         const FilePath folder = base / name;
         fs::create_directory(folder);
-        const FilePath page = base.Write(FilePath(name) / "nvreadme.htm", "");
-        const FilePath text = base.Write(FilePath(name) / "whatsnew.txt", "");
-        EXPECT_EQ(Readme({folder}), (Lines{Opened(page), ReadmeStatus()})) << name;
-        EXPECT_EQ(WhatsNew({folder}), Lines{"editor " + text.string()}) << name;
+        const FilePath page = base.Write(name / "nvreadme.htm", "");
+        const FilePath text = base.Write(name / "whatsnew.txt", "");
+        EXPECT_EQ(Readme({folder}), (Lines{Opened(page), ReadmeStatus()})) << utf8;
+        EXPECT_EQ(WhatsNew({folder}), Lines{"editor " + platform::Utf8Of(text)}) << utf8;
     }
     EXPECT_FALSE(fs::exists("geknackt"));
 }

@@ -161,7 +161,7 @@ TEST(BtnChangeLoadfile, ShowsTheChosenPath) {
 TEST(BtnChangeLoadfile, ANameWithoutADotGetsT9t) {
     SettingsFields fields;
     ScriptedDesktop desktop;
-    desktop.AnswerFile("/Daten v1.2/büro").AnswerFile("/d/a.").AnswerFile("/d/.a");
+    desktop.AnswerFile(u8"/Daten v1.2/büro").AnswerFile("/d/a.").AnswerFile("/d/.a");
     btnChangeLoadfile_Click(fields, desktop);
     EXPECT_EQ(fields.InpLoadfile, u"/Daten v1.2/büro.t9t");
     btnChangeLoadfile_Click(fields, desktop);
@@ -183,7 +183,7 @@ TEST(BtnChangeLoadfile, CancelKeepsThePath) {
 TEST(BtnChangeLoadfile, CharactersThatATextCannotHoldBecomeQuestionMarks) {
     SettingsFields fields;
     ScriptedDesktop desktop;
-    desktop.AnswerFile("/d/Имя.t9t");
+    desktop.AnswerFile(u8"/d/Имя.t9t");
     btnChangeLoadfile_Click(fields, desktop);
     EXPECT_EQ(fields.InpLoadfile, u"/d/???.t9t");
 }

@@ -215,8 +215,11 @@ TEST(SyncSample, TheExactCaseGoesFirst) {
 
 TEST(SyncSample, TakesPathsWithBlanksQuotesAndSigns) {
     const TestFolder folder;
-    for (const char* name :
-         {" a b .csv", "a\"b'c.csv", "a;b|c.csv", "$(touch x).csv", "ä%20ß.csv"}) {
+    std::vector<FilePath> names = {" a b .csv", "a'b;c,d.csv", "$(touch x).csv", u8"ä%20ß.csv"};
+#ifndef _WIN32
+    names.insert(names.end(), {"a\"b'c.csv", "a;b|c.csv"});
+#endif
+    for (const FilePath& name : names) {
         EXPECT_EQ(FirstLook(folder.Write(name, "\"eins\"\r\n")), Line(u"\"eins\"")) << name;
     }
 }

@@ -18,13 +18,18 @@ std::vector<std::string> NamesOf(const RecentFiles& files) {
     return names;
 }
 
+/// As the list holds it: with the drive and the slashes of the system.
+std::string Full(const char* path) {
+    return std::filesystem::absolute(path).make_preferred().string();
+}
+
 TEST(AddRecent, PutsTheNewestInFrontAndKeepsEachOnce) {
     RecentFiles files;
     for (const char* path : {"/r/a.t9t", "/r/b.csv", "/s/c.pbo", "/r/a.t9t", "/r/x/../b.csv"}) {
         AddRecent(files, path, {});
     }
-    EXPECT_THAT(NamesOf(files), ElementsAre("/r/b.csv", "/r/a.t9t", "/s/c.pbo"));
-    EXPECT_EQ(files.Folder, "/r");
+    EXPECT_THAT(NamesOf(files), ElementsAre(Full("/r/b.csv"), Full("/r/a.t9t"), Full("/s/c.pbo")));
+    EXPECT_EQ(files.Folder, Full("/r"));
 }
 
 TEST(AddRecent, KeepsTheLastEight) {
@@ -32,8 +37,9 @@ TEST(AddRecent, KeepsTheLastEight) {
     for (int i = 1; i <= 10; ++i) {
         AddRecent(files, "/r/" + std::to_string(i) + ".vcf", {});
     }
-    EXPECT_THAT(NamesOf(files), ElementsAre("/r/10.vcf", "/r/9.vcf", "/r/8.vcf", "/r/7.vcf",
-                                            "/r/6.vcf", "/r/5.vcf", "/r/4.vcf", "/r/3.vcf"));
+    EXPECT_THAT(NamesOf(files), ElementsAre(Full("/r/10.vcf"), Full("/r/9.vcf"), Full("/r/8.vcf"),
+                                            Full("/r/7.vcf"), Full("/r/6.vcf"), Full("/r/5.vcf"),
+                                            Full("/r/4.vcf"), Full("/r/3.vcf")));
 }
 
 TEST(AddRecent, MakesAFullPathOfARelativeOne) {
@@ -59,7 +65,7 @@ TEST(AddRecent, OfAnotherEndingTakesTheFolderAlone) {
         AddRecent(files, path, {});
     }
     EXPECT_THAT(files.Paths, IsEmpty());
-    EXPECT_EQ(files.Folder, "/x");
+    EXPECT_EQ(files.Folder, Full("/x"));
 }
 
 TEST(NoteFolder, TakesAnyFolderButTheHiddenOne) {

@@ -1,5 +1,7 @@
 #include "tests/support/scripteddesktop.h"
 
+#include "base/platform.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -186,7 +188,7 @@ std::optional<FilePath> ScriptedDesktop::AskForFileToSave(const FileDialog& dial
 }
 
 bool ScriptedDesktop::AskToReplace(const FilePath& file) {
-    const std::string question = "replace " + file.string();
+    const std::string question = "replace " + platform::Utf8Of(file);
     const bool answer = NextAnswer(question, false);
     Transcript.push_back(question + " -> " + (answer ? "yes" : "no"));
     return answer;
@@ -281,12 +283,13 @@ Text ScriptedDesktop::BeforeOverwriting(const FilePath& file) {
 }
 
 int ScriptedDesktop::OpenDocument(const FilePath& document) {
-    Transcript.push_back("document " + document.string() + " -> " + std::to_string(ShellResult));
+    Transcript.push_back("document " + platform::Utf8Of(document) + " -> " +
+                         std::to_string(ShellResult));
     return ShellResult;
 }
 
 void ScriptedDesktop::OpenInTextEditor(const FilePath& document) {
-    Transcript.push_back("editor " + document.string());
+    Transcript.push_back("editor " + platform::Utf8Of(document));
 }
 
 }  // namespace norvik::test

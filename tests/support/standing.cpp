@@ -1,6 +1,7 @@
 #include "tests/support/standing.h"
 
 #include "base/files.h"
+#include "base/platform.h"
 #include "formats/formattable.h"
 #include "tests/support/idledesktop.h"
 #include "tests/support/scripteddesktop.h"
@@ -99,8 +100,10 @@ const EntrySet& FileReader::EntriesIn(const FilePath& file) {
 EntrySet FileReader::EntriesBelow(const FilePath& folder, std::string_view but) {
     EntrySet entries;
     for (const auto& file : fs::recursive_directory_iterator(folder)) {
-        const std::string name = file.path().filename().string();
-        if (file.is_regular_file() && (but.empty() || !name.starts_with(but))) {
+        const std::string name = platform::Utf8Of(file.path().filename());
+        // A process's lock is empty, and on some systems nobody else may read it.
+        if (file.is_regular_file() && !name.ends_with(".lock") &&
+            (but.empty() || !name.starts_with(but))) {
             entries.merge(EntrySet(EntriesIn(file.path())));
         }
     }

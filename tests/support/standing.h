@@ -26,7 +26,8 @@ class FileReader {
   public:
     /// The entries that a load of the file can show, also of a damaged one that it reports.
     const EntrySet& EntriesIn(const FilePath& file);
-    /// Those of all files in a folder and in its folders, but for names that begin with `but`.
+    /// Those of all files in a folder and in its folders, but for locks and names that begin with
+    /// `but`.
     EntrySet EntriesBelow(const FilePath& folder, std::string_view but = {});
 
   private:
