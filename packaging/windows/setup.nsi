@@ -1,5 +1,6 @@
 ; The installer, for one user and without an administrator's rights. Its German is in UTF-8.
-; makensis -DVERSION=1.1.0 -DFILES=<folder of all files> -DICON=<icon> -DTARGET=<installer>
+; makensis -DVERSION=1.1.0 -DFILES=<folder of all files> -DICON=<icon> -DPICTURE=<of the first page>
+; -DTARGET=<installer>
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -35,7 +36,13 @@ VIAddVersionKey /LANG=1031 "LegalCopyright" "FREEWARE, ohne Auftrag der Norvik A
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP_STRETCH AspectFitHeight
 !define MUI_ABORTWARNING
+!define MUI_WELCOMEPAGE_TITLE_3LINES
+!define MUI_WELCOMEPAGE_TEXT "Das Programm wird für Sie allein eingerichtet; Rechte eines Administrators braucht es nicht.$\r$\n$\r$\nEine ältere Fassung wird ersetzt. Ihre Register, Einstellungen und früheren Stände bleiben, wie sie sind.$\r$\n$\r$\nKlicken Sie auf Weiter, um fortzufahren."
+!define MUI_FINISHPAGE_TITLE_3LINES
+!define MUI_UNCONFIRMPAGE_TEXT_TOP "Das Programm wird von hier entfernt. Ihre Register, Einstellungen (norvik.ini) und früheren Stände bleiben, wo sie sind."
 !define MUI_FINISHPAGE_RUN "$INSTDIR\${PROGRAM}"
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_DIRECTORY
