@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Builds the core's and the converter's tests for Windows and runs them under wine:
-# scripts/windows-tests.sh [options of the test framework, such as --gtest_filter=OutputFile*]
-# Neither program has a manifest, so a path that goes through a narrow character set fails. What
+# Builds the core's and the converter's tests for Windows, and those of the window if it is asked for
+# them, and runs them under wine:
+# scripts/windows-tests.sh [window] [options of the test framework, such as --gtest_filter=OutputFile*]
+# No program has a manifest, so a path that goes through a narrow character set fails. What
 # docs/windows.md names as not tested there is skipped, unless NORVIK_RUN_ALL is set; the script fails
 # when that list does not fit. "./windows test" runs it, too, before it tries the programs themselves.
 # Everything lies in build/windows-tests, but for the libraries (scripts/windows-libraries.sh).
@@ -13,18 +14,33 @@ cd "$root"
 install_missing "${WINDOWS_PACKAGES[@]}" "${WINDOWS_TEST_PACKAGES[@]}"
 
 build=$root/build/windows-tests
-pdf=$(scripts/windows-libraries.sh pdf)
-framework=$(scripts/windows-libraries.sh googletest)
+parts=(core console)
+libraries=(pdf googletest)
+if [ "${1:-}" = window ]; then
+    shift
+    install_missing "${WINDOWS_TOOLKIT_PACKAGES[@]}" qt6-translations-l10n fonts-dejavu-core
+    parts+=(window)
+    libraries+=(toolkit)
+fi
+roots=""
+for library in "${libraries[@]}"; do
+    roots+=$(scripts/windows-libraries.sh "$library")";"
+done
 # -O0 compiles faster, and what is tested here is the system.
 cmake -S . -B "$build" -G Ninja --toolchain cmake/windows.cmake \
-    "-DCMAKE_FIND_ROOT_PATH=$pdf;$framework" -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-g0 \
-    -DNORVIK_WINDOW=OFF > /dev/null
-cmake --build "$build" --target core-tests console-tests
+    "-DCMAKE_FIND_ROOT_PATH=${roots%;}" -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-g0 \
+    -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
+    -DNORVIK_WINDOW="$([[ ${parts[*]} = *window* ]] && echo ON || echo OFF)" > /dev/null
+cmake --build "$build" --target "${parts[@]/%/-tests}"
 
 export WINEPREFIX=$build/wine WINEDEBUG=-all TZ=Europe/Berlin
 if [ ! -d "$WINEPREFIX" ]; then
     wineboot --init > /dev/null 2>&1
 fi
+# The font of the window's tests here. wine takes no such words from the environment.
+mkdir -p "$build/fonts"
+cp /usr/share/fonts/truetype/dejavu/DejaVuSans{,-Bold}.ttf "$build/fonts"
+wine reg add 'HKCU\Environment' /v QT_QPA_FONTDIR /d "Z:${build//\//\\}\\fonts" /f > /dev/null 2>&1
 # The tests' files lie in memory.
 temporary=$(mktemp -d /dev/shm/norvik-windows-XXXXXX)
 # shellcheck disable=SC2317  # the trap calls it
@@ -56,11 +72,12 @@ built() {
         awk '/^[^ ]/ { suite = $1; sub(/^[^\/]*\//, "", suite) } /^ / { sub(/\/.*/, "", $1); print suite $1 }' |
         sort -u
 }
-for part in core console; do
+for part in "${parts[@]}"; do
     case $part in
         core) folders=(base register ringtones registertools formats sync losses versions paper dialogs
             mainwindow project) ;;
         console) folders=(console) ;;
+        window) folders=(qt) ;;
     esac
     program=$build/tests/$part-tests.exe
     built=$(built "$program")
@@ -79,7 +96,7 @@ fi
 
 shards=$(nproc)
 status=0
-for part in core console; do
+for part in "${parts[@]}"; do
     pids=()
     for ((shard = 0; shard < shards; ++shard)); do
         GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$shard \
@@ -88,9 +105,10 @@ for part in core console; do
     done
     for ((shard = 0; shard < shards; ++shard)); do
         wait "${pids[shard]}" || status=1
-        # Without the reasons why tests are skipped, and with the beginning of a long line alone.
+        # Without the reasons why tests are skipped and what wine says of drives, and with the beginning of a
+        # long line alone.
         log=$(tr -d '\r' < "$build/$part.$shard.log" | cut -c 1-500 |
-            awk '/: Skipped$/ { getline; next } NF')
+            awk '/: Skipped$/ { getline; next } NF && !/^wine: Read access denied/')
         echo "$log"
         # A program that crashed may have given status 0.
         if ! grep -qE '^\[==========\] .* ran\.' <<< "$log"; then

@@ -1,5 +1,6 @@
 // The window tests need an application like the program's own, and no screen.
 #include "qt/application.h"
+#include "tests/support/leaveout.h"
 #include "tests/support/testfolder.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@ int main(int argc, char* argv[]) {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(config.Path().string()));
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
+    norvik::test::LeaveOutWhatIsNotTestedHere();
     norvik::PrepareApplication(application);
     return RUN_ALL_TESTS();
 }

@@ -1,8 +1,8 @@
 #include "tests/qt/windowfixture.h"
+#include "tests/support/times.h"
 
 #include <algorithm>
 #include <chrono>
-#include <ctime>
 #include <filesystem>
 
 namespace norvik::test {
@@ -31,12 +31,9 @@ class WindowCharges : public WindowTest {
     }
 
     /// Loads the register again with a known time of its file.
-    void LoadWithDate(const std::tm& date) {
-        std::tm local = date;
-        std::filesystem::last_write_time(
-            Folder / "register.t9t",
-            std::chrono::file_clock::from_sys(
-                std::chrono::system_clock::from_time_t(std::mktime(&local))));
+    void LoadWithDate(FileTime date) {
+        std::filesystem::last_write_time(Folder / "register.t9t",
+                                         std::chrono::file_clock::from_sys(date));
         Dialogs.ChooseFile(PathIn("register.t9t"));
         Trigger("mnuDateiLoadNV");
         Dialogs.Transcript.clear();
@@ -69,15 +66,7 @@ class WindowCharges : public WindowTest {
 };
 
 TEST_F(WindowCharges, TheStatementListsTheCountedEntriesAndTheirSum) {
-    std::tm date{};
-    date.tm_year = 105;
-    date.tm_mon = 11;
-    date.tm_mday = 24;
-    date.tm_hour = 8;
-    date.tm_min = 30;
-    date.tm_sec = 7;
-    date.tm_isdst = -1;
-    LoadWithDate(date);
+    LoadWithDate(LocalTime(2005, 12, 24, 8, 30, 7));
     Selector()->setValue(2);
     Retype(0, "getippt");
     Dialogs.Click(QMessageBox::Ok).ChooseFile(PathIn("auszug"));

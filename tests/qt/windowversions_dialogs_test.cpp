@@ -32,6 +32,9 @@ class WindowVersionsDialogs : public WindowTest {
         Folder.Write("a.t9t", RegisterFile({{.name = "Anna", .tel = "1"}}));
         Folder.Write("staende/b.t9t", RegisterFile({{.name = "Bernd", .tel = "2"}}));
         Folder.Write("Staende2/c.t9t", RegisterFile({{.name = "Carl", .tel = "3"}}));
+    }
+    void SetUp() override {
+        WindowTest::SetUp();
         std::filesystem::create_directory_symlink(VersionFolder, Folder / "verweis");
         Open();
     }
