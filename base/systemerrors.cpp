@@ -38,13 +38,14 @@ ErrorNumber NumberOfMissing(const FilePath& path) {
 
 }  // namespace
 
-ErrorNumber NumberOfSystemError(const std::error_code& systems, const FilePath& path) {
-    const std::error_code error = platform::Portable(systems);
-    if (error == std::errc::no_such_file_or_directory) {
+ErrorNumber NumberOfSystemError(const std::error_code& error, const FilePath& path) {
+    const std::error_code portable = platform::Portable(error);
+    if (portable == std::errc::no_such_file_or_directory) {
         return NumberOfMissing(path);
     }
-    const auto* const row = std::find_if(
-        Rows.begin(), Rows.end(), [&error](const ErrorRow& known) { return error == known.Error; });
+    const auto* const row =
+        std::find_if(Rows.begin(), Rows.end(),
+                     [&portable](const ErrorRow& known) { return portable == known.Error; });
     return row == Rows.end() ? ErrorNumber::DeviceError : row->Number;
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QStyle>
+#include <QTimer>
 
 #include <utility>
 
@@ -27,8 +28,7 @@ class Follower : public QObject {
         if (object == qApp && (event->type() == QEvent::ApplicationPaletteChange ||
                                event->type() == QEvent::ThemeChange)) {
             // Not here: setting a style changes the palette, too.
-            QMetaObject::invokeMethod(
-                this, [this] { Follow(); }, Qt::QueuedConnection);
+            QTimer::singleShot(0, this, [this] { Follow(); });
         }
         return false;
     }
