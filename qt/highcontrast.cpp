@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QEvent>
 #include <QStyle>
-#include <QTimer>
 
 #include <utility>
 
@@ -28,10 +27,13 @@ class Follower : public QObject {
         if (object == qApp && (event->type() == QEvent::ApplicationPaletteChange ||
                                event->type() == QEvent::ThemeChange)) {
             // Not here: setting a style changes the palette, too.
-            QTimer::singleShot(0, this, [this] { Follow(); });
+            QCoreApplication::postEvent(this, new QEvent(QEvent::User));
         }
         return false;
     }
+
+  protected:
+    void customEvent(QEvent* /*event*/) override { Follow(); }
 
   private:
     void Follow() {
