@@ -54,17 +54,18 @@ bool MayCreateIn(const FilePath& folder);
 /// Whether the file is protected against being written by the user; false for a missing one.
 bool IsProtected(const FilePath& path);
 
-/// A file that was just made, for the user alone, and the permissions that it is to have in the
-/// end.
+/// A file that was just made, for the user alone (on Windows see CreateBeside()), and the
+/// permissions, there the attributes, that it is to have in the end.
 struct NewFile {
     Handle File = NoHandle;
     unsigned Permissions = 0;
 };
 
 /// Makes a file that nobody has made before, never through a link; before Keep() it may go with its
-/// handle. `like` is a file whose owner and
-/// permissions it is to have in the end, or empty for those of any new file. Fails with
-/// errc::operation_not_permitted, and there is no file, when the owner cannot be the same.
+/// handle. `like` is a file whose owner and permissions it is to have in the end, or empty for
+/// those of any new file. Fails with errc::operation_not_permitted, and there is no file, when the
+/// owner cannot be the same. On Windows it belongs to the user, whoever owns `like`, and has the
+/// list of rights of `like`, or of its folder, from the beginning.
 NewFile CreateBeside(const FilePath& path, const FilePath& like, std::error_code& error);
 
 /// Has a file of CreateBeside() stay when it is closed.
@@ -105,16 +106,16 @@ void RenameToFree(const FilePath& from, const FilePath& to, std::error_code& err
 /// over.
 void SynchroniseFolder(const FilePath& folder, std::error_code& error);
 
-/// Has the file removed when a signal or exit() ends the process. Signals for which the process has
-/// other plans are left alone.
+/// Has the file removed when a signal or exit() ends the process, where CreateBeside() did not see
+/// to that. Signals for which the process has other plans are left alone.
 void RemoveWhenEnded(const FilePath& path);
 
 /// Takes RemoveWhenEnded() back.
 void KeepWhenEnded(const FilePath& path);
 
-/// Opens a file for the user alone, makes it where it is missing, and locks it until Close() or the
-/// end of the process, however that ends. Fails with errc::resource_unavailable_try_again while
-/// somebody else holds it.
+/// Opens a file, makes it for the user alone where it is missing (on Windows with the rights of its
+/// folder), and locks it until Close() or the end of the process, however that ends. Fails with
+/// errc::resource_unavailable_try_again while somebody else holds it.
 Handle OpenLocked(const FilePath& path, std::error_code& error);
 
 /// From now on a signal that asks the program to end (SIGTERM, SIGINT, SIGHUP) does not end it: for
@@ -135,7 +136,8 @@ FilePath PathOfUtf8(std::string_view utf8);
 /// leaves that to the program.
 enum class Patterns { Leave, Expand };
 
-/// The arguments behind the program's name, in UTF-8 as far as they were characters at all.
+/// The arguments behind the program's name, in UTF-8 as far as they were characters at all. Those
+/// of main() are passed over where the system has better ones.
 std::vector<std::string> Arguments(int argc, char* argv[], Patterns patterns);
 
 /// Shows a text on the stream's console, where that takes no UTF-8; false when there is no such

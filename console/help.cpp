@@ -35,8 +35,8 @@ constexpr TextView OtherOptions =
                         ersehen (so auch ohne diese Option)
   --msn TEXT            MSN aller Anrufe (QUELLE .t9a); sonst 0
   --null-hinzu          Null zur Amtholung vor alle Nummern setzen
-  --null-weg CODE       Null zur Amtholung entfernen, CODE (etwa i, '##', '**'
-                        oder '*') vor interne Nummern setzen; die
+  --null-weg CODE       Null zur Amtholung entfernen, CODE (etwa i, "##", "**"
+                        oder "*") vor interne Nummern setzen; die
                         Anführungszeichen sind für die Shell nötig
   --sortiert            nach Namen sortieren (so auch ohne diese Option)
   --unsortiert          die Reihenfolge der QUELLE behalten

@@ -107,7 +107,7 @@ void TakeZeroCode(Reading& reading, std::string_view value) {
     // A shell puts file names in the place of "*".
     if (CleanNumber(code, GlobalizeMode::CleanForTelephone) != code) {
         Fail(u"--null-weg: " + Printable(code) +
-             u" ist kein Code für interne Nummern (in Anführungszeichen: '*', '##', '**')");
+             u" ist kein Code für interne Nummern (in Anführungszeichen: \"*\", \"##\", \"**\")");
     }
     reading.Options.ZeroCode = std::move(code);
 }

@@ -67,7 +67,8 @@ pdf_configuration="#define LIBHPDF_HAVE_NOPNGLIB"
 build_pdf() {
     fetch_source libharu "" --tar-only
     mkdir source objects "$1" "$1/include" "$1/lib"
-    tar --extract --file libharu_*.orig.tar.* --strip-components=1 --directory source
+    # No other version: the folder's name says which it is.
+    tar --extract --file "libharu_$pdf_version"*.orig.tar.* --strip-components=1 --directory source
     echo "$pdf_configuration" > source/include/hpdf_config.h
     local file
     for file in source/src/*.c; do
@@ -109,7 +110,16 @@ esac
 folder=$cache/$name
 if [ ! -d "$folder" ]; then
     mkdir -p "$cache"
+    # What an interrupted or failed build left goes; one that is running holds its folder locked.
+    exec 8< "$cache"
+    flock 8
+    for left in "$cache"/build-*; do
+        [ ! -d "$left" ] || flock --nonblock "$left" rm -rf "$left" || true
+    done
     work=$(mktemp -d "$cache/build-XXXXXX")
+    exec 9< "$work"
+    flock 9
+    exec 8<&-
     echo "Building $name in $work; what it says stands in $work/log" >&2
     set +e  # what is called within a condition would go on after a failure
     (

@@ -14,6 +14,10 @@ cd "$root"
 install_missing "${WINDOWS_PACKAGES[@]}" "${WINDOWS_TEST_PACKAGES[@]}"
 
 build=$root/build/windows-tests
+mkdir -p "$build"
+# Two at once would share the folder and its Windows: the second waits.
+exec 9< "$build"
+flock --nonblock 9 || { echo "Waiting for another run in $build" >&2; flock 9; }
 parts=(core console)
 libraries=(pdf googletest)
 if [ "${1:-}" = window ]; then
@@ -37,10 +41,12 @@ export WINEPREFIX=$build/wine WINEDEBUG=-all TZ=Europe/Berlin
 if [ ! -d "$WINEPREFIX" ]; then
     wineboot --init > /dev/null 2>&1
 fi
-# The font of the window's tests here. wine takes no such words from the environment.
-mkdir -p "$build/fonts"
-cp /usr/share/fonts/truetype/dejavu/DejaVuSans{,-Bold}.ttf "$build/fonts"
-wine reg add 'HKCU\Environment' /v QT_QPA_FONTDIR /d "Z:${build//\//\\}\\fonts" /f > /dev/null 2>&1
+if [[ ${parts[*]} = *window* ]]; then
+    # The font of the window's tests here. wine takes no such words from the environment.
+    mkdir -p "$build/fonts"
+    cp /usr/share/fonts/truetype/dejavu/DejaVuSans{,-Bold}.ttf "$build/fonts"
+    wine reg add 'HKCU\Environment' /v QT_QPA_FONTDIR /d "Z:${build//\//\\}\\fonts" /f > /dev/null 2>&1
+fi
 # The tests' files lie in memory.
 temporary=$(mktemp -d /dev/shm/norvik-windows-XXXXXX)
 # shellcheck disable=SC2317  # the trap calls it

@@ -1,6 +1,6 @@
 ; The installer, for one user and without an administrator's rights. Its German is in UTF-8.
 ; makensis -DVERSION=1.1.0 -DFILES=<folder of all files> -DICON=<icon> -DPICTURE=<of the first page>
-; -DTARGET=<installer>
+; -DREMOVALS=<what the uninstaller does with those files> -DTARGET=<installer>
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma

@@ -157,7 +157,7 @@ TEST_F(ConverterProgram, AFileNameInThePlaceOfTheCodeIsAnError) {
         ConverterInShell() + " --null-weg " + pattern + " a.t9t b.csv", {.Folder = folder.Path()});
     EXPECT_EQ(outcome.Status, 2);
     EXPECT_EQ(outcome.Errors, Own + "--null-weg: a.t9t ist kein Code für interne Nummern (in "
-                                    "Anführungszeichen: '*', '##', '**')\n");
+                                    "Anführungszeichen: \"*\", \"##\", \"**\")\n");
 }
 
 }  // namespace
