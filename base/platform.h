@@ -1,6 +1,6 @@
 // What files and processes need of the system beyond the standard library. Each system has two
 // files of its own (platform_posix.cpp, platform_process_posix.cpp and those of Windows); nothing
-// else asks which one it is.
+// else below the window asks which one it is.
 #pragma once
 
 #include "base/numbers.h"

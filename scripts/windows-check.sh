@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Tries what ./windows made, under wine on a virtual display: installs it, looks at what it installed,
 # starts the editor there, edits and saves the sample, compares that with what the same keys make of
-# it here, opens the documents of the help menu, ends the session, converts, removes it, and looks at
+# it here, opens the guide and the list of changes, ends the session, converts, removes it, and looks at
 # what is left: scripts/windows-check.sh FOLDER [PICTURE]
 # FOLDER is that of the build; the picture of the window lies there, too, unless PICTURE is given.
 set -euo pipefail

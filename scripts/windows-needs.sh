@@ -3,7 +3,7 @@
 # scripts/windows-needs.sh PROGRAM…
 set -euo pipefail
 
-# Those of Windows 10 that the programs use, beside its own names for parts of them.
+# Those of Windows 10 that the programs and the toolkit may use, beside its own names for parts of them.
 system="advapi32 authz comdlg32 d2d1 d3d11 d3d9 dwmapi dwrite dxgi gdi32 imm32 kernel32 mpr msvcrt netapi32 ntdll
 ole32 oleaut32 rpcrt4 setupapi shcore shell32 shlwapi user32 userenv uxtheme version winmm winspool.drv
 ws2_32 wtsapi32"

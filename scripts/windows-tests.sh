@@ -37,7 +37,8 @@ cmake -S . -B "$build" -G Ninja --toolchain cmake/windows.cmake \
     -DNORVIK_WINDOW="$([[ ${parts[*]} = *window* ]] && echo ON || echo OFF)" > /dev/null
 cmake --build "$build" --target "${parts[@]/%/-tests}"
 
-export WINEPREFIX=$build/wine WINEDEBUG=-all TZ=Europe/Berlin
+# The locale decides which one the narrow character set is.
+export WINEPREFIX=$build/wine WINEDEBUG=-all TZ=Europe/Berlin LC_ALL=C.UTF-8
 if [ ! -d "$WINEPREFIX" ]; then
     wineboot --init > /dev/null 2>&1
 fi
