@@ -202,6 +202,24 @@ said_there=$(wine "$installed/norvik-konverter.exe" samples/telefonbuch.t9t "$fo
 expect "what the converter says" "$(tr -d '\r' <<< "$said_there")" "$said_here"
 cmp "$folder/hier.csv" "$folder/dort.csv" || fail "the converted register differs"
 
+echo "Refusing while a program runs"
+mkfifo "$folder/pipe"
+wine "$installed/norvik-konverter.exe" --von csv --nach csv - - < "$folder/pipe" >/dev/null 2>&1 &
+converter=$!
+processes+=("$converter")
+exec 4> "$folder/pipe"
+sleep 3  # until it has started
+touch -d 2020-01-01 "$installed/whatsnew.txt"
+status=0
+wine "$setup" /S || status=$?
+expect "the exit status of the installer while the converter runs" "$status" 2
+wine "$installed/Entfernen.exe" /S || true
+sleep 5  # it works in a copy of itself
+expect "what the installer and the uninstaller do while the converter runs" \
+    "$(date -r "$installed/whatsnew.txt" +%Y 2>&1)" 2020
+exec 4>&-
+wait "$converter" || true
+
 echo "Removing"
 wineserver -w
 wine "$installed/Entfernen.exe" /S

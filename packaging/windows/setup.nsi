@@ -14,6 +14,7 @@ RequestExecutionLevel user
 
 !define NAME "Norvik Telefonregister"
 !define PROGRAM "norvik-telefonregister.exe"
+!define CONVERTER "norvik-konverter.exe"
 !define CLASSES "Software\Classes"
 !define REGISTER_TYPE "NorvikTelefonregister.t9t"
 !define PHONEBOOK_TYPE "NorvikTelefonregister.pbo"
@@ -69,19 +70,24 @@ VIAddVersionKey /LANG=1031 "LegalCopyright" "FREEWARE, ohne Auftrag der Norvik A
     WriteRegStr HKCU "${CLASSES}\${ENDING}" "" "${TYPE}"
 !macroend
 
-; A program that was started meanwhile would leave half of a new version.
+; A program that runs would leave half of a new version.
 !macro RefuseWhileRunning UN
 Function ${UN}RefuseWhileRunning
-    ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
-        ClearErrors
-        FileOpen $0 "$INSTDIR\${PROGRAM}" a
-        ${If} ${Errors}
-            MessageBox MB_OK|MB_ICONEXCLAMATION "Das Programm läuft noch. Bitte beenden Sie es zuerst." /SD IDOK
-            SetErrorLevel 2
-            Quit
+    Push "${CONVERTER}"
+    Push "${PROGRAM}"
+    ${For} $1 1 2
+        Pop $2
+        ${If} ${FileExists} "$INSTDIR\$2"
+            ClearErrors
+            FileOpen $0 "$INSTDIR\$2" a
+            ${If} ${Errors}
+                MessageBox MB_OK|MB_ICONEXCLAMATION "Das Programm läuft noch. Bitte beenden Sie es zuerst." /SD IDOK
+                SetErrorLevel 2
+                Quit
+            ${EndIf}
+            FileClose $0
         ${EndIf}
-        FileClose $0
-    ${EndIf}
+    ${Next}
 FunctionEnd
 !macroend
 !insertmacro RefuseWhileRunning ""
