@@ -8,15 +8,18 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 . "$root/scripts/packages.sh"
 cache=${NORVIK_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/norvik}
-mirror=http://deb.debian.org/debian
 
 # Fetches and unpacks a source package into the working folder, signatures and sums checked, with
 # lists of its own: this machine's lists of packages need not hold sources.
 # fetch_source PACKAGE VERSION [options of apt-get source]
 fetch_source() {
-    local package=$1 version=$2 codename
+    local package=$1 version=$2 codename mirror
     shift 2
     codename=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    # Where this machine has its packages from.
+    # shellcheck disable=SC2016  # apt's own variables
+    mirror=$(apt-get indextargets --format '$(REPO_URI)' "Created-By: Packages" "Codename: $codename" \
+        "Component: main" | head -n 1)
     mkdir -p apt/lists/partial apt/cache/archives/partial
     printf 'deb-src %s %s main\n' "$mirror" "$codename" > apt/sources.list
     local apt=(-qq -o Dir::Etc::SourceList="$PWD/apt/sources.list" -o Dir::Etc::SourceParts=/dev/null
