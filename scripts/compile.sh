@@ -4,7 +4,8 @@
 # it would depend on that checkout's files. Where these are gone, it would be compiled in each build. The
 # build itself knows that it depends on its own.
 "$@" || exit
-file= last=
+file=""
+last=""
 for word; do
     [ "$last" != -MF ] || file=$word
     last=$word
