@@ -160,6 +160,10 @@ FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name) {
     return CaseSearch(StepsOf(name)).FindBelow(folder, 0).value_or(path);
 }
 
+bool IsSamePath(const FilePath& a, const FilePath& b) {
+    return a == b || (!platform::DistinguishesCase() && LoweredName(a) == LoweredName(b));
+}
+
 FilePath WithEnding(const FilePath& path, std::string_view ending) {
     FilePath result = path;
     if (path.filename().native().find('.') == FilePath::string_type::npos) {

@@ -20,6 +20,9 @@ FilePath FindIgnoringCase(const FilePath& path);
 /// an absolute path. An empty name is no path in any folder.
 FilePath FindIgnoringCase(const FilePath& folder, const FilePath& name);
 
+/// Whether two full paths name the same file by how they are spelled. Links are not followed.
+bool IsSamePath(const FilePath& a, const FilePath& b);
+
 /// `path` with `ending` (for example ".t9t", in UTF-8) appended when the file's name holds no ".".
 FilePath WithEnding(const FilePath& path, std::string_view ending);
 

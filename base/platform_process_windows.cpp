@@ -60,7 +60,7 @@ std::vector<FilePath> Matching(const std::u16string& pattern) {
 }  // namespace
 
 bool IsPossibleName(const FilePath& path) {
-    constexpr std::wstring_view Never = L"<>\"|?*";
+    constexpr std::wstring_view Never = L"<>:\"|?*";  // a colon would name a hidden part of a file
     constexpr std::size_t LongestName = 255;
     const FilePath below = path.relative_path();
     return std::all_of(below.begin(), below.end(), [&](const FilePath& name) {

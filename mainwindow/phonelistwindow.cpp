@@ -70,4 +70,8 @@ void EndPrinting(std::optional<int> pages, Desktop& desktop) {
     desktop.SetStatus(u"Gedruckt: " + Decimal(*pages) + (*pages == 1 ? u" Seite" : u" Seiten"));
 }
 
+void EndPrintingWithoutPrinter(Desktop& desktop) {
+    desktop.SetStatus(u"Nicht gedruckt: es ist kein Drucker eingerichtet");
+}
+
 }  // namespace norvik

@@ -22,4 +22,7 @@ bool PHONELIST_btnSave_Click(const Program& program, FileTime printed, Desktop& 
 /// How a print ends: so many pages were printed, nothing stands for a printer that takes none.
 void EndPrinting(std::optional<int> pages, Desktop& desktop);
 
+/// The same where there is no printer at all, and the system's dialog for printing needs one.
+void EndPrintingWithoutPrinter(Desktop& desktop);
+
 }  // namespace norvik

@@ -43,7 +43,7 @@ void NoteFolder(RecentFiles& files, const FilePath& visited, const FilePath& hid
 }
 
 void RemoveRecent(RecentFiles& files, const FilePath& path) {
-    std::erase(files.Paths, path);
+    std::erase_if(files.Paths, [&path](const FilePath& known) { return IsSamePath(known, path); });
 }
 
 Text RecentCaption(std::size_t place, const FilePath& path) {

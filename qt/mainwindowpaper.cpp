@@ -4,11 +4,13 @@
 #include "qt/panelarea.h"
 #include "qt/paperprinting.h"
 #include "qt/phonelistdialog.h"
+#include "qt/systemshell.h"
 
 #include <QPageSize>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 
 #include <chrono>
 
@@ -56,6 +58,10 @@ std::optional<int> MainWindow::PrintPages(QPrinter& printer) {
 }
 
 bool MainWindow::PrintPhoneList(QWidget& parent) {
+    if (!PrintsWithoutPrinter() && QPrinterInfo::availablePrinterNames().isEmpty()) {
+        Run([&] { EndPrintingWithoutPrinter(desktop_); });
+        return false;
+    }
     QPrinter printer(QPrinter::HighResolution);
     SetUp(printer, program_.PhoneList.Chosen);
     QPrintDialog dialog(&printer, &parent);

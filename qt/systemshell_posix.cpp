@@ -21,6 +21,10 @@ int OpenWithItsProgram(const FilePath& document) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? HandedOver : NoProgram;
 }
 
+bool PrintsWithoutPrinter() {
+    return true;
+}
+
 void OpenAsText(const FilePath& document) {
     const QString path = FromFilePath(document);
     const QString notepad = QStandardPaths::findExecutable(QStringLiteral("notepad.exe"));

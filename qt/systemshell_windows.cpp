@@ -37,6 +37,10 @@ int OpenWithItsProgram(const FilePath& document) {
     return Open(document, SW_SHOWNORMAL);
 }
 
+bool PrintsWithoutPrinter() {
+    return false;  // nor does the toolkit say why
+}
+
 void OpenAsText(const FilePath& document) {
     const std::wstring notepad = Notepad();
     // No name of a file holds quotation marks.

@@ -1,5 +1,6 @@
 #include "base/paths.h"
 
+#include "base/platform.h"
 #include "tests/support/processlimits.h"
 #include "tests/support/testfolder.h"
 
@@ -18,6 +19,12 @@ void MakeReadOnly(const FilePath& path) {
     fs::permissions(path, fs::is_directory(path) ? fs::perms(0555) : fs::perms(0444));
 }
 #endif
+
+TEST(IsSamePath, DependsOnTheCaseWhereNamesDo) {
+    EXPECT_TRUE(IsSamePath("/r/a.t9t", "/r/a.t9t"));
+    EXPECT_FALSE(IsSamePath("/r/a.t9t", "/r/b.t9t"));
+    EXPECT_EQ(IsSamePath(u8"/r/Ä b.T9T", u8"/R/ä B.t9t"), !platform::DistinguishesCase());
+}
 
 TEST(FindIgnoringCase, AMissingFileFarBelowIsLookedForOnceInEachFolder) {
     const TestFolder folder;

@@ -98,9 +98,12 @@ TEST_F(PhoneListWindow, TheStatusTellsHowAPrintEnds) {
     EndPrinting(3, desktop);
     EndPrinting(0, desktop);
     EndPrinting(std::nullopt, desktop);
-    EXPECT_THAT(desktop.Statuses(), ElementsAre("Gedruckt: 1 Seite", "Gedruckt: 3 Seiten",
-                                                "Nicht gedruckt: diese Seiten gibt es nicht",
-                                                "Nicht gedruckt: der Drucker nimmt nichts an"));
+    EndPrintingWithoutPrinter(desktop);
+    EXPECT_THAT(desktop.Statuses(),
+                ElementsAre("Gedruckt: 1 Seite", "Gedruckt: 3 Seiten",
+                            "Nicht gedruckt: diese Seiten gibt es nicht",
+                            "Nicht gedruckt: der Drucker nimmt nichts an",
+                            "Nicht gedruckt: es ist kein Drucker eingerichtet"));
 }
 
 TEST_F(PhoneListWindow, ChangesNothingThatCouldBeUndone) {

@@ -1,5 +1,6 @@
 #include "mainwindow/recentfiles.h"
 
+#include "base/platform.h"
 #include "formats/formattable.h"
 #include "mainwindow/menu.h"
 #include "tests/mainwindow/keepingfixture.h"
@@ -30,6 +31,14 @@ TEST(AddRecent, PutsTheNewestInFrontAndKeepsEachOnce) {
     }
     EXPECT_THAT(NamesOf(files), ElementsAre(Full("/r/b.csv"), Full("/r/a.t9t"), Full("/s/c.pbo")));
     EXPECT_EQ(files.Folder, Full("/r"));
+}
+
+TEST(AddRecent, KeepsAFileOnceHoweverItsNameIsSpelledWhereThatIsTheSame) {
+    RecentFiles files;
+    AddRecent(files, "/r/Anna.t9t", {});
+    AddRecent(files, "/r/anna.T9T", {});
+    EXPECT_EQ(files.Paths.size(), platform::DistinguishesCase() ? 2U : 1U);
+    EXPECT_EQ(files.Paths.front().filename(), "anna.T9T");
 }
 
 TEST(AddRecent, KeepsTheLastEight) {
